@@ -38,7 +38,7 @@ void replay(const std::filesystem::path& path) {
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
 }
 
-}
+}  // namespace
 
 // Runs each file, and each file of each folder, through the fuzz target once. No input at all is a failure.
 int main(int argc, char** argv) {

@@ -5,18 +5,14 @@
 
 namespace corvale::TestFiles {
 
-std::filesystem::path data(std::string_view name) {
-    return std::filesystem::path(CORVALE_TEST_DATA) / name;
-}
+std::filesystem::path data(std::string_view name) { return std::filesystem::path(CORVALE_TEST_DATA) / name; }
 
 std::optional<std::filesystem::path> samples() {
     const std::filesystem::path folder(CORVALE_SAMPLES);
     return folder.empty() ? std::nullopt : std::optional(folder);
 }
 
-std::filesystem::path program(std::string_view name) {
-    return std::filesystem::path(CORVALE_PROGRAMS) / name;
-}
+std::filesystem::path program(std::string_view name) { return std::filesystem::path(CORVALE_PROGRAMS) / name; }
 
 std::string read(const std::filesystem::path& path) {
     std::string bytes(std::filesystem::file_size(path), '\0');
@@ -27,4 +23,4 @@ std::string read(const std::filesystem::path& path) {
     return bytes;
 }
 
-}
+}  // namespace corvale::TestFiles

@@ -21,4 +21,4 @@ std::filesystem::path program(std::string_view name);
 // The file's bytes. Throws std::filesystem::filesystem_error with the path when it cannot be read.
 std::string read(const std::filesystem::path& path);
 
-}
+}  // namespace corvale::TestFiles
