@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "CorvaleKit/engine/DiffOptions.h"
+
+namespace corvale {
+
+// Reduces a cell to the text that decides whether it changed.
+struct CellReduction {
+    bool whitespace = false;  // normalise white space
+    bool number = false;      // a number becomes its canonical text
+    bool lowercase = false;
+    NumberStyle style = NumberStyle::dotDecimal;  // resolved
+
+    // For compared cells: just what the options ask for.
+    static CellReduction ofCells(const DiffOptions& options, NumberStyle style);
+    // For key cells: white space never counts in a key.
+    static CellReduction ofKeys(const DiffOptions& options, NumberStyle style);
+
+    // True when the reduced text differs from `cell` or may do so; it is then appended to `target`. False, and nothing
+    // appended, when `cell` is its own reduced text: the common case, which allocates nothing.
+    bool append(std::string& target, std::string_view cell) const;
+};
+
+}  // namespace corvale

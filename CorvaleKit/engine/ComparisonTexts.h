@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "CorvaleKit/engine/CellReduction.h"
+#include "CorvaleKit/loading/DataTable.h"
+
+namespace corvale {
+
+// The reduced texts of one table's compared columns: a matrix rows x positions, a position being a place in the list of
+// compared columns. Only texts that reduction changed are stored; all others are read from the table, which it shares.
+class ComparisonTexts {
+public:
+    class Row;
+
+    // `columns` are column indexes of `table`, by position. `onRow` is called before every 4096th row, 0 included.
+    ComparisonTexts(DataTable table, std::vector<std::size_t> columns, const CellReduction& reduction,
+                    const std::function<void(std::size_t)>& onRow = {});
+
+    std::size_t rowCount() const { return m_table.rows().size(); }
+    std::size_t columnCount() const { return m_columns.size(); }
+    // A view of one row, valid while this object lives.
+    Row row(std::size_t index) const;
+
+    // The column index of a position, and the position of a column index, or `absent`.
+    std::size_t column(std::size_t position) const { return m_columns[position]; }
+    std::size_t position(std::size_t column) const { return m_positions[column]; }
+    static constexpr std::size_t absent = static_cast<std::size_t>(-1);
+
+private:
+    struct Rewritten {
+        std::uint64_t offset = 0;
+        std::uint32_t length = 0;
+        std::uint32_t position = 0;
+    };
+
+    void reduceRow(const CellRow& cells, const CellReduction& reduction);
+
+    DataTable m_table;
+    std::vector<std::size_t> m_columns;
+    std::vector<std::size_t> m_positions;
+    std::string m_texts;
+    std::vector<Rewritten> m_rewritten;      // by row, then position
+    std::vector<std::uint64_t> m_rowStarts;  // into m_rewritten, one more than rows; empty without any
+};
+
+class ComparisonTexts::Row {
+public:
+    // `position` is below columnCount().
+    std::string_view operator[](std::size_t position) const {
+        return m_rewritten.empty() ? m_cells[(*m_columns)[position]] : rewrittenOrCell(position);
+    }
+    const CellRow& cells() const { return m_cells; }
+
+private:
+    friend class ComparisonTexts;
+    Row(const CellRow& cells, const std::vector<std::size_t>& columns, const std::string& texts,
+        std::span<const Rewritten> rewritten)
+        : m_cells(cells), m_columns(&columns), m_texts(&texts), m_rewritten(rewritten) {}
+
+    std::string_view rewrittenOrCell(std::size_t position) const;
+
+    CellRow m_cells;
+    const std::vector<std::size_t>* m_columns;
+    const std::string* m_texts;
+    std::span<const Rewritten> m_rewritten;
+};
+
+}  // namespace corvale

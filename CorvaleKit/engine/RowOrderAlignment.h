@@ -1,0 +1,16 @@
+#pragma once
+
+#include <vector>
+
+#include "CorvaleKit/engine/Callbacks.h"
+#include "CorvaleKit/engine/ComparisonTexts.h"
+#include "CorvaleKit/engine/RowPair.h"
+
+// Pairs rows by their order: identical rows are lined up, the rows between them paired by similarity.
+namespace corvale::RowOrderAlignment {
+
+// Every row of both sides once; the rows of each side in their order. Both sides have the same number of columns.
+// Throws Cancelled.
+std::vector<RowPair> align(const ComparisonTexts& before, const ComparisonTexts& after, const CancelCheck& isCancelled);
+
+}  // namespace corvale::RowOrderAlignment

@@ -1,0 +1,110 @@
+#include "CorvaleKit/loading/CellGrid.h"
+
+#include <algorithm>
+#include <string>
+
+#include "CorvaleKit/base/Require.h"
+#include "CorvaleKit/loading/CellGridBuilder.h"
+
+namespace corvale {
+
+CellGrid::CellGrid() : m_rowStarts{0} {}
+
+CellGrid CellGrid::fromTexts(const std::vector<std::vector<std::string>>& rows) {
+    std::string all;
+    CellGridBuilder builder;
+    for (const auto& row : rows) {
+        for (const auto& cell : row) {
+            builder.addCell(all.size(), cell.size());
+            all += cell;
+        }
+        builder.endRow();
+    }
+    return builder.finish(Bytes(all));
+}
+
+CellRow CellGrid::row(std::size_t index) const {
+    const std::uint64_t start = m_rowStarts[index];
+    const std::uint64_t first = start & ~sparseFlag;
+    CellRow row;
+    row.m_grid = this;
+    row.m_cells = m_cells.data() + first;
+    row.m_stored = static_cast<std::uint32_t>((m_rowStarts[index + 1] & ~sparseFlag) - first);
+    row.m_sparse = (start & sparseFlag) != 0;
+    row.m_width = row.sourceWidth();
+    return row;
+}
+
+std::string_view CellGrid::longText(std::uint64_t index) const {
+    const LongCell& cell = m_longCells[index];
+    return {m_base + cell.offset, cell.length};
+}
+
+std::size_t CellRow::sourceWidth() const {
+    return m_sparse ? static_cast<std::size_t>(m_cells[m_stored - 2]) + 1 : m_stored;
+}
+
+std::size_t CellRow::storedWidth() const {
+    return std::min(m_width, sourceWidth());
+}
+
+std::string_view CellRow::sparseCell(std::size_t column) const {
+    std::size_t low = 0;
+    std::size_t high = m_stored / 2;
+    while (low < high) {
+        const std::size_t middle = (low + high) / 2;
+        if (m_cells[2 * middle] < column) {
+            low = middle + 1;
+        } else {
+            high = middle;
+        }
+    }
+    const bool found = low < m_stored / 2 && m_cells[2 * low] == column;
+    return found ? m_grid->text(m_cells[2 * low + 1]) : std::string_view{};
+}
+
+bool operator==(const CellRow& a, const CellRow& b) {
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin());
+}
+
+void CellGridBuilder::reserve(std::size_t cells, std::size_t rows) {
+    m_grid.m_cells.reserve(cells);
+    m_grid.m_rowStarts.reserve(rows + 1);
+}
+
+std::uint64_t CellGridBuilder::packed(std::uint64_t offset, std::uint64_t length) {
+    CORVALE_REQUIRE(offset >> (64 - CellGrid::lengthBits) == 0, "a cell starts beyond the first tebibyte");
+    if (length < CellGrid::longLength) [[likely]] {
+        return offset << CellGrid::lengthBits | length;
+    }
+    m_grid.m_longCells.push_back({offset, length});
+    return (m_grid.m_longCells.size() - 1) << CellGrid::lengthBits | CellGrid::longLength;
+}
+
+void CellGridBuilder::addRow(const std::vector<PlacedCell>& cells) {
+    auto& target = m_grid.m_cells;
+    const std::size_t width = cells.empty() ? 0 : std::size_t{cells.back().column} + 1;
+    if (width > 2 * cells.size()) {
+        m_grid.m_rowStarts.back() |= CellGrid::sparseFlag;
+        for (const auto& cell : cells) {
+            target.push_back(cell.column);
+            target.push_back(cell.packed);
+        }
+    } else {
+        const std::size_t start = target.size();
+        target.resize(start + width, 0);
+        for (const auto& cell : cells) {
+            target[start + cell.column] = cell.packed;
+        }
+    }
+    endRow();
+}
+
+CellGrid CellGridBuilder::finish(Bytes buffer) {
+    CellGrid grid = std::move(m_grid);
+    grid.m_buffer = std::move(buffer);
+    grid.m_base = grid.m_buffer.data();
+    return grid;
+}
+
+}  // namespace corvale

@@ -1,0 +1,128 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "CorvaleKit/base/Bytes.h"
+
+namespace corvale {
+
+class CellGrid;
+
+// One row of a grid, as wide as it is asked to be: cells that the source lacks read as empty texts.
+// A view: valid while the grid lives.
+class CellRow {
+public:
+    class Iterator;
+
+    std::size_t size() const { return m_width; }
+    bool empty() const { return m_width == 0; }
+    // `column` is below size().
+    std::string_view operator[](std::size_t column) const;
+    Iterator begin() const;
+    Iterator end() const;
+    // The number of leading columns past which every cell is lacking, at most size(). Loops over wide, thin tables stop
+    // there.
+    std::size_t storedWidth() const;
+
+    friend bool operator==(const CellRow& a, const CellRow& b);
+
+private:
+    friend class CellGrid;
+    friend class CellRows;
+
+    const CellGrid* m_grid = nullptr;
+    const std::uint64_t* m_cells = nullptr;
+    std::uint32_t m_stored = 0;  // references, or column and reference pairs when sparse
+    bool m_sparse = false;
+    std::size_t m_width = 0;
+
+    std::string_view sparseCell(std::size_t column) const;
+    std::size_t sourceWidth() const;
+};
+
+// An immutable ragged grid of texts in one buffer: what a file holds before a header row is chosen. A cell is a packed
+// reference of 8 bytes into the buffer. A row of scattered cells keeps column numbers instead of the cells between, so
+// that a far-away cell costs no more than a near one.
+class CellGrid {
+public:
+    CellGrid();
+    CellGrid(CellGrid&&) noexcept = default;
+    CellGrid& operator=(CellGrid&&) noexcept = default;
+    CellGrid(const CellGrid&) = delete;
+    CellGrid& operator=(const CellGrid&) = delete;
+    ~CellGrid() = default;
+
+    // Copies the texts; for tables that come from memory.
+    static CellGrid fromTexts(const std::vector<std::vector<std::string>>& rows);
+
+    std::size_t rowCount() const { return m_rowStarts.size() - 1; }
+    // As wide as the source has it, trailing empty cells included.
+    CellRow row(std::size_t index) const;
+
+    // The 8 bytes of a cell: the offset in the upper 40 bits, the length in the lower 24. A longer cell keeps its place
+    // in m_longCells as offset.
+    static constexpr unsigned lengthBits = 24;
+    static constexpr std::uint64_t longLength = (std::uint64_t{1} << lengthBits) - 1;
+
+    std::string_view text(std::uint64_t packed) const {
+        const std::uint64_t length = packed & longLength;
+        if (length == longLength) [[unlikely]] {
+            return longText(packed >> lengthBits);
+        }
+        return {m_base + (packed >> lengthBits), length};
+    }
+
+private:
+    friend class CellGridBuilder;
+
+    struct LongCell {
+        std::uint64_t offset = 0;
+        std::uint64_t length = 0;
+    };
+
+    std::string_view longText(std::uint64_t index) const;
+
+    static constexpr std::uint64_t sparseFlag = std::uint64_t{1} << 63U;
+
+    Bytes m_buffer;
+    const char* m_base = nullptr;
+    std::vector<std::uint64_t> m_cells;
+    std::vector<std::uint64_t> m_rowStarts;  // one more than rows; the flag marks a sparse row
+    std::vector<LongCell> m_longCells;
+};
+
+inline std::string_view CellRow::operator[](std::size_t column) const {
+    if (m_sparse) [[unlikely]] {
+        return sparseCell(column);
+    }
+    return column < m_stored ? m_grid->text(m_cells[column]) : std::string_view{};
+}
+
+class CellRow::Iterator {
+public:
+    using iterator_category = std::input_iterator_tag;
+    using value_type = std::string_view;
+    using difference_type = std::ptrdiff_t;
+    using pointer = const std::string_view*;
+    using reference = std::string_view;
+
+    Iterator(const CellRow& row, std::size_t column) : m_row(&row), m_column(column) {}
+    std::string_view operator*() const { return (*m_row)[m_column]; }
+    Iterator& operator++() {
+        ++m_column;
+        return *this;
+    }
+    bool operator==(const Iterator& other) const { return m_column == other.m_column; }
+
+private:
+    const CellRow* m_row;
+    std::size_t m_column;
+};
+
+inline CellRow::Iterator CellRow::begin() const { return {*this, 0}; }
+inline CellRow::Iterator CellRow::end() const { return {*this, m_width}; }
+
+}  // namespace corvale

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "CorvaleKit/loading/CellGrid.h"
+
+namespace corvale {
+
+// Fills a CellGrid row by row. Offsets refer to the buffer that finish() is given.
+class CellGridBuilder {
+public:
+    // Room for that many cells is set aside up front; a guess costs address space, not memory.
+    void reserve(std::size_t cells, std::size_t rows);
+
+    // Appends a cell at the right end of the current row.
+    void addCell(std::uint64_t offset, std::uint64_t length) { m_grid.m_cells.push_back(packed(offset, length)); }
+    // Ends the current row, which may have no cells.
+    void endRow() { m_grid.m_rowStarts.push_back(m_grid.m_cells.size()); }
+
+    struct PlacedCell {
+        std::uint32_t column = 0;
+        std::uint64_t packed = 0;
+    };
+    // Appends a whole row of cells at increasing columns, in the form that takes less room.
+    void addRow(const std::vector<PlacedCell>& cells);
+
+    std::uint64_t packed(std::uint64_t offset, std::uint64_t length);
+
+    std::size_t cellCount() const { return m_grid.m_cells.size(); }
+    // Cells of the row that is not ended yet.
+    std::size_t pendingCells() const { return m_grid.m_cells.size() - (m_grid.m_rowStarts.back() & ~CellGrid::sparseFlag); }
+
+    // The builder is spent afterwards.
+    CellGrid finish(Bytes buffer);
+
+private:
+    CellGrid m_grid;
+};
+
+}  // namespace corvale

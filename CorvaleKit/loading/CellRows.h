@@ -1,0 +1,81 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "CorvaleKit/loading/CellGrid.h"
+
+namespace corvale {
+
+// Chosen rows of a shared grid: copying shares, nothing is copied, `rows[i][c]` reads a cell. A CellRow or a text taken
+// from it stays valid while this list, a copy of it or a table over the same grid lives.
+class CellRows {
+public:
+    class Iterator;
+
+    CellRows();
+    // All rows of the grid, each as wide as the source has it.
+    explicit CellRows(CellGrid grid);
+
+    // The rows at `positions` of this list, in that order, each exactly `width` cells wide: shorter rows end in empty
+    // texts, longer ones are cut.
+    CellRows selected(std::vector<std::uint32_t> positions, std::size_t width) const;
+    // The first rows, at most `rows`, each cut to its first `cells` cells.
+    CellRows corner(std::size_t rows, std::size_t cells) const;
+
+    std::size_t size() const { return m_count; }
+    bool empty() const { return m_count == 0; }
+    // `index` is below size().
+    CellRow operator[](std::size_t index) const;
+    Iterator begin() const;
+    Iterator end() const;
+
+    friend bool operator==(const CellRows& a, const CellRows& b);
+
+private:
+    enum class Widths { asStored, cut, exact };
+
+    std::shared_ptr<const CellGrid> m_grid;
+    std::shared_ptr<const std::vector<std::uint32_t>> m_positions;  // none: consecutive rows from m_first
+    std::size_t m_first = 0;
+    std::size_t m_count = 0;
+    std::size_t m_width = 0;
+    Widths m_widths = Widths::asStored;
+};
+
+class CellRows::Iterator {
+public:
+    using iterator_category = std::input_iterator_tag;
+    using value_type = CellRow;
+    using difference_type = std::ptrdiff_t;
+    using pointer = const CellRow*;
+    using reference = CellRow;
+
+    Iterator(const CellRows& rows, std::size_t index) : m_rows(&rows), m_index(index) {}
+    CellRow operator*() const { return (*m_rows)[m_index]; }
+    Iterator& operator++() {
+        ++m_index;
+        return *this;
+    }
+    bool operator==(const Iterator& other) const { return m_index == other.m_index; }
+
+private:
+    const CellRows* m_rows;
+    std::size_t m_index;
+};
+
+inline CellRows::Iterator CellRows::begin() const { return {*this, 0}; }
+inline CellRows::Iterator CellRows::end() const { return {*this, m_count}; }
+
+inline CellRow CellRows::operator[](std::size_t index) const {
+    CellRow row = m_grid->row(m_positions ? (*m_positions)[index] : m_first + index);
+    if (m_widths == Widths::exact || (m_widths == Widths::cut && row.m_width > m_width)) {
+        row.m_width = m_width;
+    }
+    return row;
+}
+
+}  // namespace corvale

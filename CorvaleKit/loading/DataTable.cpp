@@ -1,0 +1,106 @@
+#include "CorvaleKit/loading/DataTable.h"
+
+#include <nlohmann/json.hpp>
+#include <numeric>
+#include <utility>
+
+#include "CorvaleKit/base/Failures.h"
+#include "CorvaleKit/base/JsonWriter.h"
+#include "CorvaleKit/base/Require.h"
+
+namespace corvale {
+
+namespace {
+
+CellRows normalizedRows(const std::vector<std::vector<std::string>>& rows, std::size_t width) {
+    std::vector<std::uint32_t> all(rows.size());
+    std::iota(all.begin(), all.end(), 0U);
+    return CellRows(CellGrid::fromTexts(rows)).selected(std::move(all), width);
+}
+
+std::vector<std::int64_t> normalizedNumbers(std::vector<std::int64_t> numbers, std::size_t rowCount,
+                                            std::int64_t headerRowNumber) {
+    if (numbers.size() != rowCount) {
+        numbers.resize(rowCount);
+        std::iota(numbers.begin(), numbers.end(), headerRowNumber + 1);
+    }
+    return numbers;
+}
+
+}  // namespace
+
+DataTable::DataTable() : m_parts(std::make_shared<const Parts>()) {}
+
+DataTable::DataTable(Parts parts) : m_parts(std::make_shared<const Parts>(std::move(parts))) {
+    for (const CellRow row : m_parts->rows) {
+        CORVALE_REQUIRE(row.size() == m_parts->headers.size(), "a table row is not as wide as its headers");
+        break;
+    }
+}
+
+DataTable::DataTable(std::vector<std::string> headers, const std::vector<std::vector<std::string>>& rows,
+                     std::string sourceName, std::vector<std::int64_t> rowNumbers, std::int64_t headerRowNumber)
+    : DataTable([&] {
+          Parts parts;
+          parts.rows = normalizedRows(rows, headers.size());
+          parts.headers = std::move(headers);
+          parts.sourceName = std::move(sourceName);
+          parts.rowNumbers = normalizedNumbers(std::move(rowNumbers), rows.size(), headerRowNumber);
+          parts.headerRowNumber = headerRowNumber;
+          return parts;
+      }()) {}
+
+std::int64_t DataTable::rowNumber(std::size_t row) const {
+    const auto& numbers = m_parts->rowNumbers;
+    return row < numbers.size() ? numbers[row] : static_cast<std::int64_t>(row) + 2;
+}
+
+std::string DataTable::encoded() const {
+    std::string target;
+    JsonWriter json(target);
+    json.beginObject();
+    json.key("headers");
+    json.beginArray();
+    for (const auto& header : headers()) {
+        json.text(header);
+    }
+    json.endArray();
+    json.key("rows");
+    json.beginArray();
+    for (const CellRow row : rows()) {
+        json.beginArray();
+        for (const std::string_view cell : row) {
+            json.text(cell);
+        }
+        json.endArray();
+    }
+    json.endArray();
+    json.key("sourceName");
+    json.text(sourceName());
+    json.key("rowNumbers");
+    json.beginArray();
+    for (const std::int64_t number : rowNumbers()) {
+        json.integer(number);
+    }
+    json.endArray();
+    json.key("headerRowNumber");
+    json.integer(headerRowNumber());
+    json.endObject();
+    json.flush();
+    return target;
+}
+
+DataTable DataTable::decoded(std::string_view json) {
+    try {
+        const auto form = nlohmann::json::parse(json);
+        return DataTable(form.at("headers").get<std::vector<std::string>>(),
+                         form.at("rows").get<std::vector<std::vector<std::string>>>(),
+                         form.at("sourceName").get<std::string>(),
+                         form.at("rowNumbers").get<std::vector<std::int64_t>>(),
+                         form.at("headerRowNumber").get<std::int64_t>());
+    } catch (const nlohmann::json::exception& error) {
+        throw DecodingError(error.what());
+    }
+}
+
+}  // namespace corvale

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "CorvaleKit/base/Failures.h"
+#include "CorvaleKit/loading/CellGrid.h"
+
+// Worksheets of an Office Open XML workbook (ECMA-376) as rows of texts: the values a user would recognise, never the
+// formulas. Functions throw XLSX::Failure, or ZipReader::Failure for a damaged member.
+namespace corvale::XLSX {
+
+// The workbook as a whole, or the wanted sheet, cannot be read.
+class Failure : public UserFailure {
+public:
+    using UserFailure::UserFailure;
+};
+
+struct Sheet {
+    std::string name;  // as on the workbook's tab
+    std::string path;  // of the part inside the archive, such as xl/worksheets/sheet1.xml
+
+    friend bool operator==(const Sheet&, const Sheet&) = default;
+};
+
+// How a numeric cell is shown.
+struct NumberFormat {
+    enum class Kind : std::uint8_t { zeroPadded, general, date, dateTime, time, percent };
+
+    Kind kind = Kind::general;
+    std::int64_t digits = 0;  // of zeroPadded, else 0
+
+    friend bool operator==(const NumberFormat&, const NumberFormat&) = default;
+};
+
+// In workbook order.
+std::vector<Sheet> sheets(std::string_view bytes);
+
+// The rows of the sheet at a 0-based index, ragged, empty rows included. Reads the first 1,000 columns and 1,048,576 rows.
+CellGrid readSheet(std::string_view bytes, std::int64_t index);
+
+// The format of a style: a built-in id (ECMA-376 18.8.30), else the classified custom code.
+NumberFormat numberFormat(std::int64_t numFmtId, std::optional<std::string_view> code);
+
+// The display text of a numeric cell's raw value; a text that is no number comes back unchanged. `date1904` selects the
+// 1904 date system.
+std::string formatCell(std::string_view raw, NumberFormat format, bool date1904);
+
+}  // namespace corvale::XLSX
