@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -26,6 +28,10 @@ public:
     // The number of leading columns past which every cell is lacking, at most size(). Loops over wide, thin tables stop
     // there.
     std::size_t storedWidth() const;
+    // Calls visit(column, text) for the cells that the source has, in column order: a thin row of a wide table costs only
+    // those.
+    template <typename Visit>
+    void forEachStored(Visit visit) const;
 
     friend bool operator==(const CellRow& a, const CellRow& b);
 
@@ -99,6 +105,20 @@ inline std::string_view CellRow::operator[](std::size_t column) const {
         return sparseCell(column);
     }
     return column < m_stored ? m_grid->text(m_cells[column]) : std::string_view{};
+}
+
+template <typename Visit>
+void CellRow::forEachStored(Visit visit) const {
+    if (!m_sparse) {
+        const std::size_t end = m_stored < m_width ? m_stored : m_width;
+        for (std::size_t column = 0; column < end; ++column) {
+            visit(column, m_grid->text(m_cells[column]));
+        }
+        return;
+    }
+    for (std::size_t i = 0; i < m_stored && m_cells[i] < m_width; i += 2) {
+        visit(static_cast<std::size_t>(m_cells[i]), m_grid->text(m_cells[i + 1]));
+    }
 }
 
 class CellRow::Iterator {
