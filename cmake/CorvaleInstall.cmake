@@ -15,7 +15,9 @@ install(FILES
     cmake/CorvaleDependencies.cmake
   DESTINATION "${package_dir}")
 
-install(TARGETS corvale-cli)
+if(TARGET corvale-cli)
+  install(TARGETS corvale-cli)
+endif()
 install(FILES cli/corvale-cli.1 DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
 install(FILES cli/completions/corvale-cli.bash
   DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" RENAME corvale-cli)
