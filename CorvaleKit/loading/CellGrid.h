@@ -25,11 +25,10 @@ public:
     std::string_view operator[](std::size_t column) const;
     Iterator begin() const;
     Iterator end() const;
-    // The number of leading columns past which every cell is lacking, at most size(). Loops over wide, thin tables stop
-    // there.
-    std::size_t storedWidth() const;
-    // Calls visit(column, text) for the cells that the source has, in column order: a thin row of a wide table costs only
-    // those.
+    // The number of cells that the source has.
+    std::size_t storedCells() const { return m_sparse ? m_stored / 2 : m_stored; }
+    // Calls visit(column, text) for the cells that the source has, in column order: a thin row of a wide table costs
+    // only those.
     template <typename Visit>
     void forEachStored(Visit visit) const;
 
