@@ -27,6 +27,14 @@ public:
     // there.
     std::size_t storedWidth() const;
 
+    // Looks at the cells that the source has, left to right, until predicate(column, text) is true; false when it never
+    // is. Cells passed over are empty. A far-away cell costs one step.
+    template <typename Predicate>
+    bool anyStored(Predicate predicate) const;
+    // Calls visit(column, text) for each of them.
+    template <typename Visitor>
+    void forEachStored(Visitor visit) const;
+
     friend bool operator==(const CellRow& a, const CellRow& b);
 
 private:
@@ -99,6 +107,29 @@ inline std::string_view CellRow::operator[](std::size_t column) const {
         return sparseCell(column);
     }
     return column < m_stored ? m_grid->text(m_cells[column]) : std::string_view{};
+}
+
+template <typename Predicate>
+bool CellRow::anyStored(Predicate predicate) const {
+    const std::size_t step = m_sparse ? 2 : 1;
+    for (std::size_t i = 0; i < m_stored; i += step) {
+        const std::size_t column = m_sparse ? static_cast<std::size_t>(m_cells[i]) : i;
+        if (column >= m_width) {
+            break;
+        }
+        if (predicate(column, m_grid->text(m_cells[i + step - 1]))) {
+            return true;
+        }
+    }
+    return false;
+}
+
+template <typename Visitor>
+void CellRow::forEachStored(Visitor visit) const {
+    anyStored([&visit](std::size_t column, std::string_view text) {
+        visit(column, text);
+        return false;
+    });
 }
 
 class CellRow::Iterator {
