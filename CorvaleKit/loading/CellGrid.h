@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -26,14 +28,13 @@ public:
     // The number of leading columns past which every cell is lacking, at most size(). Loops over wide, thin tables stop
     // there.
     std::size_t storedWidth() const;
-
-    // Looks at the cells that the source has, left to right, until predicate(column, text) is true; false when it never
-    // is. Cells passed over are empty. A far-away cell costs one step.
+    // Calls visit(column, text) for the cells that the source has, in column order: a thin row of a wide table costs only
+    // those. The cells between are empty.
+    template <typename Visit>
+    void forEachStored(Visit visit) const;
+    // The same until predicate(column, text) is true; false when it never is.
     template <typename Predicate>
     bool anyStored(Predicate predicate) const;
-    // Calls visit(column, text) for each of them.
-    template <typename Visitor>
-    void forEachStored(Visitor visit) const;
 
     friend bool operator==(const CellRow& a, const CellRow& b);
 
@@ -111,21 +112,25 @@ inline std::string_view CellRow::operator[](std::size_t column) const {
 
 template <typename Predicate>
 bool CellRow::anyStored(Predicate predicate) const {
-    const std::size_t step = m_sparse ? 2 : 1;
-    for (std::size_t i = 0; i < m_stored; i += step) {
-        const std::size_t column = m_sparse ? static_cast<std::size_t>(m_cells[i]) : i;
-        if (column >= m_width) {
-            break;
+    if (!m_sparse) {
+        const std::size_t end = m_stored < m_width ? m_stored : m_width;
+        for (std::size_t column = 0; column < end; ++column) {
+            if (predicate(column, m_grid->text(m_cells[column]))) {
+                return true;
+            }
         }
-        if (predicate(column, m_grid->text(m_cells[i + step - 1]))) {
+        return false;
+    }
+    for (std::size_t i = 0; i < m_stored && m_cells[i] < m_width; i += 2) {
+        if (predicate(static_cast<std::size_t>(m_cells[i]), m_grid->text(m_cells[i + 1]))) {
             return true;
         }
     }
     return false;
 }
 
-template <typename Visitor>
-void CellRow::forEachStored(Visitor visit) const {
+template <typename Visit>
+void CellRow::forEachStored(Visit visit) const {
     anyStored([&visit](std::size_t column, std::string_view text) {
         visit(column, text);
         return false;
