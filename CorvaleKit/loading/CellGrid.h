@@ -31,6 +31,9 @@ public:
     // only those.
     template <typename Visit>
     void forEachStored(Visit visit) const;
+    // The same until predicate(column, text) is true; false when it never is.
+    template <typename Predicate>
+    bool anyStored(Predicate predicate) const;
 
     friend bool operator==(const CellRow& a, const CellRow& b);
 
@@ -106,18 +109,31 @@ inline std::string_view CellRow::operator[](std::size_t column) const {
     return column < m_stored ? m_grid->text(m_cells[column]) : std::string_view{};
 }
 
-template <typename Visit>
-void CellRow::forEachStored(Visit visit) const {
+template <typename Predicate>
+bool CellRow::anyStored(Predicate predicate) const {
     if (!m_sparse) {
         const std::size_t end = m_stored < m_width ? m_stored : m_width;
         for (std::size_t column = 0; column < end; ++column) {
-            visit(column, m_grid->text(m_cells[column]));
+            if (predicate(column, m_grid->text(m_cells[column]))) {
+                return true;
+            }
         }
-        return;
+        return false;
     }
     for (std::size_t i = 0; i < m_stored && m_cells[i] < m_width; i += 2) {
-        visit(static_cast<std::size_t>(m_cells[i]), m_grid->text(m_cells[i + 1]));
+        if (predicate(static_cast<std::size_t>(m_cells[i]), m_grid->text(m_cells[i + 1]))) {
+            return true;
+        }
     }
+    return false;
+}
+
+template <typename Visit>
+void CellRow::forEachStored(Visit visit) const {
+    anyStored([&visit](std::size_t column, std::string_view text) {
+        visit(column, text);
+        return false;
+    });
 }
 
 class CellRow::Iterator {
