@@ -53,14 +53,6 @@ void ComparisonTexts::reduceRow(const CellRow& cells, const CellReduction& reduc
     }
 }
 
-ComparisonTexts::Row ComparisonTexts::row(std::size_t index) const {
-    std::span<const Rewritten> rewritten;
-    if (!m_rowStarts.empty()) {
-        rewritten = std::span(m_rewritten).subspan(m_rowStarts[index], m_rowStarts[index + 1] - m_rowStarts[index]);
-    }
-    return {m_table.rows()[index], m_columns, m_texts, rewritten};
-}
-
 std::string_view ComparisonTexts::Row::rewrittenOrCell(std::size_t position) const {
     const auto found = std::lower_bound(
         m_rewritten.begin(), m_rewritten.end(), position, [](const Rewritten& text, std::size_t wanted) {

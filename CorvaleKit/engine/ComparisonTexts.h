@@ -73,4 +73,12 @@ private:
     std::span<const Rewritten> m_rewritten;
 };
 
+inline ComparisonTexts::Row ComparisonTexts::row(std::size_t index) const {
+    std::span<const Rewritten> rewritten;
+    if (!m_rowStarts.empty()) {
+        rewritten = std::span(m_rewritten).subspan(m_rowStarts[index], m_rowStarts[index + 1] - m_rowStarts[index]);
+    }
+    return {m_table.rows()[index], m_columns, m_texts, rewritten};
+}
+
 }  // namespace corvale
