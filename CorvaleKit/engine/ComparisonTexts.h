@@ -56,6 +56,7 @@ public:
     std::string_view operator[](std::size_t position) const {
         return m_rewritten.empty() ? m_cells[(*m_columns)[position]] : rewrittenOrCell(position);
     }
+    std::size_t size() const { return m_columns->size(); }
     const CellRow& cells() const { return m_cells; }
 
 private:

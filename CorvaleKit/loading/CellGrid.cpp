@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <string>
 
-#include "CorvaleKit/base/Require.h"
 #include "CorvaleKit/loading/CellGridBuilder.h"
 
 namespace corvale {
@@ -44,10 +43,6 @@ std::size_t CellRow::sourceWidth() const {
     return m_sparse ? static_cast<std::size_t>(m_cells[m_stored - 2]) + 1 : m_stored;
 }
 
-std::size_t CellRow::storedWidth() const {
-    return std::min(m_width, sourceWidth());
-}
-
 std::string_view CellRow::sparseCell(std::size_t column) const {
     std::size_t low = 0;
     std::size_t high = m_stored / 2;
@@ -72,11 +67,7 @@ void CellGridBuilder::reserve(std::size_t cells, std::size_t rows) {
     m_grid.m_rowStarts.reserve(rows + 1);
 }
 
-std::uint64_t CellGridBuilder::packed(std::uint64_t offset, std::uint64_t length) {
-    CORVALE_REQUIRE(offset >> (64 - CellGrid::lengthBits) == 0, "a cell starts beyond the first tebibyte");
-    if (length < CellGrid::longLength) [[likely]] {
-        return offset << CellGrid::lengthBits | length;
-    }
+std::uint64_t CellGridBuilder::packedLong(std::uint64_t offset, std::uint64_t length) {
     m_grid.m_longCells.push_back({offset, length});
     return (m_grid.m_longCells.size() - 1) << CellGrid::lengthBits | CellGrid::longLength;
 }

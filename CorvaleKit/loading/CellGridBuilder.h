@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "CorvaleKit/base/Require.h"
 #include "CorvaleKit/loading/CellGrid.h"
 
 namespace corvale {
@@ -25,16 +26,27 @@ public:
     // Appends a whole row of cells at increasing columns, in the form that takes less room.
     void addRow(const std::vector<PlacedCell>& cells);
 
-    std::uint64_t packed(std::uint64_t offset, std::uint64_t length);
+    // The reference of a text in the buffer, for addRow. Offsets go up to 2^40.
+    std::uint64_t packed(std::uint64_t offset, std::uint64_t length) {
+        CORVALE_REQUIRE(offset >> (64 - CellGrid::lengthBits) == 0, "a cell starts beyond the first tebibyte");
+        if (length < CellGrid::longLength) [[likely]] {
+            return offset << CellGrid::lengthBits | length;
+        }
+        return packedLong(offset, length);
+    }
 
     std::size_t cellCount() const { return m_grid.m_cells.size(); }
     // Cells of the row that is not ended yet.
-    std::size_t pendingCells() const { return m_grid.m_cells.size() - (m_grid.m_rowStarts.back() & ~CellGrid::sparseFlag); }
+    std::size_t pendingCells() const {
+        return m_grid.m_cells.size() - (m_grid.m_rowStarts.back() & ~CellGrid::sparseFlag);
+    }
 
     // The builder is spent afterwards.
     CellGrid finish(Bytes buffer);
 
 private:
+    std::uint64_t packedLong(std::uint64_t offset, std::uint64_t length);
+
     CellGrid m_grid;
 };
 

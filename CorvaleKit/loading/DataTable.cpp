@@ -1,6 +1,7 @@
 #include "CorvaleKit/loading/DataTable.h"
 
 #include <nlohmann/json.hpp>
+
 #include <numeric>
 #include <utility>
 
