@@ -32,6 +32,12 @@ inline bool blockIsUncleanPlain(const char* block) {
 
 inline bool blockIsUnclean(__m128i bytes) {
     const auto equals = [bytes](char c) { return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(c)); };
+    // Bytes 1 to 20 (hexadecimal) and C2: without any, the block is clean. The zeros that pad it must not count.
+    const __m128i lessOne = _mm_sub_epi8(bytes, _mm_set1_epi8(1));
+    const __m128i controlOrSpace = _mm_cmpeq_epi8(_mm_min_epu8(lessOne, _mm_set1_epi8(0x1F)), lessOne);
+    if (_mm_movemask_epi8(_mm_or_si128(controlOrSpace, equals('\xC2'))) == 0) {
+        return false;
+    }
     const __m128i unclean =
         _mm_or_si128(_mm_or_si128(equals('\t'), equals('\n')), _mm_or_si128(equals('\r'), equals('\xC2')));
     const __m128i spaces = equals(' ');
