@@ -45,8 +45,10 @@ void Bytes::removePrefix(std::size_t count) {
 
 void Bytes::truncate(std::size_t size) {
     CORVALE_REQUIRE(size <= m_size, "bytes were truncated to more than their size");
-    m_size = size;
-    std::memset(data() + size, 0, padding);
+    if (size < m_size) {  // else nothing changes, and bytes that were moved from have no memory
+        m_size = size;
+        std::memset(data() + size, 0, padding);
+    }
 }
 
 }  // namespace corvale
