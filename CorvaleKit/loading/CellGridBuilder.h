@@ -25,16 +25,30 @@ public:
     // Appends a whole row of cells at increasing columns, in the form that takes less room.
     void addRow(const std::vector<PlacedCell>& cells);
 
+    struct LateCell {
+        std::uint32_t row = 0;
+        std::uint32_t column = 0;
+        std::uint64_t packed = 0;
+    };
+    // Puts cells into rows that are already ended, over what is there; of two at one place the last stays. Builds the
+    // grid anew.
+    void overwrite(std::vector<LateCell> cells);
+
     std::uint64_t packed(std::uint64_t offset, std::uint64_t length);
 
     std::size_t cellCount() const { return m_grid.m_cells.size(); }
     // Cells of the row that is not ended yet.
-    std::size_t pendingCells() const { return m_grid.m_cells.size() - (m_grid.m_rowStarts.back() & ~CellGrid::sparseFlag); }
+    std::size_t pendingCells() const {
+        return m_grid.m_cells.size() - (m_grid.m_rowStarts.back() & ~CellGrid::sparseFlag);
+    }
 
     // The builder is spent afterwards.
     CellGrid finish(Bytes buffer);
 
 private:
+    // The cells of an ended row, those of a dense row's gaps included.
+    void readRow(std::size_t index, std::vector<PlacedCell>& cells) const;
+
     CellGrid m_grid;
 };
 
