@@ -13,8 +13,8 @@ namespace corvale::ByteScan {
 
 inline constexpr std::size_t blockSize = 64;
 
-// Bit i is set when byte i of the block is one of the three. The obvious form, for machines without the fast one and for
-// the tests.
+// Bit i is set when byte i of the block is one of the three. The obvious form, for machines without the fast one and
+// for the tests.
 inline std::uint64_t plainMatches(const char* block, char a, char b, char c) {
     std::uint64_t matches = 0;
     for (std::size_t i = 0; i < blockSize; ++i) {
@@ -39,19 +39,19 @@ inline std::uint64_t matches(const char* block, char a, char b, char c) {
     return found;
 }
 #else
-inline std::uint64_t matches(const char* block, char a, char b, char c) {
-    return plainMatches(block, a, b, c);
-}
+inline std::uint64_t matches(const char* block, char a, char b, char c) { return plainMatches(block, a, b, c); }
 #endif
 
 // Walks a text from one of three bytes to the next. The text is followed by at least one readable block, as Bytes is.
 class Finder {
 public:
-    Finder(const char* text, std::size_t size, char a, char b, char c) : m_text(text), m_size(size), m_a(a), m_b(b), m_c(c) {
+    Finder(const char* text, std::size_t size, char a, char b, char c)
+        : m_text(text), m_size(size), m_a(a), m_b(b), m_c(c) {
         load(0);
     }
 
-    // The first match at or after `from`, or the size. Calls go forward: `from` never lies before the last block looked at.
+    // The first match at or after `from`, or the size. Calls go forward: `from` never lies before the last block looked
+    // at.
     std::size_t next(std::size_t from) {
         if (from - m_block >= blockSize) {
             if (from >= m_size) {

@@ -10,9 +10,7 @@ namespace {
 
 constexpr std::size_t flushSize = 64 * 1024;
 
-bool isPlain(char c) {
-    return static_cast<unsigned char>(c) >= 0x20 && c != '"' && c != '\\';
-}
+bool isPlain(char c) { return static_cast<unsigned char>(c) >= 0x20 && c != '"' && c != '\\'; }
 
 }  // namespace
 
@@ -109,11 +107,21 @@ void JsonWriter::quoted(std::string_view value) {
 void JsonWriter::appendEscaped(unsigned char byte) {
     constexpr std::string_view hex = "0123456789abcdef";
     switch (byte) {
-        case '"': m_buffer += "\\\""; return;
-        case '\\': m_buffer += "\\\\"; return;
-        case '\n': m_buffer += "\\n"; return;
-        case '\r': m_buffer += "\\r"; return;
-        case '\t': m_buffer += "\\t"; return;
+        case '"':
+            m_buffer += "\\\"";
+            return;
+        case '\\':
+            m_buffer += "\\\\";
+            return;
+        case '\n':
+            m_buffer += "\\n";
+            return;
+        case '\r':
+            m_buffer += "\\r";
+            return;
+        case '\t':
+            m_buffer += "\\t";
+            return;
         default:
             m_buffer += "\\u00";
             m_buffer += hex[byte >> 4U];

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "CorvaleKit/engine/DiffOptions.h"
+#include "CorvaleKit/engine/Normalizer.h"
 
 namespace corvale {
 
@@ -21,7 +22,13 @@ struct CellReduction {
 
     // True when the reduced text differs from `cell` or may do so; it is then appended to `target`. False, and nothing
     // appended, when `cell` is its own reduced text: the common case, which allocates nothing.
-    bool append(std::string& target, std::string_view cell) const;
+    bool append(std::string& target, std::string_view cell) const {
+        const bool mayChange = number || lowercase || (whitespace && Normalizer::needsWhitespaceNormalization(cell));
+        return mayChange && appendRewritten(target, cell);
+    }
+
+    // append() for a cell that may change.
+    bool appendRewritten(std::string& target, std::string_view cell) const;
 };
 
 }  // namespace corvale

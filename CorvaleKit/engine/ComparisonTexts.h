@@ -56,6 +56,7 @@ public:
     std::string_view operator[](std::size_t position) const {
         return m_rewritten.empty() ? m_cells[(*m_columns)[position]] : rewrittenOrCell(position);
     }
+    std::size_t size() const { return m_columns->size(); }
     const CellRow& cells() const { return m_cells; }
 
 private:
@@ -71,5 +72,13 @@ private:
     const std::string* m_texts;
     std::span<const Rewritten> m_rewritten;
 };
+
+inline ComparisonTexts::Row ComparisonTexts::row(std::size_t index) const {
+    std::span<const Rewritten> rewritten;
+    if (!m_rowStarts.empty()) {
+        rewritten = std::span(m_rewritten).subspan(m_rowStarts[index], m_rowStarts[index + 1] - m_rowStarts[index]);
+    }
+    return {m_table.rows()[index], m_columns, m_texts, rewritten};
+}
 
 }  // namespace corvale

@@ -134,7 +134,8 @@ char detectDelimiter(std::string_view text) {
             }
         }
     }
-    return std::max_element(candidates.begin(), candidates.end(),
+    return std::max_element(candidates.begin(),
+                            candidates.end(),
                             [](const Candidate& a, const Candidate& b) { return a.count < b.count; })
         ->delimiter;
 }

@@ -25,11 +25,10 @@ public:
     std::string_view operator[](std::size_t column) const;
     Iterator begin() const;
     Iterator end() const;
-    // The number of leading columns past which every cell is lacking, at most size(). Loops over wide, thin tables stop
-    // there.
-    std::size_t storedWidth() const;
-    // Calls visit(column, text) for the cells that the source has, in column order: a thin row of a wide table costs only
-    // those. The cells between are empty.
+    // The number of cells that the source has.
+    std::size_t storedCells() const { return m_sparse ? m_stored / 2 : m_stored; }
+    // Calls visit(column, text) for the cells that the source has, in column order: a thin row of a wide table costs
+    // only those.
     template <typename Visit>
     void forEachStored(Visit visit) const;
     // The same until predicate(column, text) is true; false when it never is.
@@ -102,6 +101,22 @@ private:
     std::vector<std::uint64_t> m_rowStarts;  // one more than rows; the flag marks a sparse row
     std::vector<LongCell> m_longCells;
 };
+
+inline std::size_t CellRow::sourceWidth() const {
+    return m_sparse ? static_cast<std::size_t>(m_cells[m_stored - 2]) + 1 : m_stored;
+}
+
+inline CellRow CellGrid::row(std::size_t index) const {
+    const std::uint64_t start = m_rowStarts[index];
+    const std::uint64_t first = start & ~sparseFlag;
+    CellRow row;
+    row.m_grid = this;
+    row.m_cells = m_cells.data() + first;
+    row.m_stored = static_cast<std::uint32_t>((m_rowStarts[index + 1] & ~sparseFlag) - first);
+    row.m_sparse = (start & sparseFlag) != 0;
+    row.m_width = row.sourceWidth();
+    return row;
+}
 
 inline std::string_view CellRow::operator[](std::size_t column) const {
     if (m_sparse) [[unlikely]] {

@@ -37,7 +37,9 @@ public:
 
     std::size_t cellCount() const { return m_grid.m_cells.size(); }
     // Cells of the row that is not ended yet.
-    std::size_t pendingCells() const { return m_grid.m_cells.size() - (m_grid.m_rowStarts.back() & ~CellGrid::sparseFlag); }
+    std::size_t pendingCells() const {
+        return m_grid.m_cells.size() - (m_grid.m_rowStarts.back() & ~CellGrid::sparseFlag);
+    }
 
     // The builder is spent afterwards.
     CellGrid finish(Bytes buffer);

@@ -2,6 +2,7 @@
 
 #include <limits>
 #include <nlohmann/json.hpp>
+
 #include <numeric>
 #include <utility>
 

@@ -10,9 +10,7 @@ namespace corvale::Text {
 
 namespace {
 
-utf8proc_category_t categoryOf(char32_t scalar) {
-    return utf8proc_category(static_cast<utf8proc_int32_t>(scalar));
-}
+utf8proc_category_t categoryOf(char32_t scalar) { return utf8proc_category(static_cast<utf8proc_int32_t>(scalar)); }
 
 template <typename Predicate>
 std::string_view trimmedAtStart(std::string_view text, Predicate drops) {
@@ -44,9 +42,7 @@ bool hasPlainEnds(std::string_view text) {
     return text.empty() || (isPlain(text.front()) && isPlain(text.back()));
 }
 
-char asciiLowercased(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-}
+char asciiLowercased(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
 void appendLowercasedScalar(std::string& target, char32_t scalar) {
     // The one unconditional lower-casing that yields two scalars (Unicode SpecialCasing.txt).
@@ -85,8 +81,8 @@ private:
         if (a < 0x80 && b < 0x80) {
             return a != '\r' || b != '\n';
         }
-        return utf8proc_grapheme_break_stateful(static_cast<utf8proc_int32_t>(a), static_cast<utf8proc_int32_t>(b),
-                                                &state);
+        return utf8proc_grapheme_break_stateful(
+            static_cast<utf8proc_int32_t>(a), static_cast<utf8proc_int32_t>(b), &state);
     }
 
     std::string_view m_text;
@@ -130,17 +126,11 @@ std::string_view trimSpacesAndLineBreaks(std::string_view text) {
     return trimmedAtEnd(trimmedAtStart(text, isSpaceOrLineBreak), isSpaceOrLineBreak);
 }
 
-std::string_view trimSpacesAtStart(std::string_view text) {
-    return trimmedAtStart(text, isSpace);
-}
+std::string_view trimSpacesAtStart(std::string_view text) { return trimmedAtStart(text, isSpace); }
 
-std::string_view trimSpacesAtEnd(std::string_view text) {
-    return trimmedAtEnd(text, isSpace);
-}
+std::string_view trimSpacesAtEnd(std::string_view text) { return trimmedAtEnd(text, isSpace); }
 
-bool isBlank(std::string_view text) {
-    return trimSpacesAtStart(text).empty();
-}
+bool isBlank(std::string_view text) { return trimSpacesAtStart(text).empty(); }
 
 std::string lowercased(std::string_view text) {
     std::string result;
@@ -169,12 +159,20 @@ void appendLowercased(std::string& target, std::string_view text) {
 }
 
 bool lowercasingMayChange(std::string_view text) {
-    return std::any_of(text.begin(), text.end(),
-                       [](char c) { return (c >= 'A' && c <= 'Z') || static_cast<unsigned char>(c) >= 0x80; });
+    return std::any_of(text.begin(), text.end(), [](char c) {
+        return (c >= 'A' && c <= 'Z') || static_cast<unsigned char>(c) >= 0x80;
+    });
 }
 
 bool equalIgnoringCase(std::string_view a, std::string_view b) {
-    return a == b || lowercased(a) == lowercased(b);
+    const std::size_t common = std::min(a.size(), b.size());
+    std::size_t i = 0;
+    for (; i < common && static_cast<unsigned char>(a[i] | b[i]) < 0x80; ++i) {
+        if (asciiLowercased(a[i]) != asciiLowercased(b[i])) {
+            return false;
+        }
+    }
+    return i == common ? a.size() == b.size() : lowercased(a.substr(i)) == lowercased(b.substr(i));
 }
 
 std::size_t characterCount(std::string_view text) {
@@ -202,8 +200,7 @@ std::size_t displayWidth(std::string_view text) {
     std::size_t width = 0;
     for (std::size_t i = 0; i < text.size();) {
         const auto scalar = Utf8::scalarAt(text, i);
-        width += static_cast<std::size_t>(
-            std::max(0, utf8proc_charwidth(static_cast<utf8proc_int32_t>(scalar.value))));
+        width += static_cast<std::size_t>(std::max(0, utf8proc_charwidth(static_cast<utf8proc_int32_t>(scalar.value))));
         i += scalar.length;
     }
     return width;

@@ -21,8 +21,8 @@ bool isValid(std::string_view text);
 // The text with one U+FFFD in place of every maximal invalid subpart (Unicode, chapter 3, U+FFFD substitution).
 std::string repaired(std::string_view text);
 
-// The scalar at `position`, which is below text.size(). A malformed sequence yields U+FFFD and the length of its maximal
-// subpart, so a walk over any bytes ends.
+// The scalar at `position`, which is below text.size(). A malformed sequence yields U+FFFD and the length of its
+// maximal subpart, so a walk over any bytes ends.
 Scalar scalarAt(std::string_view text, std::size_t position);
 
 // The scalar that ends right before `end`, which is above 0; for walking backwards.
