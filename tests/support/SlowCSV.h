@@ -7,7 +7,6 @@
 #include <string_view>
 #include <vector>
 
-#include "CorvaleKit/loading/CellGrid.h"
 #include "CorvaleKit/text/Text.h"
 #include "tests/support/SlowUtf8.h"
 
@@ -188,18 +187,6 @@ inline std::string decodeText(std::string_view bytes) {
     }
     const auto decoded = fromCodePage1252(bytes);
     return decoded ? *decoded : SlowUtf8::encoded(SlowUtf8::scalars(bytes));
-}
-
-// What a grid holds, in the form that parse() gives.
-inline Rows texts(const CellGrid& grid) {
-    Rows rows;
-    for (std::size_t i = 0; i < grid.rowCount(); ++i) {
-        rows.emplace_back();
-        for (const std::string_view cell : grid.row(i)) {
-            rows.back().emplace_back(cell);
-        }
-    }
-    return rows;
 }
 
 }  // namespace corvale::SlowCSV
