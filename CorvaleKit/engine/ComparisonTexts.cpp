@@ -53,23 +53,15 @@ void ComparisonTexts::reduceRow(const CellRow& cells, const CellReduction& reduc
     }
 }
 
-ComparisonTexts::Row ComparisonTexts::row(std::size_t index) const {
-    std::span<const Rewritten> rewritten;
-    if (!m_rowStarts.empty()) {
-        rewritten = std::span(m_rewritten).subspan(m_rowStarts[index], m_rowStarts[index + 1] - m_rowStarts[index]);
-    }
-    return {m_table.rows()[index], m_columns, m_texts, rewritten};
-}
-
 std::string_view ComparisonTexts::Row::rewrittenOrCell(std::size_t position) const {
     const auto found = std::lower_bound(
         m_rewritten.begin(), m_rewritten.end(), position, [](const Rewritten& text, std::size_t wanted) {
             return text.position < wanted;
         });
     if (found == m_rewritten.end() || found->position != position) {
-        return m_cells[(*m_columns)[position]];
+        return m_cells[m_texts->m_columns[position]];
     }
-    return std::string_view(*m_texts).substr(found->offset, found->length);
+    return std::string_view(m_texts->m_texts).substr(found->offset, found->length);
 }
 
 }  // namespace corvale

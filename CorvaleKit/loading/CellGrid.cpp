@@ -22,25 +22,9 @@ CellGrid CellGrid::fromTexts(const std::vector<std::vector<std::string>>& rows) 
     return builder.finish(Bytes(all));
 }
 
-CellRow CellGrid::row(std::size_t index) const {
-    const std::uint64_t start = m_rowStarts[index];
-    const std::uint64_t first = start & ~sparseFlag;
-    CellRow row;
-    row.m_grid = this;
-    row.m_cells = m_cells.data() + first;
-    row.m_stored = static_cast<std::uint32_t>((m_rowStarts[index + 1] & ~sparseFlag) - first);
-    row.m_sparse = (start & sparseFlag) != 0;
-    row.m_width = row.sourceWidth();
-    return row;
-}
-
 std::string_view CellGrid::longText(std::uint64_t index) const {
     const LongCell& cell = m_longCells[index];
     return {m_base + cell.offset, cell.length};
-}
-
-std::size_t CellRow::sourceWidth() const {
-    return m_sparse ? static_cast<std::size_t>(m_cells[m_stored - 2]) + 1 : m_stored;
 }
 
 std::string_view CellRow::sparseCell(std::size_t column) const {
