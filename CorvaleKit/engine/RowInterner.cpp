@@ -20,7 +20,7 @@ public:
         CORVALE_REQUIRE(before.columnCount() == after.columnCount(), "rows with other numbers of columns are compared");
         CORVALE_REQUIRE(before.rowCount() + after.rowCount() < std::numeric_limits<std::uint32_t>::max(),
                         "two tables have more than four thousand million rows");
-        m_ids.reserve(before.rowCount());
+        m_ids.reserve(before.rowCount() + after.rowCount());
         m_firsts.reserve(before.rowCount());
     }
 
