@@ -41,6 +41,7 @@ private:
     };
 
     void reduceRow(const CellRow& cells, const CellReduction& reduction);
+    void rewrite(std::size_t position, std::string_view cell, const CellReduction& reduction);
 
     DataTable m_table;
     std::vector<std::size_t> m_columns;

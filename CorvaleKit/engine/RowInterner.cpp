@@ -6,6 +6,7 @@
 #include <array>
 #include <limits>
 
+#include "CorvaleKit/base/Memory.h"
 #include "CorvaleKit/base/Require.h"
 #include "CorvaleKit/engine/Callbacks.h"
 #include "CorvaleKit/engine/RowComparison.h"
@@ -33,6 +34,7 @@ public:
         for (std::size_t begin = 0; begin < m_before.rowCount(); begin += rowsPerBlock) {
             callEvery4096th(begin, onRow);
             const std::size_t end = std::min(begin + rowsPerBlock, m_before.rowCount());
+            prefetchCells(m_before, end);
             for (std::size_t row = begin; row < end; ++row) {
                 const auto texts = m_before.row(row);
                 hashes[row - begin] = m_joinedText.hash(texts);
@@ -102,6 +104,14 @@ private:
     static void callEvery4096th(std::size_t row, const std::function<void(std::size_t)>& onRow) {
         if (row % rowsPerPoll == 0 && onRow) {
             onRow(row);
+        }
+    }
+
+    // Those of the next block, where a row is no more than one of them.
+    static void prefetchCells(const ComparisonTexts& texts, std::size_t begin) {
+        const std::size_t end = std::min(begin + rowsPerBlock, texts.rowCount());
+        for (std::size_t row = begin; texts.columnCount() == 1 && row < end; ++row) {
+            Memory::prefetch(texts.row(row)[0].data());
         }
     }
 

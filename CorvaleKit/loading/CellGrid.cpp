@@ -2,10 +2,22 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
+#include "CorvaleKit/base/Memory.h"
 #include "CorvaleKit/loading/CellGridBuilder.h"
 
 namespace corvale {
+
+namespace {
+
+void keepLastOfEachColumn(std::vector<CellGridBuilder::PlacedCell>& cells) {
+    const auto sameColumn = [](const auto& a, const auto& b) { return a.column == b.column; };
+    std::stable_sort(cells.begin(), cells.end(), [](const auto& a, const auto& b) { return a.column < b.column; });
+    cells.erase(cells.begin(), std::unique(cells.rbegin(), cells.rend(), sameColumn).base());
+}
+
+}  // namespace
 
 CellGrid::CellGrid() : m_rowStarts{0} {}
 
@@ -48,6 +60,7 @@ bool operator==(const CellRow& a, const CellRow& b) {
 
 void CellGridBuilder::reserve(std::size_t cells, std::size_t rows) {
     m_grid.m_cells.reserve(cells);
+    Memory::preferHugePages(m_grid.m_cells.data(), cells * sizeof(std::uint64_t));
     m_grid.m_rowStarts.reserve(rows + 1);
 }
 
@@ -73,6 +86,37 @@ void CellGridBuilder::addRow(const std::vector<PlacedCell>& cells) {
         }
     }
     endRow();
+}
+
+void CellGridBuilder::readRow(std::size_t index, std::vector<PlacedCell>& cells) const {
+    const bool sparse = (m_grid.m_rowStarts[index] & CellGrid::sparseFlag) != 0;
+    const std::uint64_t first = m_grid.m_rowStarts[index] & ~CellGrid::sparseFlag;
+    const std::uint64_t end = m_grid.m_rowStarts[index + 1] & ~CellGrid::sparseFlag;
+    cells.clear();
+    for (std::uint64_t i = first; i < end; i += sparse ? 2 : 1) {
+        const std::uint64_t column = sparse ? m_grid.m_cells[i] : i - first;
+        cells.push_back({static_cast<std::uint32_t>(column), m_grid.m_cells[sparse ? i + 1 : i]});
+    }
+}
+
+void CellGridBuilder::overwrite(std::vector<LateCell> cells) {
+    const auto byPlace = [](const LateCell& a, const LateCell& b) {
+        return std::pair(a.row, a.column) < std::pair(b.row, b.column);
+    };
+    std::stable_sort(cells.begin(), cells.end(), byPlace);
+    CellGridBuilder merged;
+    merged.m_grid.m_longCells = std::move(m_grid.m_longCells);
+    std::vector<PlacedCell> row;
+    auto late = cells.cbegin();
+    for (std::size_t index = 0; index < m_grid.rowCount(); ++index) {
+        readRow(index, row);
+        for (; late != cells.cend() && late->row == index; ++late) {
+            row.push_back({late->column, late->packed});
+        }
+        keepLastOfEachColumn(row);
+        merged.addRow(row);
+    }
+    *this = std::move(merged);
 }
 
 CellGrid CellGridBuilder::finish(Bytes buffer) {

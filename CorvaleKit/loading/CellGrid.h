@@ -106,7 +106,6 @@ inline std::size_t CellRow::sourceWidth() const {
     return m_sparse ? static_cast<std::size_t>(m_cells[m_stored - 2]) + 1 : m_stored;
 }
 
-// Inline, for every loop over rows makes one of each: returned through memory it costs more than reading its cells.
 inline CellRow CellGrid::row(std::size_t index) const {
     const std::uint64_t start = m_rowStarts[index];
     const std::uint64_t first = start & ~sparseFlag;
