@@ -90,6 +90,12 @@ void JsonWriter::null() {
     finishValue();
 }
 
+void JsonWriter::lineBreak() {
+    separate();
+    m_buffer += '\n';
+    m_needsComma = false;
+}
+
 void JsonWriter::quoted(std::string_view value) {
     m_buffer += '"';
     std::size_t plainFrom = 0;

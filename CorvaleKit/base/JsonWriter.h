@@ -32,6 +32,8 @@ public:
     void number(double value);
     void boolean(bool value);
     void null();
+    // Puts the value or key that comes next on a new line; one must come.
+    void lineBreak();
 
     // Hands what is buffered to the sink; call it once at the end.
     void flush();

@@ -33,32 +33,34 @@ ComparisonTexts::ComparisonTexts(DataTable table, std::vector<std::size_t> colum
 }
 
 void ComparisonTexts::reduceRow(const CellRow& cells, const CellReduction& reduction) {
-    const std::size_t first = m_rewritten.size();
-    bool ascending = true;
-    cells.forEachStored([&](std::size_t column, std::string_view cell) {
-        const std::size_t position = m_positions[column];
-        const std::size_t offset = m_texts.size();
-        if (position == absent || !reduction.append(m_texts, cell)) {
-            return;
+    if (m_columns.size() <= 2 * cells.storedCells()) {
+        for (std::size_t position = 0; position < m_columns.size(); ++position) {
+            const std::string_view cell = cells[m_columns[position]];
+            if (reduction.mayChange(cell)) {
+                rewrite(position, cell, reduction);
+            }
         }
-        const std::size_t length = m_texts.size() - offset;
-        CORVALE_REQUIRE(length <= std::numeric_limits<std::uint32_t>::max(), "a cell is longer than four gibibytes");
-        ascending = ascending && (m_rewritten.size() == first || m_rewritten.back().position < position);
-        m_rewritten.push_back({offset, static_cast<std::uint32_t>(length), static_cast<std::uint32_t>(position)});
-    });
-    if (!ascending) {
-        std::sort(m_rewritten.begin() + static_cast<std::ptrdiff_t>(first),
-                  m_rewritten.end(),
-                  [](const Rewritten& a, const Rewritten& b) { return a.position < b.position; });
+        return;
     }
+    const auto first = static_cast<std::ptrdiff_t>(m_rewritten.size());
+    cells.forEachStored([&](std::size_t column, std::string_view cell) {
+        if (m_positions[column] != absent && reduction.mayChange(cell)) {
+            rewrite(m_positions[column], cell, reduction);
+        }
+    });
+    std::sort(m_rewritten.begin() + first, m_rewritten.end(), [](const Rewritten& a, const Rewritten& b) {
+        return a.position < b.position;
+    });
 }
 
-ComparisonTexts::Row ComparisonTexts::row(std::size_t index) const {
-    std::span<const Rewritten> rewritten;
-    if (!m_rowStarts.empty()) {
-        rewritten = std::span(m_rewritten).subspan(m_rowStarts[index], m_rowStarts[index + 1] - m_rowStarts[index]);
+void ComparisonTexts::rewrite(std::size_t position, std::string_view cell, const CellReduction& reduction) {
+    const std::size_t offset = m_texts.size();
+    if (!reduction.appendRewritten(m_texts, cell)) {
+        return;
     }
-    return {m_table.rows()[index], m_columns, m_texts, rewritten};
+    const std::size_t length = m_texts.size() - offset;
+    CORVALE_REQUIRE(length <= std::numeric_limits<std::uint32_t>::max(), "a cell is longer than four gibibytes");
+    m_rewritten.push_back({offset, static_cast<std::uint32_t>(length), static_cast<std::uint32_t>(position)});
 }
 
 std::string_view ComparisonTexts::Row::rewrittenOrCell(std::size_t position) const {

@@ -41,6 +41,7 @@ private:
     };
 
     void reduceRow(const CellRow& cells, const CellReduction& reduction);
+    void rewrite(std::size_t position, std::string_view cell, const CellReduction& reduction);
 
     DataTable m_table;
     std::vector<std::size_t> m_columns;
@@ -72,5 +73,13 @@ private:
     const std::string* m_texts;
     std::span<const Rewritten> m_rewritten;
 };
+
+inline ComparisonTexts::Row ComparisonTexts::row(std::size_t index) const {
+    std::span<const Rewritten> rewritten;
+    if (!m_rowStarts.empty()) {
+        rewritten = std::span(m_rewritten).subspan(m_rowStarts[index], m_rowStarts[index + 1] - m_rowStarts[index]);
+    }
+    return {m_table.rows()[index], m_columns, m_texts, rewritten};
+}
 
 }  // namespace corvale

@@ -1,6 +1,7 @@
 #include "CorvaleKit/engine/Normalizer.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "CorvaleKit/engine/WhitespaceScan.h"
 #include "CorvaleKit/text/Text.h"
@@ -65,13 +66,19 @@ private:
     std::string_view m_text;
 };
 
+// Numbers this far apart differ within the twelve digits of their canonical texts, and writing those takes longest.
+bool areFarApart(double a, double b) {
+    constexpr double wellAboveTwelveDigits = 1e-10;
+    return std::abs(a - b) > wellAboveTwelveDigits * std::max(std::abs(a), std::abs(b));
+}
+
 bool areEqualNumbers(std::string_view a, std::string_view b, NumberStyle style) {
     const auto first = parseNumber(a, style);
     if (!first) {
         return false;
     }
     const auto second = parseNumber(b, style);
-    return second && canonicalNumber(*first) == canonicalNumber(*second);
+    return second && !areFarApart(*first, *second) && canonicalNumber(*first) == canonicalNumber(*second);
 }
 
 bool hasSeparator(std::string_view text) {

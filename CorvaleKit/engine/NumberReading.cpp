@@ -89,7 +89,7 @@ Unsigned withoutSigns(std::string_view text) {
     return number;
 }
 
-// At most as many ASCII characters as a number may have, without an allocation.
+// A text in which every byte is a character: at most as many as a number may have, without an allocation.
 class Digits {
 public:
     bool append(char c) {
@@ -109,22 +109,43 @@ private:
 // The text in ASCII, its no-break spaces as spaces: all three only ever separate groups. False when anything else
 // remains, which no number has.
 bool copyAsAscii(std::string_view text, Digits& target) {
-    while (!text.empty()) {
-        char c = text.front();
+    for (std::size_t i = 0; i < text.size();) {
+        char c = text[i];
         std::size_t length = 1;
         if (static_cast<unsigned char>(c) >= 0x80) {
-            length = text.starts_with(noBreakSpace)         ? noBreakSpace.size()
-                     : text.starts_with(narrowNoBreakSpace) ? narrowNoBreakSpace.size()
+            const std::string_view rest = text.substr(i);
+            length = rest.starts_with(noBreakSpace)         ? noBreakSpace.size()
+                     : rest.starts_with(narrowNoBreakSpace) ? narrowNoBreakSpace.size()
                                                             : 0;
             c = ' ';
         }
         if (length == 0 || !target.append(c)) {
             return false;
         }
-        text.remove_prefix(length);
+        i += length;
     }
     return true;
 }
+
+// Where the characters of a text that may separate stand.
+struct Separators {
+    std::size_t dots = 0;
+    std::size_t commas = 0;
+    std::size_t spaces = 0;
+    std::size_t lastDot = 0;
+    std::size_t lastComma = 0;
+
+    explicit Separators(std::string_view text) {
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            const char c = text[i];
+            dots += c == '.' ? 1 : 0;
+            commas += c == ',' ? 1 : 0;
+            spaces += c == ' ' ? 1 : 0;
+            lastDot = c == '.' ? i : lastDot;
+            lastComma = c == ',' ? i : lastComma;
+        }
+    }
+};
 
 // 1,250 and 1.250: grouped thousands in one style, a fraction in the other.
 bool isAmbiguous(std::string_view left, std::string_view right) {
@@ -136,22 +157,20 @@ bool isAmbiguous(std::string_view left, std::string_view right) {
 }
 
 // decimalSeparator of a text in which every byte is a character.
-std::optional<char> separatorOf(std::string_view text, NumberStyle style) {
-    const auto dots = std::count(text.begin(), text.end(), '.');
-    const auto commas = std::count(text.begin(), text.end(), ',');
-    if (dots == 0 && commas == 0) {
+std::optional<char> separatorOf(std::string_view text, const Separators& found, NumberStyle style) {
+    if (found.dots == 0 && found.commas == 0) {
         return '.';
     }
-    if (dots > 0 && commas > 0) {
-        const bool dotIsLast = text.rfind('.') > text.rfind(',');
-        const auto count = dotIsLast ? dots : commas;
+    if (found.dots > 0 && found.commas > 0) {
+        const bool dotIsLast = found.lastDot > found.lastComma;
+        const std::size_t count = dotIsLast ? found.dots : found.commas;
         return count == 1 ? std::optional(dotIsLast ? '.' : ',') : std::nullopt;
     }
-    const char only = dots > 0 ? '.' : ',';
-    if (dots + commas > 1) {
+    const char only = found.dots > 0 ? '.' : ',';
+    if (found.dots + found.commas > 1) {
         return only == '.' ? ',' : '.';
     }
-    const std::size_t at = text.find(only);
+    const std::size_t at = found.dots > 0 ? found.lastDot : found.lastComma;
     if (isAmbiguous(text.substr(0, at), text.substr(at + 1))) {
         return style == NumberStyle::commaDecimal ? ',' : '.';
     }
@@ -202,38 +221,82 @@ std::optional<double> converted(std::string_view text) {
     return std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
-std::optional<double> magnitude(std::string_view text, NumberStyle style) {
-    Digits ascii;
-    if (!copyAsAscii(text, ascii)) {
+// The value of a text with grouping characters, split at the decimal separator's place.
+std::optional<double> groupedMagnitude(std::string_view text, std::size_t point, char grouping) {
+    Digits joined;
+    if (!appendGroups(text.substr(0, point), grouping, joined)) {
         return std::nullopt;
     }
-    const auto separator = separatorOf(ascii.view(), style);
-    if (!separator) {
-        return std::nullopt;
-    }
-    const std::size_t point = std::min(ascii.view().find(*separator), ascii.view().size());
-    Digits plain;
-    if (!appendGroups(ascii.view().substr(0, point), *separator == '.' ? ',' : '.', plain)) {
-        return std::nullopt;
-    }
-    if (point < ascii.view().size()) {
-        plain.append('.');
-        for (const char c : ascii.view().substr(point + 1)) {
-            plain.append(c);
+    if (point < text.size()) {
+        joined.append('.');
+        for (const char c : text.substr(point + 1)) {
+            joined.append(c);
         }
     }
-    return converted(plain.view());
+    return converted(joined.view());
+}
+
+// The value of a text in which every byte is a character.
+std::optional<double> asciiMagnitude(std::string_view text, NumberStyle style) {
+    const Separators found(text);
+    const auto separator = separatorOf(text, found, style);
+    if (!separator || text.size() > longestNumber) {
+        return std::nullopt;
+    }
+    if (*separator == '.') {
+        const bool isGrouped = found.commas + found.spaces > 0;
+        return isGrouped ? groupedMagnitude(text, found.dots > 0 ? found.lastDot : text.size(), ',') : converted(text);
+    }
+    return groupedMagnitude(text, found.commas > 0 ? found.lastComma : text.size(), '.');
+}
+
+std::optional<double> magnitude(std::string_view text, NumberStyle style) {
+    if (Utf8::isAscii(text)) {
+        return asciiMagnitude(text, style);
+    }
+    Digits ascii;
+    return copyAsAscii(text, ascii) ? asciiMagnitude(ascii.view(), style) : std::nullopt;
+}
+
+// Digits with at most one point, as most numbers are written. So few digits make a whole number that a double holds
+// exactly, and one division rounds right. None leaves the text to the rules, as with 1.250, where the style decides.
+std::optional<double> plainDecimal(std::string_view text) {
+    constexpr std::size_t exactDigits = 15;
+    constexpr std::array<double, exactDigits> powersOfTen{
+        1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14};
+    if (text.size() > exactDigits) {
+        return std::nullopt;
+    }
+    std::int64_t digits = 0;
+    std::size_t point = text.size();
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (isAsciiDigit(text[i])) {
+            digits = digits * 10 + (text[i] - '0');
+        } else if (text[i] == '.' && point == text.size()) {
+            point = i;
+        } else {
+            return std::nullopt;
+        }
+    }
+    const std::size_t decimals = point < text.size() ? text.size() - point - 1 : 0;
+    if (point == 0 || decimals == 3) {
+        return std::nullopt;
+    }
+    return static_cast<double>(digits) / powersOfTen[decimals];
 }
 
 // Tells most words from numbers at their first byte.
 bool mayBeginNumber(char c) {
-    return isAsciiDigit(c) || static_cast<unsigned char>(c) >= 0x80 ||
-           std::string_view("(-+.,$").find(c) != std::string_view::npos;
+    return isAsciiDigit(c) || static_cast<unsigned char>(c) >= 0x80 || c == '-' || c == '(' || c == '+' || c == '.' ||
+           c == ',' || c == '$';
 }
 
 }  // namespace
 
 std::optional<double> parseNumber(std::string_view text, NumberStyle style) {
+    if (const auto value = plainDecimal(text)) {
+        return value;
+    }
     const std::string_view trimmed = Text::trimSpaces(text);
     if (trimmed.empty() || !mayBeginNumber(trimmed.front()) || Text::hasMoreCharactersThan(trimmed, longestNumber)) {
         return std::nullopt;
@@ -256,7 +319,7 @@ std::optional<double> parseNumber(std::string_view text, NumberStyle style) {
 
 std::optional<char> decimalSeparator(std::string_view text, NumberStyle style) {
     if (Utf8::isAscii(text)) {
-        return separatorOf(text, style);
+        return separatorOf(text, Separators(text), style);
     }
     std::string characters;
     while (!text.empty()) {
@@ -264,7 +327,7 @@ std::optional<char> decimalSeparator(std::string_view text, NumberStyle style) {
         characters += asAsciiCharacter(character);
         text.remove_prefix(character.size());
     }
-    return separatorOf(characters, style);
+    return separatorOf(characters, Separators(characters), style);
 }
 
 std::string canonicalNumber(double value) {

@@ -32,6 +32,12 @@ inline bool blockIsUncleanPlain(const char* block) {
 
 inline bool blockIsUnclean(__m128i bytes) {
     const auto equals = [bytes](char c) { return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(c)); };
+    // Bytes 1 to 20 (hexadecimal) and C2: without any, the block is clean. The zeros that pad it must not count.
+    const __m128i lessOne = _mm_sub_epi8(bytes, _mm_set1_epi8(1));
+    const __m128i controlOrSpace = _mm_cmpeq_epi8(_mm_min_epu8(lessOne, _mm_set1_epi8(0x1F)), lessOne);
+    if (_mm_movemask_epi8(_mm_or_si128(controlOrSpace, equals('\xC2'))) == 0) {
+        return false;
+    }
     const __m128i unclean =
         _mm_or_si128(_mm_or_si128(equals('\t'), equals('\n')), _mm_or_si128(equals('\r'), equals('\xC2')));
     const __m128i spaces = equals(' ');
@@ -99,6 +105,27 @@ inline bool needsNormalization(std::string_view text) {
         return true;
     }
     return text.size() < blockSize ? shortTextIsUnclean(text) : longTextIsUnclean(text);
+}
+
+// The same for a text that 16 readable bytes follow from its start on, as every cell of a grid: one load, no branches
+// on the length.
+inline bool paddedNeedsNormalization(std::string_view text) {
+#if defined(__SSE2__)
+    if (text.size() > blockSize) {
+        return needsNormalization(text);
+    }
+    const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data()));
+    const auto equals = [bytes](char c) { return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(c)); };
+    const auto mask = [](__m128i hits) { return static_cast<std::uint32_t>(_mm_movemask_epi8(hits)); };
+    const std::uint32_t inText = (std::uint32_t{1} << text.size()) - 1;
+    const std::uint32_t unclean =
+        mask(_mm_or_si128(_mm_or_si128(equals('\t'), equals('\n')), _mm_or_si128(equals('\r'), equals('\xC2'))));
+    const std::uint32_t spaces = mask(equals(' ')) & inText;
+    const std::uint32_t ends = (inText ^ (inText >> 1U)) | 1U;
+    return ((unclean & inText) | (spaces & (spaces << 1U)) | (spaces & ends)) != 0;
+#else
+    return needsNormalization(text);
+#endif
 }
 
 }  // namespace corvale::WhitespaceScan

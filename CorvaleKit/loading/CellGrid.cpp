@@ -2,10 +2,22 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
+#include "CorvaleKit/base/Memory.h"
 #include "CorvaleKit/loading/CellGridBuilder.h"
 
 namespace corvale {
+
+namespace {
+
+void keepLastOfEachColumn(std::vector<CellGridBuilder::PlacedCell>& cells) {
+    const auto sameColumn = [](const auto& a, const auto& b) { return a.column == b.column; };
+    std::stable_sort(cells.begin(), cells.end(), [](const auto& a, const auto& b) { return a.column < b.column; });
+    cells.erase(cells.begin(), std::unique(cells.rbegin(), cells.rend(), sameColumn).base());
+}
+
+}  // namespace
 
 CellGrid::CellGrid() : m_rowStarts{0} {}
 
@@ -22,25 +34,9 @@ CellGrid CellGrid::fromTexts(const std::vector<std::vector<std::string>>& rows) 
     return builder.finish(Bytes(all));
 }
 
-CellRow CellGrid::row(std::size_t index) const {
-    const std::uint64_t start = m_rowStarts[index];
-    const std::uint64_t first = start & ~sparseFlag;
-    CellRow row;
-    row.m_grid = this;
-    row.m_cells = m_cells.data() + first;
-    row.m_stored = static_cast<std::uint32_t>((m_rowStarts[index + 1] & ~sparseFlag) - first);
-    row.m_sparse = (start & sparseFlag) != 0;
-    row.m_width = row.sourceWidth();
-    return row;
-}
-
 std::string_view CellGrid::longText(std::uint64_t index) const {
     const LongCell& cell = m_longCells[index];
     return {m_base + cell.offset, cell.length};
-}
-
-std::size_t CellRow::sourceWidth() const {
-    return m_sparse ? static_cast<std::size_t>(m_cells[m_stored - 2]) + 1 : m_stored;
 }
 
 std::string_view CellRow::sparseCell(std::size_t column) const {
@@ -64,6 +60,7 @@ bool operator==(const CellRow& a, const CellRow& b) {
 
 void CellGridBuilder::reserve(std::size_t cells, std::size_t rows) {
     m_grid.m_cells.reserve(cells);
+    Memory::preferHugePages(m_grid.m_cells.data(), cells * sizeof(std::uint64_t));
     m_grid.m_rowStarts.reserve(rows + 1);
 }
 
@@ -89,6 +86,37 @@ void CellGridBuilder::addRow(const std::vector<PlacedCell>& cells) {
         }
     }
     endRow();
+}
+
+void CellGridBuilder::readRow(std::size_t index, std::vector<PlacedCell>& cells) const {
+    const bool sparse = (m_grid.m_rowStarts[index] & CellGrid::sparseFlag) != 0;
+    const std::uint64_t first = m_grid.m_rowStarts[index] & ~CellGrid::sparseFlag;
+    const std::uint64_t end = m_grid.m_rowStarts[index + 1] & ~CellGrid::sparseFlag;
+    cells.clear();
+    for (std::uint64_t i = first; i < end; i += sparse ? 2 : 1) {
+        const std::uint64_t column = sparse ? m_grid.m_cells[i] : i - first;
+        cells.push_back({static_cast<std::uint32_t>(column), m_grid.m_cells[sparse ? i + 1 : i]});
+    }
+}
+
+void CellGridBuilder::overwrite(std::vector<LateCell> cells) {
+    const auto byPlace = [](const LateCell& a, const LateCell& b) {
+        return std::pair(a.row, a.column) < std::pair(b.row, b.column);
+    };
+    std::stable_sort(cells.begin(), cells.end(), byPlace);
+    CellGridBuilder merged;
+    merged.m_grid.m_longCells = std::move(m_grid.m_longCells);
+    std::vector<PlacedCell> row;
+    auto late = cells.cbegin();
+    for (std::size_t index = 0; index < m_grid.rowCount(); ++index) {
+        readRow(index, row);
+        for (; late != cells.cend() && late->row == index; ++late) {
+            row.push_back({late->column, late->packed});
+        }
+        keepLastOfEachColumn(row);
+        merged.addRow(row);
+    }
+    *this = std::move(merged);
 }
 
 CellGrid CellGridBuilder::finish(Bytes buffer) {

@@ -102,6 +102,22 @@ private:
     std::vector<LongCell> m_longCells;
 };
 
+inline std::size_t CellRow::sourceWidth() const {
+    return m_sparse ? static_cast<std::size_t>(m_cells[m_stored - 2]) + 1 : m_stored;
+}
+
+inline CellRow CellGrid::row(std::size_t index) const {
+    const std::uint64_t start = m_rowStarts[index];
+    const std::uint64_t first = start & ~sparseFlag;
+    CellRow row;
+    row.m_grid = this;
+    row.m_cells = m_cells.data() + first;
+    row.m_stored = static_cast<std::uint32_t>((m_rowStarts[index + 1] & ~sparseFlag) - first);
+    row.m_sparse = (start & sparseFlag) != 0;
+    row.m_width = row.sourceWidth();
+    return row;
+}
+
 inline std::string_view CellRow::operator[](std::size_t column) const {
     if (m_sparse) [[unlikely]] {
         return sparseCell(column);

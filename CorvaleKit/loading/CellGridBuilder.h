@@ -26,6 +26,15 @@ public:
     // Appends a whole row of cells at increasing columns, in the form that takes less room.
     void addRow(const std::vector<PlacedCell>& cells);
 
+    struct LateCell {
+        std::uint32_t row = 0;
+        std::uint32_t column = 0;
+        std::uint64_t packed = 0;
+    };
+    // Puts cells into rows that are already ended, over what is there; of two at one place the last stays. Builds the
+    // grid anew.
+    void overwrite(std::vector<LateCell> cells);
+
     // The reference of a text in the buffer, for addRow. Offsets go up to 2^40.
     std::uint64_t packed(std::uint64_t offset, std::uint64_t length) {
         CORVALE_REQUIRE(offset >> (64 - CellGrid::lengthBits) == 0, "a cell starts beyond the first tebibyte");
@@ -46,6 +55,8 @@ public:
 
 private:
     std::uint64_t packedLong(std::uint64_t offset, std::uint64_t length);
+    // The cells of an ended row, those of a dense row's gaps included.
+    void readRow(std::size_t index, std::vector<PlacedCell>& cells) const;
 
     CellGrid m_grid;
 };

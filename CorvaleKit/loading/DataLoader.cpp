@@ -24,10 +24,14 @@ std::string messageFor(Failure::Kind kind, std::string_view fileName) {
             return quoted +
                    " is a Numbers file. In Numbers, choose File › Export To › Excel… (or CSV…), then open the exported "
                    "file.";
-        case Failure::Kind::oldExcel: return quoted + " is an older Excel file (.xls). Save it as .xlsx or CSV first.";
-        case Failure::Kind::notSpreadsheet: return quoted + " doesn’t look like a CSV or Excel file.";
-        case Failure::Kind::empty: return quoted + " is empty.";
-        case Failure::Kind::emptySheet: return "That sheet is empty.";
+        case Failure::Kind::oldExcel:
+            return quoted + " is an older Excel file (.xls). Save it as .xlsx or CSV first.";
+        case Failure::Kind::notSpreadsheet:
+            return quoted + " doesn’t look like a CSV or Excel file.";
+        case Failure::Kind::empty:
+            return quoted + " is empty.";
+        case Failure::Kind::emptySheet:
+            return "That sheet is empty.";
     }
     return quoted;
 }

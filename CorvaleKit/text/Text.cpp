@@ -164,7 +164,16 @@ bool lowercasingMayChange(std::string_view text) {
     });
 }
 
-bool equalIgnoringCase(std::string_view a, std::string_view b) { return a == b || lowercased(a) == lowercased(b); }
+bool equalIgnoringCase(std::string_view a, std::string_view b) {
+    const std::size_t common = std::min(a.size(), b.size());
+    std::size_t i = 0;
+    for (; i < common && static_cast<unsigned char>(a[i] | b[i]) < 0x80; ++i) {
+        if (asciiLowercased(a[i]) != asciiLowercased(b[i])) {
+            return false;
+        }
+    }
+    return i == common ? a.size() == b.size() : lowercased(a.substr(i)) == lowercased(b.substr(i));
+}
 
 std::size_t characterCount(std::string_view text) {
     CharacterWalk walk(text);

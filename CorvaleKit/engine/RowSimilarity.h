@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+
+#include "CorvaleKit/engine/ComparisonTexts.h"
+
+namespace corvale {
+
+// How far a Before row and an After row agree, cell by cell.
+class RowSimilarity {
+public:
+    // Both sides have the same number of columns and must outlive this object.
+    RowSimilarity(const ComparisonTexts& before, const ComparisonTexts& after)
+        : m_before(before), m_after(after), m_columnCount(before.columnCount()) {}
+
+    std::size_t columnCount() const { return m_columnCount; }
+
+    // True when that many equal cells make two rows similar: at least half of them. A single column says too little, so
+    // that its rows always are.
+    bool isEnough(std::size_t equalCells) const { return m_columnCount < 2 || 2 * equalCells >= m_columnCount; }
+    bool areSimilar(std::size_t before, std::size_t after) const;
+
+    // The number of equal cells of similar rows; none for other rows.
+    std::optional<std::size_t> equalCells(std::size_t before, std::size_t after) const;
+
+private:
+    const ComparisonTexts& m_before;
+    const ComparisonTexts& m_after;
+    std::size_t m_columnCount;
+};
+
+}  // namespace corvale

@@ -1,0 +1,55 @@
+#include "CorvaleKit/loading/SharedStrings.h"
+
+#include <string>
+
+#include "CorvaleKit/loading/XMLEvents.h"
+
+namespace corvale::XLSX {
+
+namespace {
+
+class SharedStringsHandler : public XMLEvents::Handler {
+public:
+    explicit SharedStringsHandler(SharedStrings& strings) : m_strings(strings) {}
+
+    bool onStart(std::string_view name, const XMLEvents::Attributes&) override {
+        if (name == "si") {
+            ++m_stringsOpen;
+        } else if (name == "rPh") {
+            ++m_guidesOpen;
+        }
+        return name == "t" && isWanted();
+    }
+
+    void onEnd(std::string_view name, std::string& text) override {
+        if (name == "t") {
+            if (isWanted()) {
+                m_strings.texts.append(text);
+            }
+        } else if (name == "si") {
+            --m_stringsOpen;
+            m_strings.ends.push_back(m_strings.texts.size());
+        } else if (name == "rPh") {
+            --m_guidesOpen;
+        }
+    }
+
+private:
+    bool isWanted() const { return m_stringsOpen > 0 && m_guidesOpen == 0; }
+
+    SharedStrings& m_strings;
+    int m_stringsOpen = 0;
+    int m_guidesOpen = 0;
+};
+
+}  // namespace
+
+SharedStrings sharedStrings(std::string_view part) {
+    SharedStrings strings;
+    strings.texts.reserve(part.size());
+    SharedStringsHandler handler(strings);
+    XMLEvents::parse(part, handler);
+    return strings;
+}
+
+}  // namespace corvale::XLSX
