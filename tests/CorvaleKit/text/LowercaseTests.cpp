@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
+#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -103,6 +104,23 @@ TEST(Lowercase, EqualityIgnoringCaseComparesLoweredTexts) {
     EXPECT_FALSE(equalIgnoringCase("I", "ı"));
     EXPECT_FALSE(equalIgnoringCase("a", "ab"));
     EXPECT_TRUE(equalIgnoringCase("", ""));
+}
+
+TEST(Lowercase, EqualityIgnoringCaseAgreesWithItsDefinitionOnRandomTexts) {
+    const std::vector<std::string_view> parts = {"a", "A", "k", "K", "\u212A", "É", "é", "İ", "i\u0307", "i", "\xFF", "\uFFFD"};
+    std::mt19937 random(10);
+    const auto randomText = [&] {
+        std::string text;
+        for (auto left = random() % 4; left > 0; --left) {
+            text += parts[random() % parts.size()];
+        }
+        return text;
+    };
+    for (int i = 0; i < 50'000; ++i) {
+        const std::string a = randomText();
+        const std::string b = randomText();
+        ASSERT_EQ(equalIgnoringCase(a, b), lowercased(a) == lowercased(b)) << a << " and " << b;
+    }
 }
 
 TEST(Lowercase, DoesNotFollowTheLocale) {
