@@ -1,6 +1,7 @@
 #include "CorvaleKit/engine/DiffFilter.h"
 
 #include <algorithm>
+#include <cstring>
 #include <numeric>
 #include <string_view>
 #include <utility>
@@ -51,6 +52,46 @@ std::vector<std::string> searchWords(std::string_view search) {
     return words;
 }
 
+// The key and cells of one row, each behind a separator, in a block that is used for row after row.
+class RowText {
+public:
+    void clear() { m_size = 0; }
+    std::string_view view() const { return std::string_view(m_block).substr(1, m_size - 1); }
+
+    void append(std::string_view text) {
+        char* const end = extend(text);
+        text.copy(end, text.size());
+    }
+
+    // For a text that may be read past its end, as every filled cell of a table: most are copied in one move.
+    void appendCell(std::string_view cell) {
+        char* const end = extend(cell);
+        if (cell.size() <= oneMove) {
+            std::memcpy(end, cell.data(), oneMove);
+        } else {
+            std::memcpy(end, cell.data(), cell.size());
+        }
+    }
+
+private:
+    static constexpr std::size_t oneMove = 16;
+
+    // Where the text goes; at least oneMove bytes.
+    char* extend(std::string_view text) {
+        const std::size_t needed = m_size + 1 + text.size() + oneMove;
+        if (needed > m_block.size()) {
+            m_block.resize(2 * needed);
+        }
+        m_block[m_size] = separator;
+        char* const end = m_block.data() + m_size + 1;
+        m_size += 1 + text.size();
+        return end;
+    }
+
+    std::string m_block;
+    std::size_t m_size = 0;
+};
+
 // Looks for words in the key and all cells of one row after another. The text it looks in is held once.
 class RowSearch {
 public:
@@ -71,34 +112,33 @@ public:
     }
 
     bool finds(std::size_t index) {
+        if (m_words.empty()) {
+            return true;
+        }
         const DiffRow row = m_result.rows[index];
-        m_text.assign(row.key);
+        m_text.clear();
+        m_text.append(row.key);
         if (m_wordsSpanCells) {
             appendColumns(row);
         } else {
             appendFilledCells(row);
         }
         m_lowercased.clear();
-        Text::appendLowercased(m_lowercased, m_text);
+        Text::appendLowercased(m_lowercased, m_text.view());
         return std::all_of(m_words.begin(), m_words.end(), [this](const std::string& word) {
             return m_lowercased.find(word) != std::string::npos;
         });
     }
 
 private:
-    void append(std::string_view cell) {
-        m_text += separator;
-        m_text += cell;
-    }
-
     // Every cell in the order of the columns: what a word with a separator in it is looked for in.
     void appendColumns(const DiffRow& row) {
         for (const auto& column : m_result.columns) {
             if (column.left && row.left) {
-                append(m_result.cellBefore(row, column));
+                m_text.append(m_result.cellBefore(row, column));
             }
             if (column.right && row.right) {
-                append(m_result.cellAfter(row, column));
+                m_text.append(m_result.cellAfter(row, column));
             }
         }
     }
@@ -115,8 +155,8 @@ private:
 
     void appendFilledCells(const CellRow& cells, const std::vector<bool>& shown) {
         cells.forEachStored([&](std::size_t column, std::string_view cell) {
-            if (shown[column]) {
-                append(cell);
+            if (shown[column] && !cell.empty()) {
+                m_text.appendCell(cell);
             }
         });
     }
@@ -126,7 +166,7 @@ private:
     bool m_wordsSpanCells = false;
     std::vector<bool> m_shownBefore;
     std::vector<bool> m_shownAfter;
-    std::string m_text;
+    RowText m_text;
     std::string m_lowercased;
 };
 

@@ -1,18 +1,14 @@
 #include "CorvaleKit/engine/KeySuggester.h"
 
 #include <absl/container/flat_hash_map.h>
-#include <absl/hash/hash.h>
-#include <absl/strings/string_view.h>
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string_view>
 
-#include "CorvaleKit/base/Memory.h"
+#include "CorvaleKit/engine/DistinctValues.h"
 #include "CorvaleKit/text/Text.h"
 #include "CorvaleKit/text/Utf8.h"
 
@@ -63,7 +59,7 @@ std::vector<SharedColumn> sharedColumns(const DataTable& before, const DataTable
 
 bool isWordCharacter(std::string_view character) {
     const char32_t scalar = Utf8::scalarAt(character, 0).value;
-    return scalar == '#' || Text::isLetter(scalar) || Text::isDigit(scalar);
+    return character == "#" || Text::isLetter(scalar) || Text::isDigit(scalar);
 }
 
 bool isKeyWord(std::string_view word) { return std::find(keyWords.begin(), keyWords.end(), word) != keyWords.end(); }
@@ -87,56 +83,9 @@ bool looksLikeKeyName(std::string_view header) {
 
 std::size_t sampledRows(const DataTable& table) { return std::min(table.rows().size(), sampleRows); }
 
-// A filled cell, trimmed. A text of up to 16 bytes is held itself, so that equal ones are told without a look at the
-// cells; of a longer one its place.
-class Value {
-public:
-    // Reads 16 bytes from the start of the text on, which every cell of a table allows.
-    explicit Value(std::string_view text) {
-        if (text.size() > sizeof m_words) {
-            m_words = std::bit_cast<Words>(text);
-            m_hash = truncated(absl::HashOf(absl::string_view(text.data(), text.size())));
-            return;
-        }
-        // A window over this keeps as many bytes as the text has.
-        static constexpr auto masks = [] {
-            std::array<unsigned char, 2 * sizeof(Words)> bytes{};
-            std::fill_n(bytes.begin(), sizeof(Words), static_cast<unsigned char>(0xFF));
-            return bytes;
-        }();
-        Words mask{};
-        std::memcpy(mask.data(), masks.data() + sizeof mask - text.size(), sizeof mask);
-        std::memcpy(m_words.data(), text.data(), sizeof m_words);
-        m_words[0] &= mask[0];
-        m_words[1] &= mask[1];
-        m_size = static_cast<std::uint32_t>(text.size());
-        m_hash = truncated(absl::HashOf(m_words[0], m_words[1], m_size));
-    }
-
-    std::uint32_t hash() const { return m_hash; }
-
-    friend bool operator==(const Value& a, const Value& b) {
-        return a.m_size == b.m_size && (a.m_words == b.m_words || (a.m_size == isLong && a.longText() == b.longText()));
-    }
-
-private:
-    using Words = std::array<std::uint64_t, 2>;
-    static_assert(sizeof(Words) == sizeof(std::string_view));
-    static constexpr std::uint32_t isLong = ~std::uint32_t{0};
-
-    static std::uint32_t truncated(std::size_t hash) { return static_cast<std::uint32_t>(hash); }
-    std::string_view longText() const { return std::bit_cast<std::string_view>(m_words); }
-
-    Words m_words{};
-    std::uint32_t m_size = isLong;
-    std::uint32_t m_hash = 0;
-};
-
-using Values = std::vector<Value>;
-
 // The values of some columns of a table, each in row order. Rows are walked once, since that is how they lie in memory.
-std::vector<Values> valuesOf(const DataTable& table, const std::vector<std::size_t>& columns) {
-    std::vector<Values> values(columns.size());
+std::vector<CellValues> valuesOf(const DataTable& table, const std::vector<std::size_t>& columns) {
+    std::vector<CellValues> values(columns.size());
     // Two Before columns may share an After column, so a column can stand at several places.
     std::vector<std::vector<std::size_t>> placesByColumn(table.headers().size());
     for (std::size_t place = 0; place < columns.size(); ++place) {
@@ -166,49 +115,9 @@ std::vector<Values> valuesOf(const DataTable& table, const std::vector<std::size
     return values;
 }
 
-// Numbers distinct values in order of first appearance. Open addressing over 8 bytes a slot, so that a column's table
-// stays in the cache and the next values' slots can be fetched ahead.
-class DistinctValues {
-public:
-    // Forgets all values and makes room for as many; the memory is used again.
-    void reset(std::size_t expected) {
-        m_slots.assign(std::bit_ceil(2 * expected), Slot{});
-        m_values.clear();
-    }
-
-    std::size_t size() const { return m_values.size(); }
-
-    void prefetch(const Value& value) const { Memory::prefetch(&m_slots[slotOf(value.hash())]); }
-
-    std::uint32_t insert(const Value& value) {
-        for (std::size_t i = slotOf(value.hash());; i = (i + 1) & (m_slots.size() - 1)) {
-            Slot& slot = m_slots[i];
-            if (slot.number == 0) {
-                m_values.push_back(value);
-                slot = {value.hash(), static_cast<std::uint32_t>(m_values.size())};
-                return slot.number - 1;
-            }
-            if (slot.hash == value.hash() && m_values[slot.number - 1] == value) {
-                return slot.number - 1;
-            }
-        }
-    }
-
-private:
-    struct Slot {
-        std::uint32_t hash = 0;
-        std::uint32_t number = 0;  // 1-based; 0: free
-    };
-
-    std::size_t slotOf(std::uint32_t hash) const { return hash & (m_slots.size() - 1); }
-
-    std::vector<Slot> m_slots;  // a power of two, at most half full
-    Values m_values;
-};
-
 // Calls visit(number) for each value, in order.
 template <typename Visit>
-void insertAll(DistinctValues& distinct, const Values& values, Visit visit) {
+void insertAll(DistinctValues& distinct, const CellValues& values, Visit visit) {
     constexpr std::size_t ahead = 12;
     for (std::size_t i = 0; i < values.size(); ++i) {
         if (i + ahead < values.size()) {
@@ -225,7 +134,7 @@ struct Counts {
     std::size_t common = 0;
 };
 
-Counts countDistinct(DistinctValues& distinct, const Values& before, const Values& after) {
+Counts countDistinct(DistinctValues& distinct, const CellValues& before, const CellValues& after) {
     Counts counts;
     distinct.reset(before.size() + after.size());
     insertAll(distinct, before, [](std::uint32_t) {});
@@ -268,7 +177,7 @@ public:
     }
 
 private:
-    Candidate candidate(std::size_t column, const Values& before, const Values& after) {
+    Candidate candidate(std::size_t column, const CellValues& before, const CellValues& after) {
         const Counts counts = countDistinct(m_distinct, before, after);
         const double fill =
             std::min(ratio(before.size(), sampledRows(m_before)), ratio(after.size(), sampledRows(m_after)));
