@@ -1,10 +1,13 @@
 #include "CorvaleKit/engine/BestAlignment.h"
 
 #include <absl/container/flat_hash_map.h>
+#include <absl/strings/string_view.h>
 
 #include <algorithm>
 #include <limits>
-#include <string_view>
+#include <numeric>
+
+#include "CorvaleKit/engine/StoredPositions.h"
 
 namespace corvale {
 
@@ -53,33 +56,60 @@ void BestAlignment::weighColumnByColumn(const RowStretch& stretch) {
     for (std::uint32_t row = stretch.afterBegin; row < stretch.afterEnd; ++row) {
         m_afterRows.push_back(m_after.row(row));
     }
-    m_weights.resize(m_beforeRows.size() * m_afterRows.size());
-    for (std::size_t position = 0; position < m_similarity.columnCount(); ++position) {
+    const auto positions = comparedPositions();
+    // Where none of the rows has a cell, all of them are equal.
+    const auto emptyColumns = m_similarity.columnCount() - positions.size();
+    m_weights.assign(m_beforeRows.size() * m_afterRows.size(), static_cast<std::int32_t>(emptyColumns));
+    for (const std::size_t position : positions) {
         m_meter.spend(m_weights.size());
         internColumn(position);
-        std::int32_t* equalCells = m_weights.data();
-        for (const std::uint32_t beforeId : m_beforeIds) {
-            for (const std::uint32_t afterId : m_afterIds) {
-                *equalCells++ += beforeId == afterId ? 1 : 0;
-            }
-        }
+        countEqualCells();
     }
     for (std::int32_t& value : m_weights) {
         value = weight(static_cast<std::size_t>(value));
     }
 }
 
+std::vector<std::size_t> BestAlignment::comparedPositions() const {
+    const auto isThin = [](const ComparisonTexts::Row& row) { return row.isThin(); };
+    if (std::all_of(m_beforeRows.begin(), m_beforeRows.end(), isThin) &&
+        std::all_of(m_afterRows.begin(), m_afterRows.end(), isThin)) {
+        StoredPositions stored;
+        for (const auto* rows : {&m_beforeRows, &m_afterRows}) {
+            for (const auto& row : *rows) {
+                stored.add(row);
+            }
+        }
+        return stored.sorted();
+    }
+    std::vector<std::size_t> all(m_similarity.columnCount());
+    std::iota(all.begin(), all.end(), std::size_t{0});
+    return all;
+}
+
+void BestAlignment::countEqualCells() {
+    std::int32_t* equalCells = m_weights.data();
+    for (const std::uint32_t beforeId : m_beforeIds) {
+        for (const std::uint32_t afterId : m_afterIds) {
+            *equalCells++ += beforeId == afterId ? 1 : 0;
+        }
+    }
+}
+
 void BestAlignment::internColumn(std::size_t position) {
     constexpr std::uint32_t onlyInBefore = std::numeric_limits<std::uint32_t>::max();
-    absl::flat_hash_map<std::string_view, std::uint32_t> ids;
+    const auto text = [position](const ComparisonTexts::Row& row) {
+        return absl::string_view(row[position].data(), row[position].size());
+    };
+    absl::flat_hash_map<absl::string_view, std::uint32_t> ids;
     ids.reserve(m_afterRows.size());
     m_afterIds.clear();
     for (const auto& row : m_afterRows) {
-        m_afterIds.push_back(ids.try_emplace(row[position], static_cast<std::uint32_t>(ids.size())).first->second);
+        m_afterIds.push_back(ids.try_emplace(text(row), static_cast<std::uint32_t>(ids.size())).first->second);
     }
     m_beforeIds.clear();
     for (const auto& row : m_beforeRows) {
-        const auto known = ids.find(row[position]);
+        const auto known = ids.find(text(row));
         m_beforeIds.push_back(known == ids.end() ? onlyInBefore : known->second);
     }
 }

@@ -28,7 +28,9 @@ private:
 
     void weighRowByRow(const RowStretch& stretch);
     void weighColumnByColumn(const RowStretch& stretch);
+    std::vector<std::size_t> comparedPositions() const;
     void internColumn(std::size_t position);
+    void countEqualCells();
     std::int32_t weight(std::size_t equalCells) const;
     void findTotals(std::size_t beforeCount, std::size_t afterCount);
     void collect(RowStretch stretch, std::vector<RowPair>& pairs) const;

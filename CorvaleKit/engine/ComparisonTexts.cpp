@@ -69,9 +69,9 @@ std::string_view ComparisonTexts::Row::rewrittenOrCell(std::size_t position) con
             return text.position < wanted;
         });
     if (found == m_rewritten.end() || found->position != position) {
-        return m_cells[(*m_columns)[position]];
+        return m_cells[m_texts->m_columns[position]];
     }
-    return std::string_view(*m_texts).substr(found->offset, found->length);
+    return std::string_view(m_texts->m_texts).substr(found->offset, found->length);
 }
 
 }  // namespace corvale

@@ -11,6 +11,7 @@
 #include "CorvaleKit/engine/ComparisonTexts.h"
 #include "CorvaleKit/engine/KeyMatching.h"
 #include "CorvaleKit/engine/Normalizer.h"
+#include "CorvaleKit/engine/RowComparison.h"
 #include "CorvaleKit/engine/RowOrderAlignment.h"
 
 namespace corvale::DiffEngine {
@@ -39,55 +40,6 @@ ComparedColumns comparedColumns(const std::vector<ColumnPair>& columns) {
     }
     return compared;
 }
-
-// Finds the positions in which two rows differ.
-class RowComparison {
-public:
-    RowComparison(const ComparisonTexts& before, const ComparisonTexts& after) : m_before(before), m_after(after) {}
-
-    // Calls visit(position) in ascending order.
-    template <typename Visit>
-    void forEachDifference(RowPair pair, Visit visit) {
-        const auto left = m_before.row(pair.left);
-        const auto right = m_after.row(pair.right);
-        const std::size_t columns = m_before.columnCount();
-        if (left.cells().storedCells() + right.cells().storedCells() < columns / 2) {
-            collectPositions(left.cells(), right.cells());
-            for (const std::size_t position : m_positions) {
-                if (left[position] != right[position]) {
-                    visit(position);
-                }
-            }
-            return;
-        }
-        for (std::size_t position = 0; position < columns; ++position) {
-            if (left[position] != right[position]) {
-                visit(position);
-            }
-        }
-    }
-
-private:
-    // Of thin rows only the cells that one of them has can differ.
-    void collectPositions(const CellRow& left, const CellRow& right) {
-        m_positions.clear();
-        const auto collect = [&](const ComparisonTexts& texts, const CellRow& row) {
-            row.forEachStored([&](std::size_t column, std::string_view) {
-                if (texts.position(column) != ComparisonTexts::absent) {
-                    m_positions.push_back(texts.position(column));
-                }
-            });
-        };
-        collect(m_before, left);
-        collect(m_after, right);
-        std::sort(m_positions.begin(), m_positions.end());
-        m_positions.erase(std::unique(m_positions.begin(), m_positions.end()), m_positions.end());
-    }
-
-    const ComparisonTexts& m_before;
-    const ComparisonTexts& m_after;
-    std::vector<std::size_t> m_positions;
-};
 
 void count(DiffSummary& summary, DiffRow::Status status) {
     switch (status) {
@@ -183,14 +135,16 @@ private:
 
     void buildRows(const std::vector<RowPair>& pairs, const ComparisonTexts& before, const ComparisonTexts& after) {
         DiffRows::Builder rows(m_result.before, m_result.after, std::move(m_rowKeys), pairs.size());
-        RowComparison comparison(before, after);
+        RowComparison comparison;
         std::vector<std::int64_t> changes(m_result.columns.size(), 0);
         for (std::size_t i = 0; i < pairs.size(); ++i) {
             if (i % rowsPerPoll == 0) {
                 stopIfCancelled(m_callbacks.isCancelled);
             }
             if (pairs[i].hasLeft() && pairs[i].hasRight()) {
-                comparison.forEachDifference(pairs[i], [&](std::size_t position) {
+                const auto left = before.row(pairs[i].left);
+                const auto right = after.row(pairs[i].right);
+                comparison.forEachDifference(left, right, [&](std::size_t position) {
                     const std::int32_t column = m_compared.results[position];
                     rows.addChange(column, classify(pairs[i], position));
                     ++changes[static_cast<std::size_t>(column)];

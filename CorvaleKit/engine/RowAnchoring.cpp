@@ -51,12 +51,6 @@ public:
     }
 
 private:
-    // Rows of one side that the other side has, too.
-    struct SharedRows {
-        std::vector<std::uint32_t> rows;
-        std::vector<std::uint32_t> ids;
-    };
-
     RowStretch wholeTables() const {
         return {0, static_cast<std::uint32_t>(m_ids.before.size()), 0, static_cast<std::uint32_t>(m_ids.after.size())};
     }
@@ -74,8 +68,6 @@ private:
     std::vector<RowPoint> uniqueCommonRows();
     RowStretch splitAt(const std::vector<RowPoint>& chain, const RowStretch& stretch);
     void anchorUnchanged(const RowStretch& stretch);
-    SharedRows sharedRows(const std::vector<std::uint32_t>& ids, Tally::Side Tally::*otherSide, std::uint32_t begin,
-                          std::uint32_t end) const;
 
     const RowIds& m_ids;
     PollMeter& m_meter;
@@ -210,29 +202,16 @@ RowStretch Anchoring::splitAt(const std::vector<RowPoint>& chain, const RowStret
     return largest;
 }
 
-// Rows that the other side lacks are in no difference's unchanged part; without them it is found much sooner.
 void Anchoring::anchorUnchanged(const RowStretch& stretch) {
     if (stretch.rowCount() > RowDifference::longest) {
         return;
     }
     m_meter.poll();
-    const SharedRows before = sharedRows(m_ids.before, &Tally::after, stretch.beforeBegin, stretch.beforeEnd);
-    const SharedRows after = sharedRows(m_ids.after, &Tally::before, stretch.afterBegin, stretch.afterEnd);
-    for (const auto& [a, b] : m_difference.kept(before.ids, after.ids)) {
-        m_partners[before.rows[a]] = after.rows[b];
+    const auto before = std::span(m_ids.before).subspan(stretch.beforeBegin, stretch.beforeCount());
+    const auto after = std::span(m_ids.after).subspan(stretch.afterBegin, stretch.afterCount());
+    for (const auto& [a, b] : m_difference.kept(before, after)) {
+        m_partners[stretch.beforeBegin + a] = stretch.afterBegin + b;
     }
-}
-
-Anchoring::SharedRows Anchoring::sharedRows(const std::vector<std::uint32_t>& ids, Tally::Side Tally::*otherSide,
-                                            std::uint32_t begin, std::uint32_t end) const {
-    SharedRows shared;
-    for (std::uint32_t row = begin; row < end; ++row) {
-        if ((m_tallies[ids[row]].*otherSide).count > 0) {
-            shared.rows.push_back(row);
-            shared.ids.push_back(ids[row]);
-        }
-    }
-    return shared;
 }
 
 }  // namespace

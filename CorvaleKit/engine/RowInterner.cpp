@@ -1,165 +1,162 @@
 #include "CorvaleKit/engine/RowInterner.h"
 
 #include <absl/container/flat_hash_set.h>
-#include <absl/hash/hash.h>
-#include <absl/strings/string_view.h>
 
 #include <algorithm>
 #include <array>
-#include <string>
-#include <string_view>
+#include <limits>
 
 #include "CorvaleKit/base/Memory.h"
+#include "CorvaleKit/base/Require.h"
 #include "CorvaleKit/engine/Callbacks.h"
+#include "CorvaleKit/engine/RowComparison.h"
 
 namespace corvale {
-
-namespace {
-
-// The text of a row: the cell itself where there is one column, else joined in `scratch`.
-std::string_view joined(const ComparisonTexts::Row& row, std::string& scratch) {
-    const std::size_t columns = row.size();
-    if (columns == 1) {
-        return row[0];
-    }
-    scratch.clear();
-    for (std::size_t position = 0; position < columns; ++position) {
-        if (position > 0) {
-            scratch += RowInterner::separator;
-        }
-        scratch += row[position];
-    }
-    return scratch;
-}
-
-// The same as joined(row) == text, without joining.
-bool hasJoinedText(const ComparisonTexts::Row& row, std::string_view text) {
-    for (std::size_t position = 0; position < row.size(); ++position) {
-        if (position > 0) {
-            if (text.empty() || text.front() != RowInterner::separator) {
-                return false;
-            }
-            text.remove_prefix(1);
-        }
-        const std::string_view cell = row[position];
-        if (text.substr(0, cell.size()) != cell) {
-            return false;
-        }
-        text.remove_prefix(cell.size());
-    }
-    return text.empty();
-}
-
-}  // namespace
 
 // The set holds ids; an id's text is read from the first row that had it.
 class RowInterner::Index {
 public:
-    // Looking up so many rows at once lets their cache misses overlap.
-    static constexpr std::size_t batchSize = 32;
-    static_assert(rowsPerPoll % batchSize == 0);
-
     Index(const ComparisonTexts& before, const ComparisonTexts& after)
         : m_before(before), m_after(after), m_ids(0, Hash{this}, Equal{this}) {
-        m_ids.reserve(before.rowCount());
-        m_firstRows.reserve(before.rowCount());
+        CORVALE_REQUIRE(before.columnCount() == after.columnCount(), "rows with other numbers of columns are compared");
+        CORVALE_REQUIRE(before.rowCount() + after.rowCount() < std::numeric_limits<std::uint32_t>::max(),
+                        "two tables have more than four thousand million rows");
+        m_ids.reserve(before.rowCount() + after.rowCount());
+        m_firsts.reserve(before.rowCount());
     }
 
-    std::vector<std::uint32_t> intern(const ComparisonTexts& texts, const std::function<void(std::size_t)>& onRow) {
+    // Hashes a block of rows before it looks the first one up, so that the places in the set, all over the memory, are
+    // on their way when they are needed.
+    std::vector<std::uint32_t> internBefore(const std::function<void(std::size_t)>& onRow) {
         std::vector<std::uint32_t> ids;
-        ids.reserve(texts.rowCount());
-        for (std::size_t start = 0; start < texts.rowCount(); start += batchSize) {
-            if (start % rowsPerPoll == 0 && onRow) {
-                onRow(start);
+        ids.reserve(m_before.rowCount());
+        std::array<std::size_t, rowsPerBlock> hashes;
+        for (std::size_t begin = 0; begin < m_before.rowCount(); begin += rowsPerBlock) {
+            callEvery4096th(begin, onRow);
+            const std::size_t end = std::min(begin + rowsPerBlock, m_before.rowCount());
+            prefetchCells(m_before, end);
+            for (std::size_t row = begin; row < end; ++row) {
+                const auto texts = m_before.row(row);
+                hashes[row - begin] = m_joinedText.hash(texts);
+                m_ids.prefetch(Candidate{hashes[row - begin], texts});
             }
-            const std::size_t count = std::min(batchSize, texts.rowCount() - start);
-            prefetchRows(texts, start + batchSize);
-            for (std::size_t i = 0; i < count; ++i) {
-                m_batch[i].text = joined(texts.row(start + i), m_batch[i].scratch);
-                m_batch[i].hash = hashOf(m_batch[i].text);
-                m_ids.prefetch(m_batch[i]);
-            }
-            for (std::size_t i = 0; i < count; ++i) {
-                ids.push_back(idOf(m_batch[i], static_cast<std::uint32_t>(start + i)));
+            for (std::size_t row = begin; row < end; ++row) {
+                ids.push_back(idOf({hashes[row - begin], m_before.row(row)}, row));
             }
         }
-        return ids;
-    }
-
-    std::vector<std::uint32_t> internBefore(const std::function<void(std::size_t)>& onRow) {
-        auto ids = intern(m_before, onRow);
-        m_beforeIds = m_firstRows.size();
+        m_beforeIdCount = m_firsts.size();
+        m_beforeIds = ids;
         return ids;
     }
 
     std::vector<std::uint32_t> internAfter(const std::function<void(std::size_t)>& onRow) {
-        return intern(m_after, onRow);
+        std::vector<std::uint32_t> ids;
+        ids.reserve(m_after.rowCount());
+        for (std::size_t row = 0; row < m_after.rowCount(); ++row) {
+            callEvery4096th(row, onRow);
+            ids.push_back(idOfAfterRow(row));
+        }
+        return ids;
     }
 
     std::optional<std::uint32_t> find(std::string_view text) const {
-        const auto found = m_ids.find(Probe{text, hashOf(text), {}});
+        const auto found = m_ids.find(Text{JoinedText::hash(text), text});
         return found == m_ids.end() ? std::nullopt : std::optional(*found);
     }
 
-    std::size_t idCount() const { return m_firstRows.size(); }
+    std::size_t idCount() const { return m_firsts.size(); }
 
 private:
-    // A text to look up, hashed once.
-    struct Probe {
-        std::string_view text;
-        std::size_t hash = 0;
-        std::string scratch;  // holds the text of a row with several columns
-    };
+    static constexpr std::size_t rowsPerBlock = 32;
+    static_assert(rowsPerPoll % rowsPerBlock == 0);
 
-    static std::size_t hashOf(std::string_view text) {
-        return absl::HashOf(absl::string_view(text.data(), text.size()));
-    }
+    struct First {
+        std::size_t hash = 0;
+        std::uint32_t row = 0;
+    };
+    struct Text {
+        std::size_t hash = 0;
+        std::string_view joined;
+    };
+    struct Candidate {
+        std::size_t hash = 0;
+        ComparisonTexts::Row row;
+    };
 
     struct Hash {
         using is_transparent = void;
         const Index* index;
-        std::size_t operator()(const Probe& probe) const { return probe.hash; }
-        std::size_t operator()(std::uint32_t id) const {
-            std::string scratch;
-            return hashOf(joined(index->firstRow(id), scratch));
-        }
+        std::size_t operator()(std::uint32_t id) const { return index->m_firsts[id].hash; }
+        std::size_t operator()(const Text& text) const { return text.hash; }
+        std::size_t operator()(const Candidate& candidate) const { return candidate.hash; }
     };
 
     struct Equal {
         using is_transparent = void;
         const Index* index;
         bool operator()(std::uint32_t a, std::uint32_t b) const { return a == b; }
-        bool operator()(std::uint32_t id, const Probe& probe) const {
-            return hasJoinedText(index->firstRow(id), probe.text);
+        bool operator()(std::uint32_t id, const Text& text) const {
+            return index->m_firsts[id].hash == text.hash && JoinedText::isEqual(index->firstRow(id), text.joined);
         }
+        bool operator()(std::uint32_t id, const Candidate& candidate) const { return index->isSame(id, candidate); }
     };
 
-    // The cells of the next batch.
-    static void prefetchRows(const ComparisonTexts& texts, std::size_t start) {
-        const std::size_t end = std::min(start + batchSize, texts.rowCount());
-        for (std::size_t row = start; texts.columnCount() == 1 && row < end; ++row) {
+    static void callEvery4096th(std::size_t row, const std::function<void(std::size_t)>& onRow) {
+        if (row % rowsPerPoll == 0 && onRow) {
+            onRow(row);
+        }
+    }
+
+    // Those of the next block, where a row is no more than one of them.
+    static void prefetchCells(const ComparisonTexts& texts, std::size_t begin) {
+        const std::size_t end = std::min(begin + rowsPerBlock, texts.rowCount());
+        for (std::size_t row = begin; texts.columnCount() == 1 && row < end; ++row) {
             Memory::prefetch(texts.row(row)[0].data());
         }
     }
 
-    std::uint32_t idOf(const Probe& probe, std::uint32_t row) {
-        const auto next = static_cast<std::uint32_t>(m_firstRows.size());
-        const auto found = m_ids.lazy_emplace(probe, [&](const auto& construct) { construct(next); });
+    // Most rows of an edited table follow the row that they followed before: one comparison then saves hashing the row
+    // and jumping about in the set.
+    std::uint32_t idOfAfterRow(std::size_t index) {
+        const auto row = m_after.row(index);
+        if (m_likelyRow < m_beforeIds.size() && m_comparison.isSame(m_before.row(m_likelyRow), row)) {
+            return m_beforeIds[m_likelyRow++];
+        }
+        const std::uint32_t id = idOf({m_joinedText.hash(row), row}, index);
+        m_likelyRow = id < m_beforeIdCount ? m_firsts[id].row + std::size_t{1} : m_likelyRow + 1;
+        return id;
+    }
+
+    std::uint32_t idOf(const Candidate& candidate, std::size_t index) {
+        const auto next = static_cast<std::uint32_t>(m_firsts.size());
+        const auto found = m_ids.lazy_emplace(candidate, [&](const auto& construct) { construct(next); });
         if (*found == next) {
-            m_firstRows.push_back(row);
+            m_firsts.push_back({candidate.hash, static_cast<std::uint32_t>(index)});
         }
         return *found;
     }
 
+    // Rows with different cells can still join to one text, when a cell holds a separator itself.
+    bool isSame(std::uint32_t id, const Candidate& candidate) const {
+        if (m_firsts[id].hash != candidate.hash) {
+            return false;
+        }
+        const auto first = firstRow(id);
+        return m_comparison.isSame(first, candidate.row) || JoinedText::isEqual(first, candidate.row);
+    }
+
     ComparisonTexts::Row firstRow(std::uint32_t id) const {
-        return (id < m_beforeIds ? m_before : m_after).row(m_firstRows[id]);
+        return (id < m_beforeIdCount ? m_before : m_after).row(m_firsts[id].row);
     }
 
     const ComparisonTexts& m_before;
     const ComparisonTexts& m_after;
-    std::size_t m_beforeIds = static_cast<std::size_t>(-1);  // ids below it were first seen in Before
-    std::vector<std::uint32_t> m_firstRows;                  // by id
-    std::array<Probe, batchSize> m_batch;
+    std::size_t m_beforeIdCount = std::numeric_limits<std::size_t>::max();  // ids below it were first seen in Before
+    std::vector<std::uint32_t> m_beforeIds;
+    std::size_t m_likelyRow = 0;  // the Before row that the next After row probably repeats
+    std::vector<First> m_firsts;  // by id
+    JoinedText m_joinedText;
+    mutable RowComparison m_comparison;
     absl::flat_hash_set<std::uint32_t, Hash, Equal> m_ids;
 };
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "CorvaleKit/engine/ComparisonTexts.h"
+#include "CorvaleKit/engine/JoinedText.h"
 
 namespace corvale {
 
@@ -16,9 +17,9 @@ namespace corvale {
 // integers from then on. A row's text is its comparison texts joined with U+001F.
 class RowInterner {
 public:
-    static constexpr char separator = '\x1F';
+    static constexpr char separator = JoinedText::separator;
 
-    // Both texts outlive the interner.
+    // Both texts have the same number of columns and outlive the interner.
     RowInterner(const ComparisonTexts& before, const ComparisonTexts& after);
     RowInterner(const RowInterner&) = delete;
     RowInterner& operator=(const RowInterner&) = delete;
