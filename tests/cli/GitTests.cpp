@@ -80,11 +80,29 @@ TEST_F(InARepository, TextconvShowsWorkbooksARowALine) {
 
 TEST_F(InARepository, TextconvOfTheRowsAloneShowsNothingElse) {
     m_folder.write(".gitattributes", "*.xlsx diff=corvale\n");
-    git({"config", "diff.corvale.textconv", R"(f() { corvale-cli table "$1" | sed '/^"sourceName"/,$d'; }; f)"});
+    git({"config", "diff.corvale.textconv", R"(f() { corvale-cli table "$1" | sed "/^\"sourceName\"/,\$d"; }; f)"});
     const std::string output = git({"diff", "-U0", "HEAD~1", "--", "people.xlsx"}).output;
     EXPECT_NE(output.find("\n-[\"1\",\"Ann\"],\n+[\"1\",\"Anna\"],\n"), std::string::npos) << output;
     EXPECT_EQ(output.find("sourceName"), std::string::npos) << output;
     EXPECT_EQ(output.find("topRows"), std::string::npos) << output;
+}
+
+TEST_F(InARepository, WordsOfTextconvAreCells) {
+    m_folder.write(".gitattributes", "*.xlsx diff=corvale\n");
+    git({"config", "diff.corvale.textconv", "corvale-cli table"});
+    const std::string output =
+        git({"diff", R"(--word-diff-regex="[^"]*")", "--word-diff=plain", "HEAD~1", "--", "people.xlsx"}).output;
+    EXPECT_NE(output.find(R"(["1",[-"Ann"-]{+"Anna"+}],)"), std::string::npos) << output;
+}
+
+TEST_F(InARepository, AFileThatIsNewStopsNothing) {
+    m_folder.write(".gitattributes", "*.csv diff=corvale\n");
+    git({"config", "diff.corvale.command", R"(f() { corvale-cli compare "$2" "$5"; :; }; f)"});
+    m_folder.write("new.csv", "A\n1\n");
+    git({"add", "new.csv"});
+    const ProcessResult result = git({"--no-pager", "diff", "HEAD~1"});
+    EXPECT_EQ(result.error, "corvale-cli: “/dev/null” is a device, not a file.\n");
+    EXPECT_NE(result.output.find("~ A-1  row 2\n"), std::string::npos) << result.output;
 }
 
 TEST_F(InARepository, ADiffDriverComparesInGitDiff) {

@@ -123,9 +123,9 @@ TEST_F(InterruptedComparison, EndsWithStatus130InAnyPhase) {
         std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
         process->send(SIGINT);
         const ProcessResult result = process->finish();
-        // A fast machine may have been done before.
-        EXPECT_TRUE(result.status == 130 || result.status == 1) << milliseconds << ": " << result.status;
-        EXPECT_EQ(result.output.empty(), result.status == 130);
+        // A fast machine may have been done before, a slow one may not have come to its own handling of signals.
+        EXPECT_TRUE(result.status == 130 || result.status == 1 || result.signal == SIGINT) << milliseconds;
+        EXPECT_EQ(result.output.empty(), result.status != 1);
         EXPECT_EQ(result.error, "");
     }
 }
