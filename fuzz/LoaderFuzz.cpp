@@ -15,7 +15,7 @@ namespace {
 
 using corvale::DataTable;
 
-constexpr std::array<std::string_view, 8> names = {"a.csv",     "a.tsv", "a.xlsx", "A.XLSX",
+constexpr std::array<std::string_view, 8> fileNames = {"a.csv",     "a.tsv", "a.xlsx", "A.XLSX",
                                                    "a.numbers", "a.xls", ".xls",   ""};
 
 void requireUniqueNames(const DataTable& table) {
@@ -58,7 +58,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size < 3) {
         return 0;
     }
-    const std::string_view name = names[data[0] % names.size()];
+    const std::string_view name = fileNames[data[0] % fileNames.size()];
     const std::int64_t sheet = data[1] % 4 - 1;
     const auto headerRow = data[2] == 0 ? std::nullopt : std::optional<std::int64_t>(data[2]);
     const std::string_view bytes(reinterpret_cast<const char*>(data) + 3, size - 3);

@@ -55,7 +55,7 @@ std::vector<std::uint32_t> nonBlankPositions(const CellRows& rows) {
 // The entry of `nonBlank` that a 1-based source row number stands for.
 std::size_t chosenPosition(const std::vector<std::uint32_t>& nonBlank, std::int64_t headerRow) {
     const auto found = std::lower_bound(nonBlank.begin(), nonBlank.end(), std::max<std::int64_t>(headerRow, 1) - 1);
-    return static_cast<std::size_t>(found == nonBlank.end() ? nonBlank.size() - 1 : found - nonBlank.begin());
+    return std::min(static_cast<std::size_t>(found - nonBlank.begin()), nonBlank.size() - 1);
 }
 
 std::size_t largestWidth(const CellRows& rows, const std::vector<std::uint32_t>& positions) {

@@ -54,6 +54,37 @@ void appendLowercasedScalar(std::string& target, char32_t scalar) {
     Utf8::append(target, static_cast<char32_t>(utf8proc_tolower(static_cast<utf8proc_int32_t>(scalar))));
 }
 
+// True when the text is ASCII throughout.
+bool lowercaseAscii(char* text, std::size_t size) {
+    unsigned char allBits = 0;
+    for (std::size_t i = 0; i < size; ++i) {
+        allBits |= static_cast<unsigned char>(text[i]);
+        text[i] = asciiLowercased(text[i]);
+    }
+    return allBits < 0x80;
+}
+
+// Lower-cases as far as every scalar keeps its number of bytes, as nearly all do; returns where that ends.
+std::size_t lowercaseInPlace(char* text, std::size_t size) {
+    if (lowercaseAscii(text, size)) {
+        return size;
+    }
+    const std::string_view view(text, size);
+    std::string lower;
+    std::size_t i = Utf8::asciiEnd(view, 0);
+    while (i < size) {
+        const auto scalar = Utf8::scalarAt(view, i);
+        lower.clear();
+        appendLowercasedScalar(lower, scalar.value);
+        if (lower.size() != scalar.length) {
+            return i;
+        }
+        lower.copy(text + i, lower.size());
+        i = Utf8::asciiEnd(view, i + scalar.length);
+    }
+    return size;
+}
+
 // Steps over a text character by character.
 class CharacterWalk {
 public:
@@ -142,16 +173,12 @@ std::string lowercased(std::string_view text) {
 void appendLowercased(std::string& target, std::string_view text) {
     const std::size_t start = target.size();
     target.append(text);
-    unsigned char allBits = 0;
-    for (std::size_t i = start; i < target.size(); ++i) {
-        allBits |= static_cast<unsigned char>(target[i]);
-        target[i] = asciiLowercased(target[i]);
-    }
-    if (allBits < 0x80) {
+    const std::size_t done = lowercaseInPlace(target.data() + start, text.size());
+    if (done == text.size()) {
         return;
     }
-    target.resize(start);
-    for (std::size_t i = 0; i < text.size();) {
+    target.resize(start + done);
+    for (std::size_t i = done; i < text.size();) {
         const auto scalar = Utf8::scalarAt(text, i);
         appendLowercasedScalar(target, scalar.value);
         i += scalar.length;

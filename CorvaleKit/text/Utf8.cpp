@@ -64,7 +64,8 @@ std::size_t wellFormedLength(std::string_view text, std::size_t position, const 
     return got;
 }
 
-// Where the run of ASCII bytes from `position` ends.
+}  // namespace
+
 std::size_t asciiEnd(std::string_view text, std::size_t position) {
     constexpr std::uint64_t highBits = 0x8080808080808080U;
     while (position + 32 <= text.size()) {
@@ -80,8 +81,6 @@ std::size_t asciiEnd(std::string_view text, std::size_t position) {
     }
     return position;
 }
-
-}  // namespace
 
 bool isAscii(std::string_view text) { return asciiEnd(text, 0) == text.size(); }
 

@@ -15,6 +15,9 @@ struct Scalar {
 
 bool isAscii(std::string_view text);
 
+// Where the run of ASCII bytes from `position` on ends; `position` is at most text.size().
+std::size_t asciiEnd(std::string_view text, std::size_t position);
+
 // True when every byte belongs to a well-formed sequence: no overlong forms, no surrogates, nothing above U+10FFFF.
 bool isValid(std::string_view text);
 
