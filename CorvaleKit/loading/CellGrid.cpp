@@ -55,7 +55,9 @@ std::size_t CellRow::sourceWidth() const {
     return m_sparse ? static_cast<std::size_t>(m_cells[m_stored - 2]) + 1 : m_stored;
 }
 
-std::size_t CellRow::storedWidth() const { return std::min(m_width, sourceWidth()); }
+std::size_t CellRow::storedWidth() const {
+    return std::min(m_width, sourceWidth());
+}
 
 std::string_view CellRow::sparseCell(std::size_t column) const {
     std::size_t low = 0;
