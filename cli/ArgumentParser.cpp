@@ -87,6 +87,8 @@ public:
         : m_app(program.add_subcommand(name, text(help))) {
         m_app->footer(text(footer));
         m_app->set_help_flag("--help,-h", "Print this help and end");
+        // The parser's own message about them gives them in the wrong order.
+        m_app->allow_extras();
     }
 
     bool isChosen() const { return m_app->parsed(); }
@@ -129,8 +131,8 @@ public:
 
 private:
     CLI::Option* m_file = file("FILE", "The workbook or text file");
-    CLI::Option* m_sheet = option("--sheet", "N|NAME", tableGroup, "The sheet, by number from 1 or by name");
-    CLI::Option* m_headerRow = option("--header-row", "N", tableGroup, "The row that holds the column names, from 1");
+    CLI::Option* m_sheet = option("--sheet", "N|NAME", tableGroup, "The sheet: a number from 1, or a name");
+    CLI::Option* m_headerRow = option("--header-row", "N", tableGroup, "The row of the column names, counted from 1");
 };
 
 class PairSubcommand : public Subcommand {
@@ -154,7 +156,7 @@ private:
     CLI::Option* m_before = file("BEFORE", "The older file");
     CLI::Option* m_after = file("AFTER", "The newer file");
     CLI::Option* m_sheet =
-        option("--sheet", "N|NAME", tableGroup, "The sheet of both files, by number from 1 or by name");
+        option("--sheet", "N|NAME", tableGroup, "The sheet of both files: a number from 1, or a name");
     CLI::Option* m_headerRow = option("--header-row", "N", tableGroup, "The row of the column names in both, from 1");
     CLI::Option* m_beforeSheet = option("--before-sheet", "N|NAME", tableGroup, "The sheet of BEFORE");
     CLI::Option* m_afterSheet = option("--after-sheet", "N|NAME", tableGroup, "The sheet of AFTER");
@@ -211,22 +213,22 @@ private:
     }
 
     CLI::Option* m_key =
-        repeatable("--key", "NAME", comparisonGroup, "Match rows by this column; several form one key together");
+        repeatable("--key", "NAME", comparisonGroup, "Match rows by this column; several make one key");
     CLI::Option* m_rowOrder = flag("--row-order", comparisonGroup, "Match rows by their order");
     CLI::Option* m_ignoreCase = flag("--ignore-case", comparisonGroup, "Letter case does not count");
-    CLI::Option* m_keepWhitespace = flag("--keep-whitespace", comparisonGroup, "Extra spaces count; else they do not");
+    CLI::Option* m_keepWhitespace =
+        flag("--keep-whitespace", comparisonGroup, "Spaces at the ends and doubled ones count");
     CLI::Option* m_ignoreNumberFormat =
         flag("--ignore-number-format", comparisonGroup, "Equal numbers are equal, however they are written");
     CLI::Option* m_byPosition = flag("--by-position", comparisonGroup, "Match columns by position, not by name");
     CLI::Option* m_ignoreColumn =
-        repeatable("--ignore-column", "NAME", comparisonGroup, "Show this column, but do not compare it (repeatable)");
-    CLI::Option* m_numberStyle = option("--number-style", "STYLE", comparisonGroup,
-                                        "How numbers are written: automatic (default), dotDecimal or commaDecimal");
-    CLI::Option* m_show =
-        option("--show", "ROWS", listGroup, "Which rows to list: all, changes (default), added, removed or changed");
+        repeatable("--ignore-column", "NAME", comparisonGroup, "Show this column, don’t compare it; repeatable");
+    CLI::Option* m_numberStyle =
+        option("--number-style", "STYLE", comparisonGroup, "automatic (default), dotDecimal or commaDecimal");
+    CLI::Option* m_show = option("--show", "ROWS", listGroup, "all, changes (default), added, removed or changed");
     CLI::Option* m_column = option("--column", "NAME", listGroup, "List only rows that changed in this column");
     CLI::Option* m_search = option("--search", "TEXT", listGroup, "List only rows in which all these words occur");
-    CLI::Option* m_format = option("--format", "FORMAT", listGroup, "What to print: text (default), summary or json");
+    CLI::Option* m_format = option("--format", "FORMAT", listGroup, "text (default), summary or json");
 };
 
 class Program {
@@ -235,7 +237,7 @@ public:
         m_app.set_help_flag("--help,-h", "Print this help and end");
         m_app.set_version_flag("--version", "corvale-cli " CORVALE_VERSION, "Print the version and end");
         m_app.footer(text(HelpTexts::programFooter));
-        m_app.get_formatter()->column_width(34);
+        m_app.get_formatter()->column_width(27);
         // What is no command shall be named as such, and not as an argument too many.
         m_app.prefix_command();
     }
@@ -249,8 +251,9 @@ public:
         } catch (const CLI::CallForVersion& version) {
             return PrintCommand{text(version.what()) + "\n"};
         } catch (const CLI::ParseError& error) {
-            throw UsageFailure(error.what());
+            throw usageFailure(text(error.what()));
         }
+        refuseExtras();
         return command();
     }
 
@@ -269,6 +272,20 @@ private:
             return m_compare.command();
         }
         throw noCommand();
+    }
+
+    UsageFailure usageFailure(const std::string& message) const {
+        const std::vector<CLI::App*> chosenCommands = m_app.get_subcommands();
+        const std::string command = chosenCommands.empty() ? "" : chosenCommands.front()->get_name() + " ";
+        return UsageFailure(message + "; see corvale-cli " + command + "--help");
+    }
+
+    void refuseExtras() const {
+        for (const CLI::App* subcommand : m_app.get_subcommands()) {
+            if (subcommand->remaining_size() > 0) {
+                throw usageFailure("“" + Utf8::repaired(subcommand->remaining().front()) + "” was not expected");
+            }
+        }
     }
 
     UsageFailure noCommand() const {

@@ -11,6 +11,8 @@ namespace {
 
 constexpr std::string_view arrow = " → ";
 constexpr std::size_t arrowWidth = 3;
+// Columns of a value, cut shorter than which it tells nothing.
+constexpr std::size_t leastShown = 8;
 
 std::string shownCell(std::string_view cell, ChangeKind kind) {
     if (kind == ChangeKind::whitespace) {
@@ -58,24 +60,25 @@ ShownChange::ShownChange(std::string_view beforeCell, std::string_view afterCell
 void addChange(TextLine& line, const ShownChange& change, std::size_t beforeWidth) {
     const std::size_t before = Text::displayWidth(change.before);
     const std::size_t after = Text::displayWidth(change.after);
-    const std::size_t needed = arrowWidth + after + change.note.size();
-    if (before + needed <= line.room()) {
+    // The note gives way when it would leave the values no room.
+    const std::size_t least = std::min(before, leastShown) + arrowWidth + std::min(after, leastShown);
+    const std::string_view note = least + change.note.size() <= line.room() ? std::string_view(change.note) : "";
+    const std::size_t fixed = arrowWidth + note.size();
+    const std::size_t room = line.room() > fixed ? line.room() - fixed : 2;
+    if (before + after <= room) {
         line.add(change.before, Ink::removed);
-        if (std::max(before, beforeWidth) + needed <= line.room() + before) {
-            line.add(std::string(std::max(before, beforeWidth) - before, ' '));
-        }
+        const std::size_t padding = std::max(before, beforeWidth) - before;
+        line.add(std::string(before + padding + after <= room ? padding : 0, ' '));
         line.add(arrow, Ink::faint);
         line.add(change.after, Ink::added);
     } else {
-        const std::size_t fixed = arrowWidth + change.note.size();
-        const std::size_t room = line.room() > fixed ? line.room() - fixed : 2;
         const Share share = shared(before, after, room);
         const auto pair = DisplayText::shortenedPair(change.before, change.after, share.before, share.after);
         line.add(pair.before, Ink::removed);
         line.add(arrow, Ink::faint);
         line.add(pair.after, Ink::added);
     }
-    line.add(change.note, Ink::faint);
+    line.add(note, Ink::faint);
 }
 
 }  // namespace corvale::Cli

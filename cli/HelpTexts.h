@@ -6,7 +6,7 @@
 namespace corvale::Cli::HelpTexts {
 
 inline constexpr std::string_view program =
-    "Compares two spreadsheets, cell by cell: Excel workbooks (.xlsx), CSV and TSV files.";
+    "Compares two spreadsheets, cell by cell: Excel workbooks, CSV and TSV files.";
 
 inline constexpr std::string_view programFooter =
     R"(Examples:
@@ -17,15 +17,14 @@ inline constexpr std::string_view programFooter =
 Exit status: 0 no differences, 1 differences, 2 trouble.
 )";
 
-inline constexpr std::string_view sheets =
-    "Prints the names of a workbook's sheets as a JSON array, empty for a text file.";
+inline constexpr std::string_view sheets = "Prints the names of a workbook’s sheets, as JSON.";
 
 inline constexpr std::string_view sheetsFooter =
     R"(Examples:
   corvale-cli sheets prices.xlsx
 )";
 
-inline constexpr std::string_view table = "Prints a table as it was read, as JSON: one row a line.";
+inline constexpr std::string_view table = "Prints a table as it was read, as JSON.";
 
 inline constexpr std::string_view tableFooter =
     R"(Examples:
@@ -34,9 +33,7 @@ inline constexpr std::string_view tableFooter =
   corvale-cli table prices.xlsx --sheet Stock --header-row 4
 )";
 
-inline constexpr std::string_view key =
-    "Prints, as JSON, which columns could tell the rows of both files apart, best first,\n"
-    "and the one that compare takes by itself.";
+inline constexpr std::string_view key = "Tells which columns could serve as the key, as JSON.";
 
 inline constexpr std::string_view keyFooter =
     R"(Examples:
@@ -44,8 +41,7 @@ inline constexpr std::string_view keyFooter =
   corvale-cli key old.xlsx new.xlsx --before-sheet 1 --after-sheet 2
 )";
 
-inline constexpr std::string_view compare =
-    "Lists the rows that were added, removed or changed, with each changed cell.";
+inline constexpr std::string_view compare = "Lists the rows that differ, with each changed cell.";
 
 inline constexpr std::string_view compareFooter =
     R"(Examples:

@@ -6,6 +6,7 @@
 
 #include "CorvaleKit/engine/EnumTexts.h"
 #include "CorvaleKit/engine/StoredForms.h"
+#include "CorvaleKit/loading/CellRowCoding.h"
 #include "cli/SummaryReport.h"
 
 namespace corvale::Cli::JsonReport {
@@ -43,11 +44,7 @@ void writeRows(JsonWriter& json, const CellRows& rows) {
     json.beginArray();
     for (const CellRow row : rows) {
         json.lineBreak();
-        json.beginArray();
-        for (const std::string_view cell : row) {
-            json.text(cell);
-        }
-        json.endArray();
+        writeCells(json, row);
     }
     json.endArray();
 }

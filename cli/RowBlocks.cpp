@@ -5,20 +5,17 @@
 #include "CorvaleKit/engine/KeyMatching.h"
 #include "CorvaleKit/text/Text.h"
 #include "cli/ChangeLine.h"
+#include "cli/ContentLines.h"
 #include "cli/DisplayText.h"
 
 namespace corvale::Cli {
 
 namespace {
 
-constexpr std::string_view indent = "    ";
 // Old values no wider than this line their arrows up; one long value would push all of them away.
 constexpr std::size_t widestAligned = 24;
 // Names no wider than this line their values up.
 constexpr std::size_t widestName = 32;
-// What an added or removed row holds is told in one line; no cell may take it all.
-constexpr std::size_t widestContent = 40;
-
 struct Mark {
     std::string_view sign;
     Ink ink = Ink::plain;
@@ -140,10 +137,10 @@ void RowBlocks::appendChanges(std::string& target, const DiffRow& row) const {
     for (std::size_t i = 0; i < shown.size(); ++i) {
         const std::string& name = m_names[static_cast<std::size_t>(row.changes[i].column)];
         TextLine line(target, m_style);
-        line.add(indent);
+        line.add(blockIndent);
         line.add(m_style.width ? DisplayText::shortened(name, m_nameWidth) : name);
         line.add(":", Ink::faint);
-        line.padTo(indent.size() + m_nameWidth + 2);
+        line.padTo(blockIndent.size() + m_nameWidth + 2);
         addChange(line, shown[i], beforeWidth);
         line.end();
     }
@@ -151,23 +148,15 @@ void RowBlocks::appendChanges(std::string& target, const DiffRow& row) const {
 
 void RowBlocks::appendContent(std::string& target, const DiffRow& row) const {
     const bool isAdded = row.status == DiffRow::Status::added;
-    TextLine line(target, m_style);
-    std::string_view separator = indent;
-    for (std::size_t i = 0; i < m_names.size() && line.room() > 1; ++i) {
+    ContentLines lines(target, m_style, markOf(row.status).ink);
+    for (std::size_t i = 0; i < m_names.size(); ++i) {
         const ColumnPair& column = m_result.columns[i];
         const std::string_view cell = isAdded ? m_result.cellAfter(row, column) : m_result.cellBefore(row, column);
-        if (m_isKeyColumn[i] || cell.empty()) {
-            continue;
+        if (!m_isKeyColumn[i] && !cell.empty() && !lines.add(m_names[i], DisplayText::printable(cell))) {
+            break;
         }
-        const std::string text = DisplayText::printable(cell);
-        line.addFitting(separator, Ink::faint);
-        line.addFitting(m_names[i] + ": ", Ink::faint);
-        line.addFitting(line.isLimited() ? DisplayText::shortened(text, widestContent) : text, markOf(row.status).ink);
-        separator = " · ";
     }
-    if (separator != indent) {
-        line.end();
-    }
+    lines.end();
 }
 
 }  // namespace corvale::Cli

@@ -1,8 +1,11 @@
 #include "cli/TextHeading.h"
 
+#include <algorithm>
+#include <array>
 #include <string_view>
 #include <vector>
 
+#include "CorvaleKit/text/Text.h"
 #include "cli/DisplayText.h"
 #include "cli/TextLine.h"
 
@@ -12,30 +15,43 @@ namespace {
 
 // The longest label and two spaces.
 constexpr std::size_t labelWidth = 9;
+// A path cut shorter tells nothing any more.
+constexpr std::size_t leastPathWidth = 16;
 
 std::string counted(std::size_t number, std::string_view one, std::string_view many) {
     return DisplayText::grouped(number) + " " + std::string(number == 1 ? one : many);
 }
 
-void appendFile(std::string& target, std::string_view label, const FileChoice& file, const DataTable& table,
-                const TextStyle& style) {
+std::string detailsOf(const FileChoice& file, const DataTable& table) {
+    const std::string sheet = file.sheet ? "sheet " + DisplayText::printable(*file.sheet) + ", " : "";
+    return sheet + counted(table.rows().size(), "row", "rows") + ", " +
+           counted(table.headers().size(), "column", "columns");
+}
+
+struct FileLine {
+    std::string_view label;
+    std::string path;
     std::string details;
-    if (file.sheet) {
-        details += "sheet " + DisplayText::printable(*file.sheet) + ", ";
+};
+
+// Paths go before details where a terminal has no room for both, and the ends of paths before their starts.
+void appendFiles(std::string& target, const std::array<FileLine, 2>& files, const TextStyle& style) {
+    const std::size_t detailsWidth =
+        2 + std::max(Text::displayWidth(files[0].details), Text::displayWidth(files[1].details));
+    const std::size_t pathWidth = std::max(Text::displayWidth(files[0].path), Text::displayWidth(files[1].path));
+    for (const FileLine& file : files) {
+        TextLine line(target, style);
+        line.add(file.label);
+        line.padTo(labelWidth);
+        const bool hasDetails = line.room() >= detailsWidth + std::min(pathWidth, leastPathWidth);
+        const std::size_t room = hasDetails ? line.room() - detailsWidth : line.room();
+        line.add(DisplayText::shortenedAtStart(file.path, room), Ink::strong);
+        if (hasDetails) {
+            line.padTo(labelWidth + std::min(pathWidth, room) + 2);
+            line.add(file.details, Ink::faint);
+        }
+        line.end();
     }
-    details +=
-        counted(table.rows().size(), "row", "rows") + ", " + counted(table.headers().size(), "column", "columns");
-    TextLine line(target, style);
-    line.add(label);
-    line.padTo(labelWidth);
-    const std::string path = DisplayText::printable(file.path);
-    const std::size_t room = line.room() > details.size() + 12 ? line.room() - details.size() - 2 : line.room();
-    line.add(DisplayText::shortenedAtStart(path, room), Ink::strong);
-    if (line.room() >= details.size() + 2) {
-        line.add("  ");
-        line.add(details, Ink::faint);
-    }
-    line.end();
 }
 
 // Pieces of one kind of fact, as many as the line holds.
@@ -76,15 +92,11 @@ std::string joinedNames(const std::vector<std::string>& names) {
 }
 
 void appendMatch(std::string& target, const DiffResult& result, const TextReportContext& context) {
-    FactLine line(target, "Rows", context.style);
+    FactLine line(target, "Matched", context.style);
     if (result.match.isKey()) {
-        line.add("matched by " + joinedNames(result.match.columns()) +
-                 (context.matchIsSuggested ? " (suggested)" : ""));
+        line.add("by " + joinedNames(result.match.columns()) + (context.matchIsSuggested ? " (suggested)" : ""));
     } else {
-        line.add("matched by their order");
-        if (context.matchIsSuggested) {
-            line.add("for want of a column that tells them apart");
-        }
+        line.add(context.matchIsSuggested ? "by row order, as no column tells the rows apart" : "by row order");
     }
     line.end();
 }
@@ -132,8 +144,11 @@ void appendOptions(std::string& target, const DiffResult& result, const TextStyl
 }  // namespace
 
 void appendHeading(std::string& target, const DiffResult& result, const TextReportContext& context) {
-    appendFile(target, "Before", context.files.before, result.before, context.style);
-    appendFile(target, "After", context.files.after, result.after, context.style);
+    const PairChoice& files = context.files;
+    appendFiles(target,
+                {{{"Before", DisplayText::printable(files.before.path), detailsOf(files.before, result.before)},
+                  {"After", DisplayText::printable(files.after.path), detailsOf(files.after, result.after)}}},
+                context.style);
     appendMatch(target, result, context);
     appendColumns(target, result, context.style);
     appendOptions(target, result, context.style);

@@ -12,7 +12,10 @@ namespace corvale::Cli {
 // What a piece of text means; colours follow from it.
 enum class Ink : std::uint8_t { plain, strong, faint, added, removed, changed };
 
-// Writes one line of a text for people and knows how much room is left on it.
+// Stands before what belongs to the line above.
+inline constexpr std::string_view blockIndent = "    ";
+
+// Writes lines of a text for people, one after the other, and knows how much room is left on the current one.
 class TextLine {
 public:
     // Both outlive the line.
@@ -24,7 +27,11 @@ public:
     void addFitting(std::string_view printable, Ink ink = Ink::plain);
     // Spaces up to that column, counted from 0.
     void padTo(std::size_t column);
-    void end() { m_target += '\n'; }
+    // What is added next begins another line.
+    void end() {
+        m_target += '\n';
+        m_used = 0;
+    }
 
     bool isLimited() const { return m_style.width.has_value(); }
     // Terminal columns left; more than any text has when lines are not limited.

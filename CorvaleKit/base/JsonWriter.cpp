@@ -1,5 +1,6 @@
 #include "CorvaleKit/base/JsonWriter.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -56,6 +57,27 @@ void JsonWriter::text(std::string_view value) {
     separate();
     quoted(value);
     finishValue();
+}
+
+void JsonWriter::emptyTexts(std::size_t count) {
+    static const std::string many = [] {
+        std::string texts;
+        for (std::size_t i = 0; i < 1000; ++i) {
+            texts += ",\"\"";
+        }
+        return texts;
+    }();
+    constexpr std::size_t length = 3;
+    if (count > 0 && !m_needsComma) {
+        text("");
+        --count;
+    }
+    while (count > 0) {
+        const std::size_t written = std::min(count, many.size() / length);
+        m_buffer.append(many, 0, written * length);
+        count -= written;
+        finishValue();
+    }
 }
 
 void JsonWriter::integer(std::int64_t value) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -27,6 +28,8 @@ public:
     void endArray();
     void key(std::string_view name);
     void text(std::string_view value);
+    // The same as text("") so many times.
+    void emptyTexts(std::size_t count);
     void integer(std::int64_t value);
     // The shortest text that reads back to the same double; null for infinities and NaN.
     void number(double value);

@@ -1,14 +1,15 @@
 #include "CorvaleKit/loading/DataTable.h"
 
-#include <limits>
 #include <nlohmann/json.hpp>
 
+#include <limits>
 #include <numeric>
 #include <utility>
 
 #include "CorvaleKit/base/Failures.h"
 #include "CorvaleKit/base/JsonWriter.h"
 #include "CorvaleKit/base/Require.h"
+#include "CorvaleKit/loading/CellRowCoding.h"
 
 namespace corvale {
 
@@ -90,11 +91,7 @@ std::string DataTable::encoded() const {
     json.key("rows");
     json.beginArray();
     for (const CellRow row : rows()) {
-        json.beginArray();
-        for (const std::string_view cell : row) {
-            json.text(cell);
-        }
-        json.endArray();
+        writeCells(json, row);
     }
     json.endArray();
     json.key("sourceName");

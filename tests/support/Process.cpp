@@ -118,8 +118,8 @@ Process::Process(const std::filesystem::path& program, std::vector<std::string> 
 
     arguments.insert(arguments.begin(), program.string());
     std::vector<std::string> environment = environmentFor(settings);
-    const int failure = ::posix_spawnp(&m_id, program.c_str(), &actions, &attributes, pointers(arguments).data(),
-                                       pointers(environment).data());
+    const int failure = ::posix_spawnp(
+        &m_id, program.c_str(), &actions, &attributes, pointers(arguments).data(), pointers(environment).data());
     ::posix_spawnattr_destroy(&attributes);
     ::posix_spawn_file_actions_destroy(&actions);
     ::close(output.theirs);

@@ -10,8 +10,8 @@
 #include "CorvaleKit/text/Text.h"
 #include "tests/support/SlowUtf8.h"
 
-// The reading of delimited text scalar by scalar, one state at a time: what the fast reader is held against, by the tests
-// and by the fuzz target.
+// The reading of delimited text scalar by scalar, one state at a time: what the fast reader is held against, by the
+// tests and by the fuzz target.
 namespace corvale::SlowCSV {
 
 using Rows = std::vector<std::vector<std::string>>;
@@ -120,7 +120,8 @@ inline bool looksLikeText(std::string_view text) {
         const std::string_view character = Text::firstCharacters(text, 1);
         for (const char32_t scalar : SlowUtf8::scalars(character)) {
             const bool isControl = scalar < 0x20 && scalar != U'\t' && scalar != U'\n' && scalar != U'\r';
-            const bool isSuspect = isControl || scalar == 0x7F || (scalar >= 0x80 && scalar <= 0x9F) || scalar == 0xFFFD;
+            const bool isSuspect =
+                isControl || scalar == 0x7F || (scalar >= 0x80 && scalar <= 0x9F) || scalar == 0xFFFD;
             suspects += isSuspect ? 1U : 0U;
             ++scalars;
         }
@@ -131,10 +132,10 @@ inline bool looksLikeText(std::string_view text) {
 
 // Code page 1252; none for its five undefined bytes.
 inline std::optional<std::string> fromCodePage1252(std::string_view bytes) {
-    static constexpr std::array<char32_t, 32> upper = {
-        0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-        0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-        0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+    static constexpr std::array<char32_t, 32> upper = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                                       0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
+                                                       0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                                       0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
     std::string text;
     for (const char c : bytes) {
         const auto byte = static_cast<std::uint8_t>(c);

@@ -1,5 +1,3 @@
-#include "CorvaleKit/base/JsonWriter.h"
-
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
@@ -10,6 +8,8 @@
 #include <random>
 #include <string>
 #include <vector>
+
+#include "CorvaleKit/base/JsonWriter.h"
 
 namespace corvale {
 namespace {
@@ -28,6 +28,33 @@ std::string writtenText(std::string_view value) {
 
 std::string writtenNumber(double value) {
     return written([&](JsonWriter& json) { json.number(value); });
+}
+
+TEST(JsonWriter, EmptyTextsReadLikeAsManySingleOnes) {
+    for (const std::size_t count : {0U, 1U, 2U, 999U, 1000U, 1001U, 2500U}) {
+        for (const bool follows : {false, true}) {
+            std::string inBulk;
+            std::string oneByOne;
+            JsonWriter bulk(inBulk);
+            JsonWriter single(oneByOne);
+            for (JsonWriter* json : {&bulk, &single}) {
+                json->beginArray();
+                if (follows) {
+                    json->text("first");
+                }
+            }
+            bulk.emptyTexts(count);
+            for (std::size_t i = 0; i < count; ++i) {
+                single.text("");
+            }
+            for (JsonWriter* json : {&bulk, &single}) {
+                json->text("last");
+                json->endArray();
+                json->flush();
+            }
+            EXPECT_EQ(inBulk, oneByOne) << count;
+        }
+    }
 }
 
 TEST(JsonWriter, WritesNestedValuesWithCommasBetweenThem) {
@@ -111,7 +138,13 @@ TEST(JsonWriter, NumbersAreTheShortestThatReadBack) {
         std::string_view document;
     };
     const std::vector<Case> cases = {
-        {0, "0"}, {-0.0, "-0"}, {1, "1"}, {0.1, "0.1"}, {1.0 / 3, "0.3333333333333333"}, {1e21, "1e+21"}, {5e-324, "5e-324"},
+        {0, "0"},
+        {-0.0, "-0"},
+        {1, "1"},
+        {0.1, "0.1"},
+        {1.0 / 3, "0.3333333333333333"},
+        {1e21, "1e+21"},
+        {5e-324, "5e-324"},
     };
     for (const auto& [value, document] : cases) {
         EXPECT_EQ(writtenNumber(value), document);
