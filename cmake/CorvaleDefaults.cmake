@@ -8,7 +8,9 @@ include(GNUInstallDirs)
 
 find_program(CORVALE_CCACHE ccache)
 if(CORVALE_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${CORVALE_CCACHE}")
+  # Without this leave ccache passes by every file that uses a precompiled header.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+    "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros "${CORVALE_CCACHE}")
 endif()
 
 if(CORVALE_SANITIZE)

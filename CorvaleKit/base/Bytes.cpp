@@ -5,6 +5,7 @@
 #include <new>
 #include <utility>
 
+#include "CorvaleKit/base/Memory.h"
 #include "CorvaleKit/base/Require.h"
 
 namespace corvale {
@@ -14,6 +15,7 @@ Bytes::Bytes(std::size_t size) : m_size(size) {
         throw std::bad_alloc();
     }
     m_memory = std::make_unique_for_overwrite<char[]>(size + padding);
+    Memory::preferHugePages(m_memory.get(), size);
     std::memset(m_memory.get() + size, 0, padding);
 }
 
@@ -43,8 +45,10 @@ void Bytes::removePrefix(std::size_t count) {
 
 void Bytes::truncate(std::size_t size) {
     CORVALE_REQUIRE(size <= m_size, "bytes were truncated to more than their size");
-    m_size = size;
-    std::memset(data() + size, 0, padding);
+    if (size < m_size) {  // else nothing changes, and bytes that were moved from have no memory
+        m_size = size;
+        std::memset(data() + size, 0, padding);
+    }
 }
 
 }  // namespace corvale

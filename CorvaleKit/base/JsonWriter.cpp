@@ -1,5 +1,6 @@
 #include "CorvaleKit/base/JsonWriter.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -10,9 +11,7 @@ namespace {
 
 constexpr std::size_t flushSize = 64 * 1024;
 
-bool isPlain(char c) {
-    return static_cast<unsigned char>(c) >= 0x20 && c != '"' && c != '\\';
-}
+bool isPlain(char c) { return static_cast<unsigned char>(c) >= 0x20 && c != '"' && c != '\\'; }
 
 }  // namespace
 
@@ -60,6 +59,27 @@ void JsonWriter::text(std::string_view value) {
     finishValue();
 }
 
+void JsonWriter::emptyTexts(std::size_t count) {
+    static const std::string many = [] {
+        std::string texts;
+        for (std::size_t i = 0; i < 1000; ++i) {
+            texts += ",\"\"";
+        }
+        return texts;
+    }();
+    constexpr std::size_t length = 3;
+    if (count > 0 && !m_needsComma) {
+        text("");
+        --count;
+    }
+    while (count > 0) {
+        const std::size_t written = std::min(count, many.size() / length);
+        m_buffer.append(many, 0, written * length);
+        count -= written;
+        finishValue();
+    }
+}
+
 void JsonWriter::integer(std::int64_t value) {
     separate();
     std::array<char, 24> digits{};
@@ -92,6 +112,12 @@ void JsonWriter::null() {
     finishValue();
 }
 
+void JsonWriter::lineBreak() {
+    separate();
+    m_buffer += '\n';
+    m_needsComma = false;
+}
+
 void JsonWriter::quoted(std::string_view value) {
     m_buffer += '"';
     std::size_t plainFrom = 0;
@@ -109,11 +135,21 @@ void JsonWriter::quoted(std::string_view value) {
 void JsonWriter::appendEscaped(unsigned char byte) {
     constexpr std::string_view hex = "0123456789abcdef";
     switch (byte) {
-        case '"': m_buffer += "\\\""; return;
-        case '\\': m_buffer += "\\\\"; return;
-        case '\n': m_buffer += "\\n"; return;
-        case '\r': m_buffer += "\\r"; return;
-        case '\t': m_buffer += "\\t"; return;
+        case '"':
+            m_buffer += "\\\"";
+            return;
+        case '\\':
+            m_buffer += "\\\\";
+            return;
+        case '\n':
+            m_buffer += "\\n";
+            return;
+        case '\r':
+            m_buffer += "\\r";
+            return;
+        case '\t':
+            m_buffer += "\\t";
+            return;
         default:
             m_buffer += "\\u00";
             m_buffer += hex[byte >> 4U];

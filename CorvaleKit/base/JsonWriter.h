@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -27,11 +28,15 @@ public:
     void endArray();
     void key(std::string_view name);
     void text(std::string_view value);
+    // The same as text("") so many times.
+    void emptyTexts(std::size_t count);
     void integer(std::int64_t value);
     // The shortest text that reads back to the same double; null for infinities and NaN.
     void number(double value);
     void boolean(bool value);
     void null();
+    // Puts the value or key that comes next on a new line; one must come.
+    void lineBreak();
 
     // Hands what is buffered to the sink; call it once at the end.
     void flush();

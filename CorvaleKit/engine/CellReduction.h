@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "CorvaleKit/engine/DiffOptions.h"
+#include "CorvaleKit/engine/WhitespaceScan.h"
 
 namespace corvale {
 
@@ -21,7 +22,18 @@ struct CellReduction {
 
     // True when the reduced text differs from `cell` or may do so; it is then appended to `target`. False, and nothing
     // appended, when `cell` is its own reduced text: the common case, which allocates nothing.
-    bool append(std::string& target, std::string_view cell) const;
+    // `cell` is a cell of a grid, so that bytes after it may be read, or empty.
+    bool append(std::string& target, std::string_view cell) const {
+        return mayChange(cell) && appendRewritten(target, cell);
+    }
+
+    // A quick look: false when append would return false, as it does for most cells.
+    bool mayChange(std::string_view cell) const {
+        return !cell.empty() && (number || lowercase || (whitespace && WhitespaceScan::paddedNeedsNormalization(cell)));
+    }
+
+    // append() for a cell that may change.
+    bool appendRewritten(std::string& target, std::string_view cell) const;
 };
 
 }  // namespace corvale

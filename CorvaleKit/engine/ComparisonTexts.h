@@ -41,6 +41,7 @@ private:
     };
 
     void reduceRow(const CellRow& cells, const CellReduction& reduction);
+    void rewrite(std::size_t position, std::string_view cell, const CellReduction& reduction);
 
     DataTable m_table;
     std::vector<std::size_t> m_columns;
@@ -52,24 +53,44 @@ private:
 
 class ComparisonTexts::Row {
 public:
-    // `position` is below columnCount().
+    // `position` is below size().
     std::string_view operator[](std::size_t position) const {
-        return m_rewritten.empty() ? m_cells[(*m_columns)[position]] : rewrittenOrCell(position);
+        return m_rewritten.empty() ? m_cells[m_texts->m_columns[position]] : rewrittenOrCell(position);
     }
+    std::size_t size() const { return m_texts->m_columns.size(); }
     const CellRow& cells() const { return m_cells; }
+
+    // True when the source has so few of the cells that forEachStored is the cheaper way to the texts.
+    bool isThin() const { return m_cells.storedCells() < size() / 4; }
+    // Calls visit(position) for every position whose cell the source has, in the table's column order. The texts at all
+    // other positions are empty.
+    template <typename Visit>
+    void forEachStored(Visit visit) const {
+        m_cells.forEachStored([&](std::size_t column, std::string_view) {
+            if (const std::size_t position = m_texts->m_positions[column]; position != absent) {
+                visit(position);
+            }
+        });
+    }
 
 private:
     friend class ComparisonTexts;
-    Row(const CellRow& cells, const std::vector<std::size_t>& columns, const std::string& texts,
-        std::span<const Rewritten> rewritten)
-        : m_cells(cells), m_columns(&columns), m_texts(&texts), m_rewritten(rewritten) {}
+    Row(const CellRow& cells, const ComparisonTexts& texts, std::span<const Rewritten> rewritten)
+        : m_cells(cells), m_texts(&texts), m_rewritten(rewritten) {}
 
     std::string_view rewrittenOrCell(std::size_t position) const;
 
     CellRow m_cells;
-    const std::vector<std::size_t>* m_columns;
-    const std::string* m_texts;
+    const ComparisonTexts* m_texts;
     std::span<const Rewritten> m_rewritten;
 };
+
+inline ComparisonTexts::Row ComparisonTexts::row(std::size_t index) const {
+    std::span<const Rewritten> rewritten;
+    if (!m_rowStarts.empty()) {
+        rewritten = {m_rewritten.data() + m_rowStarts[index], m_rowStarts[index + 1] - m_rowStarts[index]};
+    }
+    return {m_table.rows()[index], *this, rewritten};
+}
 
 }  // namespace corvale

@@ -14,9 +14,9 @@ struct Callbacks {
     CancelCheck isCancelled;
 };
 
-// Single-threaded and without state: any number of calls may run at once. `localeStyle` is the decimal style of the user's
-// locale, used where options.numberStyle is automatic and the files leave it open. Throws Cancelled, nothing else of its
-// own.
+// Single-threaded and without state: any number of calls may run at once. `localeStyle` is the decimal style of the
+// user's locale, used where options.numberStyle is automatic and the files leave it open. Throws Cancelled, nothing
+// else of its own.
 DiffResult compare(const DataTable& before, const DataTable& after, const RowMatch& match, const DiffOptions& options,
                    NumberStyle localeStyle, const Callbacks& callbacks = {});
 

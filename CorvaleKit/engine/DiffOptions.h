@@ -28,9 +28,9 @@ static_assert(enumTextsAreInOrder<NumberStyle>());
 // What counts as a difference.
 struct DiffOptions {
     bool ignoreCase = false;
-    bool ignoreWhitespace = true;     // spaces at the ends and runs of white space
-    bool ignoreNumberFormat = false;  // numbers of equal value are equal
-    bool ignoreColumnOrder = true;    // columns are paired by name, otherwise by position
+    bool ignoreWhitespace = true;          // spaces at the ends and runs of white space
+    bool ignoreNumberFormat = false;       // numbers of equal value are equal
+    bool ignoreColumnOrder = true;         // columns are paired by name, otherwise by position
     std::set<std::string> ignoredColumns;  // shown, never compared
     NumberStyle numberStyle = NumberStyle::automatic;
 
@@ -38,8 +38,13 @@ struct DiffOptions {
 
     template <typename H>
     friend H AbslHashValue(H state, const DiffOptions& o) {
-        return H::combine(std::move(state), o.ignoreCase, o.ignoreWhitespace, o.ignoreNumberFormat, o.ignoreColumnOrder,
-                          o.ignoredColumns, o.numberStyle);
+        return H::combine(std::move(state),
+                          o.ignoreCase,
+                          o.ignoreWhitespace,
+                          o.ignoreNumberFormat,
+                          o.ignoreColumnOrder,
+                          o.ignoredColumns,
+                          o.numberStyle);
     }
 };
 

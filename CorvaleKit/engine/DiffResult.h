@@ -17,10 +17,10 @@ namespace corvale {
 
 // One column of the comparison; compared when it has both sides and is not ignored.
 struct ColumnPair {
-    std::string name;                    // the Before header, else the After header
-    std::optional<std::int64_t> left;    // column index in Before; none: only in After
-    std::optional<std::int64_t> right;   // column index in After; none: only in Before
-    bool ignored = false;                // a key column or chosen by the user: shown, not compared
+    std::string name;                      // the Before header, else the After header
+    std::optional<std::int64_t> left;      // column index in Before; none: only in After
+    std::optional<std::int64_t> right;     // column index in After; none: only in Before
+    bool ignored = false;                  // a key column or chosen by the user: shown, not compared
     std::optional<std::string> renamedTo;  // by position only: the After header where it is another name
 
     bool isCompared() const { return left && right && !ignored; }
@@ -85,8 +85,16 @@ struct DiffSummary {
 
     template <typename H>
     friend H AbslHashValue(H state, const DiffSummary& s) {
-        return H::combine(std::move(state), s.added, s.removed, s.changed, s.same, s.changedCells, s.typeOnlyCells,
-                          s.addedColumns, s.removedColumns, s.changesByColumn);
+        return H::combine(std::move(state),
+                          s.added,
+                          s.removed,
+                          s.changed,
+                          s.same,
+                          s.changedCells,
+                          s.typeOnlyCells,
+                          s.addedColumns,
+                          s.removedColumns,
+                          s.changesByColumn);
     }
 };
 
@@ -99,8 +107,8 @@ struct DiffResult {
     std::vector<DuplicateKey> duplicates;  // Before entries first, each side by the first row of the key
     BlankKeys blankKeys;
     RowMatch match;
-    DiffOptions options;                                 // as given
-    NumberStyle numberStyle = NumberStyle::dotDecimal;   // as used, never automatic
+    DiffOptions options;                                // as given
+    NumberStyle numberStyle = NumberStyle::dotDecimal;  // as used, never automatic
     bool columnOrderChanged = false;
     DiffSummary summary;
     double duration = 0;  // seconds, wall clock
@@ -119,8 +127,19 @@ struct DiffResult {
 
     template <typename H>
     friend H AbslHashValue(H state, const DiffResult& r) {
-        return H::combine(std::move(state), r.before, r.after, r.columns, r.rows, r.duplicates, r.blankKeys, r.match,
-                          r.options, r.numberStyle, r.columnOrderChanged, r.summary, r.duration);
+        return H::combine(std::move(state),
+                          r.before,
+                          r.after,
+                          r.columns,
+                          r.rows,
+                          r.duplicates,
+                          r.blankKeys,
+                          r.match,
+                          r.options,
+                          r.numberStyle,
+                          r.columnOrderChanged,
+                          r.summary,
+                          r.duration);
     }
 };
 

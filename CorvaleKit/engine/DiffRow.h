@@ -79,12 +79,12 @@ static_assert(enumTextsAreInOrder<DiffRow::Status>());
 
 // Where the display keys of result rows come from.
 struct RowKeys {
-    // Key columns of each table; both empty for row order.
+    bool areRowNumbers = true;  // source row numbers, else the cells of the key columns
     std::vector<std::size_t> beforeColumns;
     std::vector<std::size_t> afterColumns;
 };
 
-// The immutable rows of a result, 12 bytes each; copying shares them. A key in one column is read from its table, any
+// The immutable rows of a result, 16 bytes each; copying shares them. A key in one column is read from its table, any
 // other is kept here.
 class DiffRows {
 public:

@@ -32,9 +32,9 @@ struct KeyColumns {
     std::vector<std::size_t> after;
 };
 
-// After's order, each removed row right behind the row that its nearest matched predecessor was paired with. Repeats of a
-// key are paired in order; rows whose key is blank never. `style` is resolved. Linear in the rows. Throws Cancelled.
-Matches matchByKey(const DataTable& before, const DataTable& after, const KeyColumns& columns, const DiffOptions& options,
-                   NumberStyle style, const CancelCheck& isCancelled);
+// After's order, each removed row right behind the row that its nearest matched predecessor was paired with. Repeats of
+// a key are paired in order; rows whose key is blank never. `style` is resolved. Linear in the rows. Throws Cancelled.
+Matches matchByKey(const DataTable& before, const DataTable& after, const KeyColumns& columns,
+                   const DiffOptions& options, NumberStyle style, const CancelCheck& isCancelled);
 
 }  // namespace corvale::KeyMatching

@@ -14,15 +14,15 @@
 // functions on UTF-8 texts; none depends on the process's locale.
 namespace corvale::Normalizer {
 
-// False when normalizeWhitespace leaves the text as it is after a look at its bytes alone: no tab, line break, doubled or
-// outer space and no byte C2, which begins the no-break space. Unicode's other spaces pass on purpose.
+// False when normalizeWhitespace leaves the text as it is after a look at its bytes alone: no tab, line break, doubled
+// or outer space and no byte C2, which begins the no-break space. Unicode's other spaces pass on purpose.
 bool needsWhitespaceNormalization(std::string_view text);
 
 // The words of the text joined by single spaces, where needsWhitespaceNormalization; else the text.
 std::string normalizeWhitespace(std::string_view text);
 
-// The number that a cell shows: signs, accounting brackets, a currency sign, grouping, percent. None when it is no number,
-// not finite or longer than 40 characters.
+// The number that a cell shows: signs, accounting brackets, a currency sign, grouping, percent. None when it is no
+// number, not finite or longer than 40 characters.
 std::optional<double> parseNumber(std::string_view text, NumberStyle style);
 
 // '.' or ','; none when the text's separators cannot belong to one number. `style` decides texts such as 1,250.
@@ -45,7 +45,8 @@ struct StyleSample {
 
 // The style that most cells of the first `rowLimit` rows of both tables vote for; `fallback` on a tie, where automatic
 // counts as dotDecimal. Never automatic.
-NumberStyle detectStyle(const StyleSample& before, const StyleSample& after, std::size_t rowLimit, NumberStyle fallback);
+NumberStyle detectStyle(const StyleSample& before, const StyleSample& after, std::size_t rowLimit,
+                        NumberStyle fallback);
 
 // The style of a locale from its decimal separator. The caller asks its platform; this library reads no environment.
 NumberStyle localeStyle(std::string_view decimalSeparator);

@@ -17,8 +17,8 @@ void write(JsonWriter& json, const RowMatch& match);
 std::string encoded(const DiffOptions& options);
 std::string encoded(const RowMatch& match);
 
-// A missing or null key takes its default, so older settings still load. Throws DecodingError for anything that is not an
-// object, a value of the wrong type or an unknown style.
+// A missing or null key takes its default, so older settings still load. Throws DecodingError for anything that is not
+// an object, a value of the wrong type or an unknown style.
 DiffOptions decodedDiffOptions(std::string_view json);
 
 // Throws DecodingError unless the object has exactly one key, "key" or "rowOrder", with its payload.

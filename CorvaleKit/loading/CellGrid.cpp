@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "CorvaleKit/base/Require.h"
+#include "CorvaleKit/base/Memory.h"
 #include "CorvaleKit/loading/CellGridBuilder.h"
 
 namespace corvale {
@@ -34,29 +34,9 @@ CellGrid CellGrid::fromTexts(const std::vector<std::vector<std::string>>& rows) 
     return builder.finish(Bytes(all));
 }
 
-CellRow CellGrid::row(std::size_t index) const {
-    const std::uint64_t start = m_rowStarts[index];
-    const std::uint64_t first = start & ~sparseFlag;
-    CellRow row;
-    row.m_grid = this;
-    row.m_cells = m_cells.data() + first;
-    row.m_stored = static_cast<std::uint32_t>((m_rowStarts[index + 1] & ~sparseFlag) - first);
-    row.m_sparse = (start & sparseFlag) != 0;
-    row.m_width = row.sourceWidth();
-    return row;
-}
-
 std::string_view CellGrid::longText(std::uint64_t index) const {
     const LongCell& cell = m_longCells[index];
     return {m_base + cell.offset, cell.length};
-}
-
-std::size_t CellRow::sourceWidth() const {
-    return m_sparse ? static_cast<std::size_t>(m_cells[m_stored - 2]) + 1 : m_stored;
-}
-
-std::size_t CellRow::storedWidth() const {
-    return std::min(m_width, sourceWidth());
 }
 
 std::string_view CellRow::sparseCell(std::size_t column) const {
@@ -80,14 +60,11 @@ bool operator==(const CellRow& a, const CellRow& b) {
 
 void CellGridBuilder::reserve(std::size_t cells, std::size_t rows) {
     m_grid.m_cells.reserve(cells);
+    Memory::preferHugePages(m_grid.m_cells.data(), cells * sizeof(std::uint64_t));
     m_grid.m_rowStarts.reserve(rows + 1);
 }
 
-std::uint64_t CellGridBuilder::packed(std::uint64_t offset, std::uint64_t length) {
-    CORVALE_REQUIRE(offset >> (64 - CellGrid::lengthBits) == 0, "a cell starts beyond the first tebibyte");
-    if (length < CellGrid::longLength) [[likely]] {
-        return offset << CellGrid::lengthBits | length;
-    }
+std::uint64_t CellGridBuilder::packedLong(std::uint64_t offset, std::uint64_t length) {
     m_grid.m_longCells.push_back({offset, length});
     return (m_grid.m_longCells.size() - 1) << CellGrid::lengthBits | CellGrid::longLength;
 }

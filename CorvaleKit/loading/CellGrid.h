@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -23,9 +25,15 @@ public:
     std::string_view operator[](std::size_t column) const;
     Iterator begin() const;
     Iterator end() const;
-    // The number of leading columns past which every cell is lacking, at most size(). Loops over wide, thin tables stop
-    // there.
-    std::size_t storedWidth() const;
+    // The number of cells that the source has.
+    std::size_t storedCells() const { return m_sparse ? m_stored / 2 : m_stored; }
+    // Calls visit(column, text) for the cells that the source has, in column order: a thin row of a wide table costs
+    // only those.
+    template <typename Visit>
+    void forEachStored(Visit visit) const;
+    // The same until predicate(column, text) is true; false when it never is.
+    template <typename Predicate>
+    bool anyStored(Predicate predicate) const;
 
     friend bool operator==(const CellRow& a, const CellRow& b);
 
@@ -94,11 +102,54 @@ private:
     std::vector<LongCell> m_longCells;
 };
 
+inline std::size_t CellRow::sourceWidth() const {
+    return m_sparse ? static_cast<std::size_t>(m_cells[m_stored - 2]) + 1 : m_stored;
+}
+
+inline CellRow CellGrid::row(std::size_t index) const {
+    const std::uint64_t start = m_rowStarts[index];
+    const std::uint64_t first = start & ~sparseFlag;
+    CellRow row;
+    row.m_grid = this;
+    row.m_cells = m_cells.data() + first;
+    row.m_stored = static_cast<std::uint32_t>((m_rowStarts[index + 1] & ~sparseFlag) - first);
+    row.m_sparse = (start & sparseFlag) != 0;
+    row.m_width = row.sourceWidth();
+    return row;
+}
+
 inline std::string_view CellRow::operator[](std::size_t column) const {
     if (m_sparse) [[unlikely]] {
         return sparseCell(column);
     }
     return column < m_stored ? m_grid->text(m_cells[column]) : std::string_view{};
+}
+
+template <typename Predicate>
+bool CellRow::anyStored(Predicate predicate) const {
+    if (!m_sparse) {
+        const std::size_t end = m_stored < m_width ? m_stored : m_width;
+        for (std::size_t column = 0; column < end; ++column) {
+            if (predicate(column, m_grid->text(m_cells[column]))) {
+                return true;
+            }
+        }
+        return false;
+    }
+    for (std::size_t i = 0; i < m_stored && m_cells[i] < m_width; i += 2) {
+        if (predicate(static_cast<std::size_t>(m_cells[i]), m_grid->text(m_cells[i + 1]))) {
+            return true;
+        }
+    }
+    return false;
+}
+
+template <typename Visit>
+void CellRow::forEachStored(Visit visit) const {
+    anyStored([&visit](std::size_t column, std::string_view text) {
+        visit(column, text);
+        return false;
+    });
 }
 
 class CellRow::Iterator {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "CorvaleKit/base/Require.h"
 #include "CorvaleKit/loading/CellGrid.h"
 
 namespace corvale {
@@ -34,7 +35,14 @@ public:
     // grid anew.
     void overwrite(std::vector<LateCell> cells);
 
-    std::uint64_t packed(std::uint64_t offset, std::uint64_t length);
+    // The reference of a text in the buffer, for addRow. Offsets go up to 2^40.
+    std::uint64_t packed(std::uint64_t offset, std::uint64_t length) {
+        CORVALE_REQUIRE(offset >> (64 - CellGrid::lengthBits) == 0, "a cell starts beyond the first tebibyte");
+        if (length < CellGrid::longLength) [[likely]] {
+            return offset << CellGrid::lengthBits | length;
+        }
+        return packedLong(offset, length);
+    }
 
     std::size_t cellCount() const { return m_grid.m_cells.size(); }
     // Cells of the row that is not ended yet.
@@ -46,6 +54,7 @@ public:
     CellGrid finish(Bytes buffer);
 
 private:
+    std::uint64_t packedLong(std::uint64_t offset, std::uint64_t length);
     // The cells of an ended row, those of a dense row's gaps included.
     void readRow(std::size_t index, std::vector<PlacedCell>& cells) const;
 

@@ -10,8 +10,10 @@ namespace corvale {
 
 CellRows::CellRows() : m_grid(std::make_shared<const CellGrid>()) {}
 
-CellRows::CellRows(CellGrid grid) : m_grid(std::make_shared<const CellGrid>(std::move(grid))), m_count(m_grid->rowCount()) {
-    CORVALE_REQUIRE(m_count < std::numeric_limits<std::uint32_t>::max(), "a file has more than four thousand million rows");
+CellRows::CellRows(CellGrid grid)
+    : m_grid(std::make_shared<const CellGrid>(std::move(grid))), m_count(m_grid->rowCount()) {
+    CORVALE_REQUIRE(m_count < std::numeric_limits<std::uint32_t>::max(),
+                    "a file has more than four thousand million rows");
 }
 
 CellRows CellRows::selected(std::vector<std::uint32_t> positions, std::size_t width) const {

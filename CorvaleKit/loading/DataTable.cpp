@@ -1,12 +1,15 @@
 #include "CorvaleKit/loading/DataTable.h"
 
 #include <nlohmann/json.hpp>
+
+#include <limits>
 #include <numeric>
 #include <utility>
 
 #include "CorvaleKit/base/Failures.h"
 #include "CorvaleKit/base/JsonWriter.h"
 #include "CorvaleKit/base/Require.h"
+#include "CorvaleKit/loading/CellRowCoding.h"
 
 namespace corvale {
 
@@ -25,6 +28,26 @@ std::vector<std::int64_t> normalizedNumbers(std::vector<std::int64_t> numbers, s
         std::iota(numbers.begin(), numbers.end(), headerRowNumber + 1);
     }
     return numbers;
+}
+
+// Checked, since the library would turn fractions and numbers beyond 64 bits into other ones.
+std::int64_t integerIn(const nlohmann::json& form) {
+    if (!form.is_number_integer() ||
+        (form.is_number_unsigned() && form.get<std::uint64_t>() > std::numeric_limits<std::int64_t>::max())) {
+        throw DecodingError("a row number is no 64-bit integer");
+    }
+    return form.get<std::int64_t>();
+}
+
+std::vector<std::int64_t> integersIn(const nlohmann::json& form) {
+    if (!form.is_array()) {
+        throw DecodingError("the row numbers are no array");
+    }
+    std::vector<std::int64_t> integers;
+    for (const auto& number : form) {
+        integers.push_back(integerIn(number));
+    }
+    return integers;
 }
 
 }  // namespace
@@ -68,11 +91,7 @@ std::string DataTable::encoded() const {
     json.key("rows");
     json.beginArray();
     for (const CellRow row : rows()) {
-        json.beginArray();
-        for (const std::string_view cell : row) {
-            json.text(cell);
-        }
-        json.endArray();
+        writeCells(json, row);
     }
     json.endArray();
     json.key("sourceName");
@@ -96,8 +115,8 @@ DataTable DataTable::decoded(std::string_view json) {
         return DataTable(form.at("headers").get<std::vector<std::string>>(),
                          form.at("rows").get<std::vector<std::vector<std::string>>>(),
                          form.at("sourceName").get<std::string>(),
-                         form.at("rowNumbers").get<std::vector<std::int64_t>>(),
-                         form.at("headerRowNumber").get<std::int64_t>());
+                         integersIn(form.at("rowNumbers")),
+                         integerIn(form.at("headerRowNumber")));
     } catch (const nlohmann::json::exception& error) {
         throw DecodingError(error.what());
     }

@@ -28,10 +28,10 @@ public:
 
     DataTable();
     explicit DataTable(Parts parts);
-    // From texts in memory: rows are padded with empty texts or cut to the header count. Row numbers are taken when there
-    // is one a row, else counted on from the header row.
-    DataTable(std::vector<std::string> headers, const std::vector<std::vector<std::string>>& rows, std::string sourceName,
-              std::vector<std::int64_t> rowNumbers = {}, std::int64_t headerRowNumber = 1);
+    // From texts in memory: rows are padded with empty texts or cut to the header count. Row numbers are taken when
+    // there is one a row, else counted on from the header row.
+    DataTable(std::vector<std::string> headers, const std::vector<std::vector<std::string>>& rows,
+              std::string sourceName, std::vector<std::int64_t> rowNumbers = {}, std::int64_t headerRowNumber = 1);
 
     // One unique name a column.
     const std::vector<std::string>& headers() const& { return m_parts->headers; }

@@ -22,9 +22,9 @@ bool isFilled(const CellRow& row);
 // looks beyond the sixth row. 0 for an empty list.
 std::size_t headerPosition(const CellRows& rows);
 
-// `rows` are a source's rows in order, row i being source row i + 1. `headerRow` is a 1-based source row number; a blank
-// one stands for the next non-blank row, one past the end for the last non-blank row; none means headerPosition. Without
-// a non-blank row the table has no columns. Linear in the rows; no cell is copied.
+// `rows` are a source's rows in order, row i being source row i + 1. `headerRow` is a 1-based source row number; a
+// blank one stands for the next non-blank row, one past the end for the last non-blank row; none means headerPosition.
+// Without a non-blank row the table has no columns. Linear in the rows; no cell is copied.
 DataTable build(const CellRows& rows, std::string sourceName, std::optional<std::int64_t> headerRow = std::nullopt);
 
 // Unique column names, without regard to letter case, for header cells as read; `count` is at least headers.size().

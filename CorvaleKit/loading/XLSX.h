@@ -39,7 +39,8 @@ struct NumberFormat {
 // In workbook order.
 std::vector<Sheet> sheets(std::string_view bytes);
 
-// The rows of the sheet at a 0-based index, ragged, empty rows included. Reads the first 1,000 columns and 1,048,576 rows.
+// The rows of the sheet at a 0-based index, ragged, empty rows included. Reads the first 1,000 columns and 1,048,576
+// rows.
 CellGrid readSheet(std::string_view bytes, std::int64_t index);
 
 // The format of a style: a built-in id (ECMA-376 18.8.30), else the classified custom code.

@@ -10,9 +10,7 @@ namespace corvale::Text {
 
 namespace {
 
-utf8proc_category_t categoryOf(char32_t scalar) {
-    return utf8proc_category(static_cast<utf8proc_int32_t>(scalar));
-}
+utf8proc_category_t categoryOf(char32_t scalar) { return utf8proc_category(static_cast<utf8proc_int32_t>(scalar)); }
 
 template <typename Predicate>
 std::string_view trimmedAtStart(std::string_view text, Predicate drops) {
@@ -44,9 +42,7 @@ bool hasPlainEnds(std::string_view text) {
     return text.empty() || (isPlain(text.front()) && isPlain(text.back()));
 }
 
-char asciiLowercased(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-}
+char asciiLowercased(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
 void appendLowercasedScalar(std::string& target, char32_t scalar) {
     // The one unconditional lower-casing that yields two scalars (Unicode SpecialCasing.txt).
@@ -56,6 +52,37 @@ void appendLowercasedScalar(std::string& target, char32_t scalar) {
         return;
     }
     Utf8::append(target, static_cast<char32_t>(utf8proc_tolower(static_cast<utf8proc_int32_t>(scalar))));
+}
+
+// True when the text is ASCII throughout.
+bool lowercaseAscii(char* text, std::size_t size) {
+    unsigned char allBits = 0;
+    for (std::size_t i = 0; i < size; ++i) {
+        allBits |= static_cast<unsigned char>(text[i]);
+        text[i] = asciiLowercased(text[i]);
+    }
+    return allBits < 0x80;
+}
+
+// Lower-cases as far as every scalar keeps its number of bytes, as nearly all do; returns where that ends.
+std::size_t lowercaseInPlace(char* text, std::size_t size) {
+    if (lowercaseAscii(text, size)) {
+        return size;
+    }
+    const std::string_view view(text, size);
+    std::string lower;
+    std::size_t i = Utf8::asciiEnd(view, 0);
+    while (i < size) {
+        const auto scalar = Utf8::scalarAt(view, i);
+        lower.clear();
+        appendLowercasedScalar(lower, scalar.value);
+        if (lower.size() != scalar.length) {
+            return i;
+        }
+        lower.copy(text + i, lower.size());
+        i = Utf8::asciiEnd(view, i + scalar.length);
+    }
+    return size;
 }
 
 // Steps over a text character by character.
@@ -85,8 +112,8 @@ private:
         if (a < 0x80 && b < 0x80) {
             return a != '\r' || b != '\n';
         }
-        return utf8proc_grapheme_break_stateful(static_cast<utf8proc_int32_t>(a), static_cast<utf8proc_int32_t>(b),
-                                                &state);
+        return utf8proc_grapheme_break_stateful(
+            static_cast<utf8proc_int32_t>(a), static_cast<utf8proc_int32_t>(b), &state);
     }
 
     std::string_view m_text;
@@ -130,17 +157,11 @@ std::string_view trimSpacesAndLineBreaks(std::string_view text) {
     return trimmedAtEnd(trimmedAtStart(text, isSpaceOrLineBreak), isSpaceOrLineBreak);
 }
 
-std::string_view trimSpacesAtStart(std::string_view text) {
-    return trimmedAtStart(text, isSpace);
-}
+std::string_view trimSpacesAtStart(std::string_view text) { return trimmedAtStart(text, isSpace); }
 
-std::string_view trimSpacesAtEnd(std::string_view text) {
-    return trimmedAtEnd(text, isSpace);
-}
+std::string_view trimSpacesAtEnd(std::string_view text) { return trimmedAtEnd(text, isSpace); }
 
-bool isBlank(std::string_view text) {
-    return trimSpacesAtStart(text).empty();
-}
+bool isBlank(std::string_view text) { return trimSpacesAtStart(text).empty(); }
 
 std::string lowercased(std::string_view text) {
     std::string result;
@@ -152,16 +173,12 @@ std::string lowercased(std::string_view text) {
 void appendLowercased(std::string& target, std::string_view text) {
     const std::size_t start = target.size();
     target.append(text);
-    unsigned char allBits = 0;
-    for (std::size_t i = start; i < target.size(); ++i) {
-        allBits |= static_cast<unsigned char>(target[i]);
-        target[i] = asciiLowercased(target[i]);
-    }
-    if (allBits < 0x80) {
+    const std::size_t done = lowercaseInPlace(target.data() + start, text.size());
+    if (done == text.size()) {
         return;
     }
-    target.resize(start);
-    for (std::size_t i = 0; i < text.size();) {
+    target.resize(start + done);
+    for (std::size_t i = done; i < text.size();) {
         const auto scalar = Utf8::scalarAt(text, i);
         appendLowercasedScalar(target, scalar.value);
         i += scalar.length;
@@ -169,12 +186,20 @@ void appendLowercased(std::string& target, std::string_view text) {
 }
 
 bool lowercasingMayChange(std::string_view text) {
-    return std::any_of(text.begin(), text.end(),
-                       [](char c) { return (c >= 'A' && c <= 'Z') || static_cast<unsigned char>(c) >= 0x80; });
+    return std::any_of(text.begin(), text.end(), [](char c) {
+        return (c >= 'A' && c <= 'Z') || static_cast<unsigned char>(c) >= 0x80;
+    });
 }
 
 bool equalIgnoringCase(std::string_view a, std::string_view b) {
-    return a == b || lowercased(a) == lowercased(b);
+    const std::size_t common = std::min(a.size(), b.size());
+    std::size_t i = 0;
+    for (; i < common && static_cast<unsigned char>(a[i] | b[i]) < 0x80; ++i) {
+        if (asciiLowercased(a[i]) != asciiLowercased(b[i])) {
+            return false;
+        }
+    }
+    return i == common ? a.size() == b.size() : lowercased(a.substr(i)) == lowercased(b.substr(i));
 }
 
 std::size_t characterCount(std::string_view text) {
@@ -202,8 +227,7 @@ std::size_t displayWidth(std::string_view text) {
     std::size_t width = 0;
     for (std::size_t i = 0; i < text.size();) {
         const auto scalar = Utf8::scalarAt(text, i);
-        width += static_cast<std::size_t>(
-            std::max(0, utf8proc_charwidth(static_cast<utf8proc_int32_t>(scalar.value))));
+        width += static_cast<std::size_t>(std::max(0, utf8proc_charwidth(static_cast<utf8proc_int32_t>(scalar.value))));
         i += scalar.length;
     }
     return width;

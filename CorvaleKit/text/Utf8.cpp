@@ -9,13 +9,9 @@ namespace {
 
 constexpr char32_t replacement = 0xFFFD;
 
-std::uint8_t byteAt(std::string_view text, std::size_t i) {
-    return static_cast<std::uint8_t>(text[i]);
-}
+std::uint8_t byteAt(std::string_view text, std::size_t i) { return static_cast<std::uint8_t>(text[i]); }
 
-bool isContinuation(std::uint8_t byte) {
-    return (byte & 0xC0U) == 0x80U;
-}
+bool isContinuation(std::uint8_t byte) { return (byte & 0xC0U) == 0x80U; }
 
 // What a lead byte promises: the sequence length, and the range its second byte may have (RFC 3629, section 4).
 struct Lead {
@@ -25,15 +21,33 @@ struct Lead {
 };
 
 Lead leadOf(std::uint8_t byte) {
-    if (byte < 0x80) { return {1}; }
-    if (byte < 0xC2) { return {0}; }
-    if (byte < 0xE0) { return {2}; }
-    if (byte == 0xE0) { return {3, 0xA0}; }
-    if (byte == 0xED) { return {3, 0x80, 0x9F}; }
-    if (byte < 0xF0) { return {3}; }
-    if (byte == 0xF0) { return {4, 0x90}; }
-    if (byte < 0xF4) { return {4}; }
-    if (byte == 0xF4) { return {4, 0x80, 0x8F}; }
+    if (byte < 0x80) {
+        return {1};
+    }
+    if (byte < 0xC2) {
+        return {0};
+    }
+    if (byte < 0xE0) {
+        return {2};
+    }
+    if (byte == 0xE0) {
+        return {3, 0xA0};
+    }
+    if (byte == 0xED) {
+        return {3, 0x80, 0x9F};
+    }
+    if (byte < 0xF0) {
+        return {3};
+    }
+    if (byte == 0xF0) {
+        return {4, 0x90};
+    }
+    if (byte < 0xF4) {
+        return {4};
+    }
+    if (byte == 0xF4) {
+        return {4, 0x80, 0x8F};
+    }
     return {0};
 }
 
@@ -50,7 +64,8 @@ std::size_t wellFormedLength(std::string_view text, std::size_t position, const 
     return got;
 }
 
-// Where the run of ASCII bytes from `position` ends.
+}  // namespace
+
 std::size_t asciiEnd(std::string_view text, std::size_t position) {
     constexpr std::uint64_t highBits = 0x8080808080808080U;
     while (position + 32 <= text.size()) {
@@ -67,11 +82,7 @@ std::size_t asciiEnd(std::string_view text, std::size_t position) {
     return position;
 }
 
-}  // namespace
-
-bool isAscii(std::string_view text) {
-    return asciiEnd(text, 0) == text.size();
-}
+bool isAscii(std::string_view text) { return asciiEnd(text, 0) == text.size(); }
 
 bool isValid(std::string_view text) {
     for (std::size_t i = asciiEnd(text, 0); i < text.size(); i = asciiEnd(text, i)) {

@@ -15,14 +15,17 @@ struct Scalar {
 
 bool isAscii(std::string_view text);
 
+// Where the run of ASCII bytes from `position` on ends; `position` is at most text.size().
+std::size_t asciiEnd(std::string_view text, std::size_t position);
+
 // True when every byte belongs to a well-formed sequence: no overlong forms, no surrogates, nothing above U+10FFFF.
 bool isValid(std::string_view text);
 
 // The text with one U+FFFD in place of every maximal invalid subpart (Unicode, chapter 3, U+FFFD substitution).
 std::string repaired(std::string_view text);
 
-// The scalar at `position`, which is below text.size(). A malformed sequence yields U+FFFD and the length of its maximal
-// subpart, so a walk over any bytes ends.
+// The scalar at `position`, which is below text.size(). A malformed sequence yields U+FFFD and the length of its
+// maximal subpart, so a walk over any bytes ends.
 Scalar scalarAt(std::string_view text, std::size_t position);
 
 // The scalar that ends right before `end`, which is above 0; for walking backwards.

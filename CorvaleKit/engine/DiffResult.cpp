@@ -1,0 +1,36 @@
+#include "CorvaleKit/engine/DiffResult.h"
+
+namespace corvale {
+
+namespace {
+
+std::string_view cell(const DataTable& table, std::optional<std::int64_t> row, std::optional<std::int64_t> column) {
+    if (!row || !column) {
+        return {};
+    }
+    return table.rows()[static_cast<std::size_t>(*row)][static_cast<std::size_t>(*column)];
+}
+
+std::optional<std::int64_t> number(const DataTable& table, std::optional<std::int64_t> row) {
+    return row ? std::optional(table.rowNumber(static_cast<std::size_t>(*row))) : std::nullopt;
+}
+
+}  // namespace
+
+std::string_view DiffResult::cellBefore(const DiffRow& row, const ColumnPair& column) const {
+    return cell(before, row.left, column.left);
+}
+
+std::string_view DiffResult::cellAfter(const DiffRow& row, const ColumnPair& column) const {
+    return cell(after, row.right, column.right);
+}
+
+std::optional<std::int64_t> DiffResult::rowNumber(DuplicateKey::Side side, const DiffRow& row) const {
+    return side == DuplicateKey::Side::before ? number(before, row.left) : number(after, row.right);
+}
+
+std::int64_t DiffResult::rowNumber(const DiffRow& row) const {
+    return row.right ? *number(after, row.right) : *number(before, row.left);
+}
+
+}  // namespace corvale

@@ -1,0 +1,229 @@
+#include "CorvaleKit/engine/KeySuggester.h"
+
+#include <absl/container/flat_hash_map.h>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "CorvaleKit/engine/DistinctValues.h"
+#include "CorvaleKit/text/Text.h"
+#include "CorvaleKit/text/Utf8.h"
+
+namespace corvale::KeySuggester {
+
+namespace {
+
+constexpr std::size_t sampleRows = 50'000;
+// Columns whose values are held at a time; bounds the memory taken for wide tables.
+constexpr std::size_t columnsAtOnce = 64;
+
+constexpr double uniquenessWeight = 3.0;
+constexpr double overlapWeight = 2.0;
+constexpr double keyNameBonus = 0.75;
+constexpr double positionPenalty = 0.01;  // a column index
+constexpr double leastUniqueness = 0.95;
+constexpr double leastOverlap = 0.2;
+
+// "e-mail" never matches, since "-" separates words; it stays for whoever reads the list.
+constexpr std::array<std::string_view, 28> keyWords{
+    "id",      "sku",     "key",    "code",     "number",   "no",   "num",  "#",       "email", "e-mail",
+    "account", "invoice", "order",  "isbn",     "upc",      "ean",  "asin", "barcode", "ref",   "reference",
+    "uuid",    "guid",    "serial", "employee", "customer", "item", "part", "ticket",
+};
+
+// One column that both tables have.
+struct SharedColumn {
+    std::size_t before = 0;
+    std::size_t after = 0;
+};
+
+std::string foldedName(std::string_view header) { return Text::lowercased(Text::trimSpaces(header)); }
+
+std::vector<SharedColumn> sharedColumns(const DataTable& before, const DataTable& after) {
+    absl::flat_hash_map<std::string, std::size_t> firstByName;
+    for (std::size_t i = 0; i < after.headers().size(); ++i) {
+        firstByName.try_emplace(foldedName(after.headers()[i]), i);
+    }
+    std::vector<SharedColumn> shared;
+    for (std::size_t i = 0; i < before.headers().size(); ++i) {
+        const auto found = firstByName.find(foldedName(before.headers()[i]));
+        if (found != firstByName.end()) {
+            shared.push_back({i, found->second});
+        }
+    }
+    return shared;
+}
+
+bool isWordCharacter(std::string_view character) {
+    const char32_t scalar = Utf8::scalarAt(character, 0).value;
+    return character == "#" || Text::isLetter(scalar) || Text::isDigit(scalar);
+}
+
+bool isKeyWord(std::string_view word) { return std::find(keyWords.begin(), keyWords.end(), word) != keyWords.end(); }
+
+// Loose on purpose: Paid and Valid pass.
+bool looksLikeKeyName(std::string_view header) {
+    const std::string name = Text::lowercased(header);
+    std::size_t wordStart = 0;
+    for (std::size_t i = 0; i < name.size();) {
+        const std::string_view character = Text::firstCharacters(std::string_view(name).substr(i), 1);
+        if (!isWordCharacter(character)) {
+            if (isKeyWord(std::string_view(name).substr(wordStart, i - wordStart))) {
+                return true;
+            }
+            wordStart = i + character.size();
+        }
+        i += character.size();
+    }
+    return isKeyWord(std::string_view(name).substr(wordStart)) || name.ends_with("id") || name.ends_with('#');
+}
+
+std::size_t sampledRows(const DataTable& table) { return std::min(table.rows().size(), sampleRows); }
+
+// The values of some columns of a table, each in row order. Rows are walked once, since that is how they lie in memory.
+std::vector<CellValues> valuesOf(const DataTable& table, const std::vector<std::size_t>& columns) {
+    std::vector<CellValues> values(columns.size());
+    // Two Before columns may share an After column, so a column can stand at several places.
+    std::vector<std::vector<std::size_t>> placesByColumn(table.headers().size());
+    for (std::size_t place = 0; place < columns.size(); ++place) {
+        values[place].reserve(sampledRows(table));
+        placesByColumn[columns[place]].push_back(place);
+    }
+    const auto add = [&values](std::size_t place, std::string_view cell) {
+        const std::string_view text = Text::trimSpacesAndLineBreaks(cell);
+        if (!text.empty()) {
+            values[place].emplace_back(text);
+        }
+    };
+    for (std::size_t i = 0; i < sampledRows(table); ++i) {
+        const CellRow row = table.rows()[i];
+        if (row.storedCells() < columns.size()) {
+            row.forEachStored([&](std::size_t column, std::string_view cell) {
+                for (const std::size_t place : placesByColumn[column]) {
+                    add(place, cell);
+                }
+            });
+            continue;
+        }
+        for (std::size_t place = 0; place < columns.size(); ++place) {
+            add(place, row[columns[place]]);
+        }
+    }
+    return values;
+}
+
+// Calls visit(number) for each value, in order.
+template <typename Visit>
+void insertAll(DistinctValues& distinct, const CellValues& values, Visit visit) {
+    constexpr std::size_t ahead = 12;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        if (i + ahead < values.size()) {
+            distinct.prefetch(values[i + ahead]);
+        }
+        visit(distinct.insert(values[i]));
+    }
+}
+
+// How a column's values repeat on each side and recur on the other.
+struct Counts {
+    std::size_t before = 0;  // distinct values
+    std::size_t after = 0;
+    std::size_t common = 0;
+};
+
+Counts countDistinct(DistinctValues& distinct, const CellValues& before, const CellValues& after) {
+    Counts counts;
+    distinct.reset(before.size() + after.size());
+    insertAll(distinct, before, [](std::uint32_t) {});
+    counts.before = distinct.size();
+    std::vector<bool> isCommon(counts.before, false);
+    insertAll(distinct, after, [&](std::uint32_t number) {
+        if (number < counts.before && !isCommon[number]) {
+            isCommon[number] = true;
+            ++counts.common;
+        }
+    });
+    counts.after = distinct.size() - counts.before + counts.common;
+    return counts;
+}
+
+double ratio(std::size_t part, std::size_t whole) {
+    return static_cast<double>(part) / static_cast<double>(std::max<std::size_t>(whole, 1));
+}
+
+// Scores columns of two tables against each other.
+class Scoring {
+public:
+    Scoring(const DataTable& before, const DataTable& after) : m_before(before), m_after(after) {}
+
+    // Appends a candidate for each column that has values on both sides.
+    void appendCandidates(std::vector<Candidate>& target, const std::vector<SharedColumn>& columns) {
+        std::vector<std::size_t> left;
+        std::vector<std::size_t> right;
+        for (const auto& column : columns) {
+            left.push_back(column.before);
+            right.push_back(column.after);
+        }
+        const auto before = valuesOf(m_before, left);
+        const auto after = valuesOf(m_after, right);
+        for (std::size_t i = 0; i < columns.size(); ++i) {
+            if (!before[i].empty() && !after[i].empty()) {
+                target.push_back(candidate(columns[i].before, before[i], after[i]));
+            }
+        }
+    }
+
+private:
+    Candidate candidate(std::size_t column, const CellValues& before, const CellValues& after) {
+        const Counts counts = countDistinct(m_distinct, before, after);
+        const double fill =
+            std::min(ratio(before.size(), sampledRows(m_before)), ratio(after.size(), sampledRows(m_after)));
+        Candidate result;
+        result.column = m_before.headers()[column];
+        result.uniqueness = std::min(ratio(counts.before, before.size()), ratio(counts.after, after.size()));
+        result.overlap = ratio(counts.common, counts.before);
+        result.score = uniquenessWeight * result.uniqueness + overlapWeight * result.overlap + fill;
+        if (looksLikeKeyName(result.column)) {
+            result.score += keyNameBonus;
+        }
+        result.score -= positionPenalty * static_cast<double>(column);
+        return result;
+    }
+
+    const DataTable& m_before;
+    const DataTable& m_after;
+    DistinctValues m_distinct;
+};
+
+}  // namespace
+
+std::vector<Candidate> candidates(const DataTable& before, const DataTable& after) {
+    Scoring scoring(before, after);
+    const auto shared = sharedColumns(before, after);
+    std::vector<Candidate> ranked;
+    for (std::size_t first = 0; first < shared.size(); first += columnsAtOnce) {
+        const std::size_t last = std::min(first + columnsAtOnce, shared.size());
+        const auto begin = shared.begin();
+        scoring.appendCandidates(
+            ranked, {begin + static_cast<std::ptrdiff_t>(first), begin + static_cast<std::ptrdiff_t>(last)});
+    }
+    std::stable_sort(
+        ranked.begin(), ranked.end(), [](const Candidate& a, const Candidate& b) { return a.score > b.score; });
+    return ranked;
+}
+
+std::optional<std::string> suggestedKey(const DataTable& before, const DataTable& after) {
+    return suggestedKey(candidates(before, after));
+}
+
+std::optional<std::string> suggestedKey(const std::vector<Candidate>& ranked) {
+    if (ranked.empty() || ranked.front().uniqueness < leastUniqueness || ranked.front().overlap < leastOverlap) {
+        return std::nullopt;
+    }
+    return ranked.front().column;
+}
+
+}  // namespace corvale::KeySuggester

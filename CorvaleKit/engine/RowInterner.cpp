@@ -1,0 +1,180 @@
+#include "CorvaleKit/engine/RowInterner.h"
+
+#include <absl/container/flat_hash_set.h>
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+#include "CorvaleKit/base/Memory.h"
+#include "CorvaleKit/base/Require.h"
+#include "CorvaleKit/engine/Callbacks.h"
+#include "CorvaleKit/engine/RowComparison.h"
+
+namespace corvale {
+
+// The set holds ids; an id's text is read from the first row that had it.
+class RowInterner::Index {
+public:
+    Index(const ComparisonTexts& before, const ComparisonTexts& after)
+        : m_before(before), m_after(after), m_ids(0, Hash{this}, Equal{this}) {
+        CORVALE_REQUIRE(before.columnCount() == after.columnCount(), "rows with other numbers of columns are compared");
+        CORVALE_REQUIRE(before.rowCount() + after.rowCount() < std::numeric_limits<std::uint32_t>::max(),
+                        "two tables have more than four thousand million rows");
+        m_ids.reserve(before.rowCount() + after.rowCount());
+        m_firsts.reserve(before.rowCount());
+    }
+
+    // Hashes a block of rows before it looks the first one up, so that the places in the set, all over the memory, are
+    // on their way when they are needed.
+    std::vector<std::uint32_t> internBefore(const std::function<void(std::size_t)>& onRow) {
+        std::vector<std::uint32_t> ids;
+        ids.reserve(m_before.rowCount());
+        std::array<std::size_t, rowsPerBlock> hashes;
+        for (std::size_t begin = 0; begin < m_before.rowCount(); begin += rowsPerBlock) {
+            callEvery4096th(begin, onRow);
+            const std::size_t end = std::min(begin + rowsPerBlock, m_before.rowCount());
+            prefetchCells(m_before, end);
+            for (std::size_t row = begin; row < end; ++row) {
+                const auto texts = m_before.row(row);
+                hashes[row - begin] = m_joinedText.hash(texts);
+                m_ids.prefetch(Candidate{hashes[row - begin], texts});
+            }
+            for (std::size_t row = begin; row < end; ++row) {
+                ids.push_back(idOf({hashes[row - begin], m_before.row(row)}, row));
+            }
+        }
+        m_beforeIdCount = m_firsts.size();
+        m_beforeIds = ids;
+        return ids;
+    }
+
+    std::vector<std::uint32_t> internAfter(const std::function<void(std::size_t)>& onRow) {
+        std::vector<std::uint32_t> ids;
+        ids.reserve(m_after.rowCount());
+        for (std::size_t row = 0; row < m_after.rowCount(); ++row) {
+            callEvery4096th(row, onRow);
+            ids.push_back(idOfAfterRow(row));
+        }
+        return ids;
+    }
+
+    std::optional<std::uint32_t> find(std::string_view text) const {
+        const auto found = m_ids.find(Text{JoinedText::hash(text), text});
+        return found == m_ids.end() ? std::nullopt : std::optional(*found);
+    }
+
+    std::size_t idCount() const { return m_firsts.size(); }
+
+private:
+    static constexpr std::size_t rowsPerBlock = 32;
+    static_assert(rowsPerPoll % rowsPerBlock == 0);
+
+    struct First {
+        std::size_t hash = 0;
+        std::uint32_t row = 0;
+    };
+    struct Text {
+        std::size_t hash = 0;
+        std::string_view joined;
+    };
+    struct Candidate {
+        std::size_t hash = 0;
+        ComparisonTexts::Row row;
+    };
+
+    struct Hash {
+        using is_transparent = void;
+        const Index* index;
+        std::size_t operator()(std::uint32_t id) const { return index->m_firsts[id].hash; }
+        std::size_t operator()(const Text& text) const { return text.hash; }
+        std::size_t operator()(const Candidate& candidate) const { return candidate.hash; }
+    };
+
+    struct Equal {
+        using is_transparent = void;
+        const Index* index;
+        bool operator()(std::uint32_t a, std::uint32_t b) const { return a == b; }
+        bool operator()(std::uint32_t id, const Text& text) const {
+            return index->m_firsts[id].hash == text.hash && JoinedText::isEqual(index->firstRow(id), text.joined);
+        }
+        bool operator()(std::uint32_t id, const Candidate& candidate) const { return index->isSame(id, candidate); }
+    };
+
+    static void callEvery4096th(std::size_t row, const std::function<void(std::size_t)>& onRow) {
+        if (row % rowsPerPoll == 0 && onRow) {
+            onRow(row);
+        }
+    }
+
+    // Those of the next block, where a row is no more than one of them.
+    static void prefetchCells(const ComparisonTexts& texts, std::size_t begin) {
+        const std::size_t end = std::min(begin + rowsPerBlock, texts.rowCount());
+        for (std::size_t row = begin; texts.columnCount() == 1 && row < end; ++row) {
+            Memory::prefetch(texts.row(row)[0].data());
+        }
+    }
+
+    // Most rows of an edited table follow the row that they followed before: one comparison then saves hashing the row
+    // and jumping about in the set.
+    std::uint32_t idOfAfterRow(std::size_t index) {
+        const auto row = m_after.row(index);
+        if (m_likelyRow < m_beforeIds.size() && m_comparison.isSame(m_before.row(m_likelyRow), row)) {
+            return m_beforeIds[m_likelyRow++];
+        }
+        const std::uint32_t id = idOf({m_joinedText.hash(row), row}, index);
+        m_likelyRow = id < m_beforeIdCount ? m_firsts[id].row + std::size_t{1} : m_likelyRow + 1;
+        return id;
+    }
+
+    std::uint32_t idOf(const Candidate& candidate, std::size_t index) {
+        const auto next = static_cast<std::uint32_t>(m_firsts.size());
+        const auto found = m_ids.lazy_emplace(candidate, [&](const auto& construct) { construct(next); });
+        if (*found == next) {
+            m_firsts.push_back({candidate.hash, static_cast<std::uint32_t>(index)});
+        }
+        return *found;
+    }
+
+    // Rows with different cells can still join to one text, when a cell holds a separator itself.
+    bool isSame(std::uint32_t id, const Candidate& candidate) const {
+        if (m_firsts[id].hash != candidate.hash) {
+            return false;
+        }
+        const auto first = firstRow(id);
+        return m_comparison.isSame(first, candidate.row) || JoinedText::isEqual(first, candidate.row);
+    }
+
+    ComparisonTexts::Row firstRow(std::uint32_t id) const {
+        return (id < m_beforeIdCount ? m_before : m_after).row(m_firsts[id].row);
+    }
+
+    const ComparisonTexts& m_before;
+    const ComparisonTexts& m_after;
+    std::size_t m_beforeIdCount = std::numeric_limits<std::size_t>::max();  // ids below it were first seen in Before
+    std::vector<std::uint32_t> m_beforeIds;
+    std::size_t m_likelyRow = 0;  // the Before row that the next After row probably repeats
+    std::vector<First> m_firsts;  // by id
+    JoinedText m_joinedText;
+    mutable RowComparison m_comparison;
+    absl::flat_hash_set<std::uint32_t, Hash, Equal> m_ids;
+};
+
+RowInterner::RowInterner(const ComparisonTexts& before, const ComparisonTexts& after)
+    : m_index(std::make_unique<Index>(before, after)) {}
+
+RowInterner::~RowInterner() = default;
+
+std::vector<std::uint32_t> RowInterner::internBefore(const std::function<void(std::size_t)>& onRow) {
+    return m_index->internBefore(onRow);
+}
+
+std::vector<std::uint32_t> RowInterner::internAfter(const std::function<void(std::size_t)>& onRow) {
+    return m_index->internAfter(onRow);
+}
+
+std::optional<std::uint32_t> RowInterner::find(std::string_view text) const { return m_index->find(text); }
+
+std::size_t RowInterner::idCount() const { return m_index->idCount(); }
+
+}  // namespace corvale

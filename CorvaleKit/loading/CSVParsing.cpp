@@ -1,0 +1,148 @@
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <utility>
+
+#include "CorvaleKit/base/ByteScan.h"
+#include "CorvaleKit/loading/CSV.h"
+#include "CorvaleKit/loading/CellGridBuilder.h"
+
+namespace corvale::CSV {
+
+namespace {
+
+class Parser {
+public:
+    Parser(Bytes text, char delimiter)
+        : m_bytes(std::move(text)),
+          m_text(m_bytes.data()),
+          m_size(m_bytes.size()),
+          m_delimiter(delimiter),
+          m_ends(m_text, m_size, delimiter, '\r', '\n') {}
+
+    CellGrid parse() {
+        reserve();
+        while (m_position < m_size) {
+            readCell();
+            if (m_position == m_size) {
+                break;
+            }
+            const char end = m_text[m_position++];
+            if (end != m_delimiter) {
+                m_position += end == '\r' && m_position < m_size && m_text[m_position] == '\n' ? 1U : 0U;
+                m_grid.endRow();
+            } else if (m_position == m_size) {
+                m_grid.addCell(m_size, 0);
+            }
+        }
+        if (m_grid.pendingCells() > 0) {
+            m_grid.endRow();
+        }
+        return m_grid.finish(std::move(m_bytes));
+    }
+
+private:
+    // The start of the file tells how many cells and rows the rest will have, near enough to spare regrowing.
+    void reserve() {
+        const std::size_t sampled = std::min<std::size_t>(m_size, 256 * 1024);
+        if (sampled == 0) {
+            return;
+        }
+        const auto count = [&](char wanted) {
+            return static_cast<std::size_t>(std::count(m_text, m_text + sampled, wanted));
+        };
+        const std::size_t rows = std::max(count('\n'), count('\r')) + 1;
+        const std::size_t cells = count(m_delimiter) + rows;
+        const double factor = 1.1 * static_cast<double>(m_size) / static_cast<double>(sampled);
+        m_grid.reserve(static_cast<std::size_t>(static_cast<double>(cells) * factor),
+                       static_cast<std::size_t>(static_cast<double>(rows) * factor));
+    }
+
+    // Leaves the position at the delimiter or line break that ends the cell, or at the end of the text.
+    void readCell() {
+        if (m_text[m_position] == '"') {
+            readQuotedCell();
+            return;
+        }
+        const std::size_t end = m_ends.next(m_position);
+        m_grid.addCell(m_position, end - m_position);
+        m_position = end;
+    }
+
+    void readQuotedCell() {
+        const std::size_t start = m_position + 1;
+        std::size_t kept = start;  // the cell's text so far is [start, kept), moved left over dropped quotes
+        std::size_t from = start;
+        for (;;) {
+            const std::size_t quote = find('"', from);
+            keep(kept, from, quote);
+            if (quote == m_size) {
+                m_position = m_size;
+                break;
+            }
+            const bool doubled = quote + 1 < m_size && m_text[quote + 1] == '"';
+            if (!doubled) {
+                m_position = m_ends.next(quote + 1);
+                keep(kept, quote + 1, m_position);
+                break;
+            }
+            keep(kept, quote, quote + 1);
+            from = quote + 2;
+        }
+        m_grid.addCell(start, kept - start);
+    }
+
+    std::size_t find(char wanted, std::size_t from) const {
+        const void* found = std::memchr(m_text + from, wanted, m_size - from);
+        return found != nullptr ? static_cast<std::size_t>(static_cast<const char*>(found) - m_text) : m_size;
+    }
+
+    void keep(std::size_t& kept, std::size_t from, std::size_t to) {
+        if (kept != from) {
+            std::memmove(m_text + kept, m_text + from, to - from);
+        }
+        kept += to - from;
+    }
+
+    Bytes m_bytes;
+    char* m_text;
+    std::size_t m_size;
+    char m_delimiter;
+    ByteScan::Finder m_ends;
+    CellGridBuilder m_grid;
+    std::size_t m_position = 0;
+};
+
+}  // namespace
+
+char detectDelimiter(std::string_view text) {
+    struct Candidate {
+        char delimiter;
+        std::size_t count;
+    };
+    std::array<Candidate, 3> candidates{{{',', 0}, {'\t', 0}, {';', 0}}};  // in the order that wins ties
+    bool quoted = false;
+    for (const char c : text) {
+        if (c == '"') {
+            quoted = !quoted;
+        } else if (!quoted) {
+            if (c == '\r' || c == '\n') {
+                break;
+            }
+            for (auto& candidate : candidates) {
+                candidate.count += c == candidate.delimiter ? 1U : 0U;
+            }
+        }
+    }
+    return std::max_element(candidates.begin(),
+                            candidates.end(),
+                            [](const Candidate& a, const Candidate& b) { return a.count < b.count; })
+        ->delimiter;
+}
+
+CellGrid parse(Bytes text, std::optional<char> delimiter) {
+    const char chosen = delimiter ? *delimiter : detectDelimiter(text.view());
+    return Parser(std::move(text), chosen).parse();
+}
+
+}  // namespace corvale::CSV

@@ -1,0 +1,113 @@
+#include "cli/Commands.h"
+
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "CorvaleKit/engine/DiffEngine.h"
+#include "CorvaleKit/engine/KeySuggester.h"
+#include "CorvaleKit/loading/DataLoader.h"
+#include "CorvaleKit/loading/XLSX.h"
+#include "cli/FileReading.h"
+#include "cli/Interrupt.h"
+#include "cli/JsonReport.h"
+#include "cli/MatchChoice.h"
+#include "cli/Progress.h"
+#include "cli/SummaryReport.h"
+#include "cli/SystemLocale.h"
+#include "cli/TableLoading.h"
+#include "cli/Terminal.h"
+#include "cli/TextReport.h"
+
+namespace corvale::Cli {
+
+namespace {
+
+// Tables of gigabytes take their time to be given back piece by piece, and the system takes them all at once. So a
+// command ends the process while its tables live; nothing that it holds needs more than its memory released.
+[[noreturn]] void end(Output& output, int status) {
+    output.flush();
+    std::_Exit(status);
+}
+
+JsonWriter::Sink sinkTo(Output& output) {
+    return [&output](std::string_view piece) { output.write(piece); };
+}
+
+[[noreturn]] void run(const PrintCommand& command, Output& output) {
+    output.write(command.text);
+    end(output, ExitStatus::same);
+}
+
+[[noreturn]] void run(const SheetsCommand& command, Output& output) {
+    const std::string fileName = fileNameOf(command.path);
+    const Bytes bytes = readFile(command.path);
+    DataLoader::refuseByName(fileName);
+    std::vector<std::string> names;
+    if (DataLoader::isWorkbook(bytes.view(), fileName)) {
+        for (XLSX::Sheet& sheet : XLSX::sheets(bytes.view())) {
+            names.push_back(std::move(sheet.name));
+        }
+    }
+    JsonReport::writeSheets(names, sinkTo(output));
+    end(output, ExitStatus::same);
+}
+
+[[noreturn]] void run(const TableCommand& command, Output& output) {
+    const DataTable table = loadTable(command.file);
+    JsonReport::writeTable(table, sinkTo(output));
+    end(output, ExitStatus::same);
+}
+
+[[noreturn]] void run(const KeyCommand& command, Output& output) {
+    const TablePair tables = loadPair(command.files);
+    JsonReport::writeKey(KeySuggester::candidates(tables.before, tables.after), sinkTo(output));
+    end(output, ExitStatus::same);
+}
+
+DiffResult compare(const TablePair& tables, const RowMatch& match, const DiffOptions& options, Progress& progress) {
+    const Interrupt::Deferral deferral;
+    return DiffEngine::compare(tables.before,
+                               tables.after,
+                               match,
+                               options,
+                               systemNumberStyle(),
+                               {[&](double done) { progress.fraction(done); }, Interrupt::isRequested});
+}
+
+void report(const CompareCommand& command, const DiffResult& result, bool matchIsSuggested, Output& output) {
+    if (command.format == CompareCommand::Format::summary) {
+        output.write(summaryReport(result.summary));
+        return;
+    }
+    const std::vector<std::int64_t> visible = listFilter(command.list, result.columns).apply(result);
+    if (command.format == CompareCommand::Format::json) {
+        JsonReport::writeResult(result, visible, sinkTo(output));
+        return;
+    }
+    const TextReportContext context{command.files, matchIsSuggested, command.list, Terminal::outputStyle()};
+    writeTextReport(result, visible, context, sinkTo(output));
+}
+
+[[noreturn]] void run(const CompareCommand& command, Output& output) {
+    Progress progress(Terminal::canShowProgress());
+    progress.phase("Reading");
+    const TablePair tables = loadPair(command.files);
+    progress.phase("Comparing");
+    const MatchChoice choice = chooseMatch(command.match, command.files, tables);
+    const DiffResult result = compare(tables, choice.match, command.options, progress);
+    progress.end();
+    report(command, result, choice.isSuggested, output);
+    end(output, hasDifferences(result.summary) ? ExitStatus::different : ExitStatus::same);
+}
+
+}  // namespace
+
+void run(const Command& command, Output& output) {
+    std::visit([&](const auto& chosen) { run(chosen, output); }, command);
+    std::abort();  // no command returns
+}
+
+}  // namespace corvale::Cli

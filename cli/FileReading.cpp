@@ -1,0 +1,100 @@
+#include "cli/FileReading.h"
+
+#include <filesystem>
+#include <limits>
+#include <new>
+#include <system_error>
+
+#include "CorvaleKit/text/Utf8.h"
+#include "cli/FileSource.h"
+
+namespace corvale::Cli {
+
+namespace {
+
+FileFailure unreadable(const std::string& path, const std::error_code& error) {
+    return FileFailure(quotedPath(path) + " can’t be read: " + error.message() + ".");
+}
+
+FileFailure changedMeanwhile(const std::string& path) {
+    return FileFailure(quotedPath(path) + " changed while it was being read.");
+}
+
+FileFailure tooLarge(const std::string& path) {
+    return FileFailure(quotedPath(path) + " is too large for this computer’s memory.");
+}
+
+// Told before opening: opening a pipe may wait for its other end, and opening a device may set it off.
+void refuseOtherThanFiles(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::file_status status = std::filesystem::status(path, error);
+    switch (status.type()) {
+        case std::filesystem::file_type::regular:
+            return;
+        case std::filesystem::file_type::not_found:
+            throw FileFailure(quotedPath(path) + " doesn’t exist.");
+        case std::filesystem::file_type::directory:
+            throw FileFailure(quotedPath(path) + " is a folder, not a file.");
+        case std::filesystem::file_type::fifo:
+            throw FileFailure(quotedPath(path) + " is a pipe. Save what comes out of it to a file first.");
+        case std::filesystem::file_type::block:
+        case std::filesystem::file_type::character:
+            throw FileFailure(quotedPath(path) + " is a device, not a file.");
+        case std::filesystem::file_type::socket:
+            throw FileFailure(quotedPath(path) + " is a socket, not a file.");
+        case std::filesystem::file_type::none:
+        case std::filesystem::file_type::symlink:
+        case std::filesystem::file_type::unknown:
+            break;
+    }
+    throw error ? unreadable(path, error) : FileFailure(quotedPath(path) + " is not a file.");
+}
+
+Bytes reserve(const std::string& path, std::uint64_t size) {
+    // Systems that promise more memory than they have would end the process later, without a word.
+    if (size > FileSource::physicalMemory() || size > std::numeric_limits<std::size_t>::max()) {
+        throw tooLarge(path);
+    }
+    try {
+        return Bytes(static_cast<std::size_t>(size));
+    } catch (const std::bad_alloc&) {
+        throw tooLarge(path);
+    }
+}
+
+}  // namespace
+
+std::string quotedPath(const std::string& path) { return "“" + Utf8::repaired(path) + "”"; }
+
+std::string fileNameOf(const std::string& path) {
+    return Utf8::repaired(std::filesystem::path(path).filename().string());
+}
+
+Bytes readExactly(const std::string& path, std::uint64_t size, const ReadPiece& read) {
+    Bytes bytes = reserve(path, size);
+    for (std::size_t filled = 0; filled < bytes.size();) {
+        const std::size_t count = read(bytes.data() + filled, bytes.size() - filled);
+        if (count == 0) {
+            throw changedMeanwhile(path);
+        }
+        filled += count;
+    }
+    char further = 0;
+    if (read(&further, 1) != 0) {
+        throw changedMeanwhile(path);
+    }
+    return bytes;
+}
+
+Bytes readFile(const std::string& path) {
+    refuseOtherThanFiles(path);
+    try {
+        FileSource source(path);
+        return readExactly(
+            path, source.size(), [&](char* target, std::size_t room) { return source.read(target, room); });
+    } catch (const std::system_error& failure) {
+        throw unreadable(path, failure.code());
+    }
+}
+
+}  // namespace corvale::Cli

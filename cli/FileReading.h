@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "CorvaleKit/base/Bytes.h"
+#include "CorvaleKit/base/Failures.h"
+
+namespace corvale::Cli {
+
+// A path that gives no bytes; the message names it.
+class FileFailure : public UserFailure {
+public:
+    using UserFailure::UserFailure;
+};
+
+// The whole of a regular file. A folder, a pipe or a device is refused without waiting for it, and so is a file that
+// changes its length while it is read. Throws FileFailure.
+Bytes readFile(const std::string& path);
+
+// Fills a part of `target`, at most `room` bytes, and says how much; 0 at the end of the file.
+using ReadPiece = std::function<std::size_t(char* target, std::size_t room)>;
+
+// `size` bytes and then the end, or a FileFailure about `path`.
+Bytes readExactly(const std::string& path, std::uint64_t size, const ReadPiece& read);
+
+// `path` between typographic quotes, valid UTF-8.
+std::string quotedPath(const std::string& path);
+
+// The part of a path that the user knows a file by, valid UTF-8.
+std::string fileNameOf(const std::string& path);
+
+}  // namespace corvale::Cli

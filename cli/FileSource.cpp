@@ -1,0 +1,84 @@
+#include "cli/FileSource.h"
+
+#include <cerrno>
+#include <limits>
+#include <system_error>
+
+#if __has_include(<unistd.h>)
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#else
+#include <filesystem>
+#endif
+
+namespace corvale::Cli {
+
+#if __has_include(<unistd.h>)
+
+namespace {
+
+std::system_error lastError() { return {errno, std::generic_category()}; }
+
+}  // namespace
+
+FileSource::FileSource(const std::string& path)
+    : m_descriptor(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)) {
+    if (m_descriptor < 0) {
+        throw lastError();
+    }
+    struct stat status {};
+    if (::fstat(m_descriptor, &status) != 0) {
+        const std::system_error error = lastError();
+        ::close(m_descriptor);
+        throw error;
+    }
+    m_size = static_cast<std::uint64_t>(status.st_size);
+}
+
+FileSource::~FileSource() { ::close(m_descriptor); }
+
+std::size_t FileSource::read(char* target, std::size_t room) {
+    ssize_t count = 0;
+    do {
+        count = ::read(m_descriptor, target, room);
+    } while (count < 0 && errno == EINTR);
+    if (count < 0) {
+        throw lastError();
+    }
+    return static_cast<std::size_t>(count);
+}
+
+std::uint64_t FileSource::physicalMemory() {
+    const long pages = ::sysconf(_SC_PHYS_PAGES);
+    const long pageSize = ::sysconf(_SC_PAGESIZE);
+    if (pages <= 0 || pageSize <= 0) {
+        return std::numeric_limits<std::uint64_t>::max();
+    }
+    return static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(pageSize);
+}
+
+#else
+
+FileSource::FileSource(const std::string& path)
+    : m_size(std::filesystem::file_size(path)), m_file(path, std::ios::binary) {
+    if (!m_file) {
+        throw std::system_error(errno, std::generic_category());
+    }
+}
+
+FileSource::~FileSource() = default;
+
+std::size_t FileSource::read(char* target, std::size_t room) {
+    m_file.read(target, static_cast<std::streamsize>(room));
+    if (m_file.bad()) {
+        throw std::system_error(EIO, std::generic_category());
+    }
+    return static_cast<std::size_t>(m_file.gcount());
+}
+
+std::uint64_t FileSource::physicalMemory() { return std::numeric_limits<std::uint64_t>::max(); }
+
+#endif
+
+}  // namespace corvale::Cli

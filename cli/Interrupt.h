@@ -1,0 +1,24 @@
+#pragma once
+
+// Ctrl-C. Nothing is left behind whenever the program ends, so it ends at once with status 130; only a comparison asks
+// for the time to stop by itself.
+namespace corvale::Cli::Interrupt {
+
+inline constexpr int exitStatus = 130;
+
+// Takes over SIGINT, unless the program was started with it ignored. Once, before there is a second thread.
+void install();
+
+// While one of these lives, the first Ctrl-C only sets the flag that `isRequested` reads; a second one ends the
+// program.
+class Deferral {
+public:
+    Deferral();
+    ~Deferral();
+    Deferral(const Deferral&) = delete;
+    Deferral& operator=(const Deferral&) = delete;
+};
+
+bool isRequested();
+
+}  // namespace corvale::Cli::Interrupt

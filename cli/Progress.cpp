@@ -1,0 +1,86 @@
+#include "cli/Progress.h"
+
+#include <chrono>
+#include <cstdio>
+#include <string>
+
+#if __has_include(<unistd.h>)
+#include <unistd.h>
+#endif
+
+namespace corvale::Cli {
+
+namespace {
+
+// Work that ends sooner needs no telling.
+constexpr std::chrono::milliseconds patience{400};
+constexpr std::chrono::milliseconds interval{100};
+
+// Back to the start of the line, and all of it erased (ECMA-48, 8.3.41).
+constexpr char erasure[] = "\r\x1b[K";
+
+std::atomic<bool> isShown{false};
+static_assert(std::atomic<bool>::is_always_lock_free);
+
+}  // namespace
+
+Progress::Progress(bool enabled) {
+    if (enabled) {
+        m_thread = std::thread([this] { run(); });
+    }
+}
+
+Progress::~Progress() { end(); }
+
+void Progress::phase(const char* name) {
+    m_percent = -1;
+    m_phase = name;
+}
+
+void Progress::fraction(double done) { m_percent = static_cast<int>(done * 100); }
+
+void Progress::end() {
+    if (!m_thread.joinable()) {
+        return;
+    }
+    {
+        const std::lock_guard lock(m_mutex);
+        m_isEnding = true;
+    }
+    m_ending.notify_one();
+    m_thread.join();
+    if (isShown.exchange(false)) {
+        std::fputs(erasure, stderr);
+    }
+}
+
+void Progress::run() {
+    std::unique_lock lock(m_mutex);
+    const auto isEnding = [this] { return m_isEnding; };
+    for (auto wait = patience; !m_ending.wait_for(lock, wait, isEnding); wait = interval) {
+        draw();
+    }
+}
+
+void Progress::draw() const {
+    std::string line = erasure;
+    line += m_phase;
+    line += "…";
+    const int percent = m_percent;
+    if (percent >= 0) {
+        line += " " + std::to_string(percent) + " %";
+    }
+    isShown = true;
+    std::fputs(line.c_str(), stderr);
+}
+
+void Progress::eraseFromSignalHandler() {
+#if __has_include(<unistd.h>)
+    if (isShown) {
+        // Nothing can be done about a terminal that is gone.
+        [[maybe_unused]] const auto written = ::write(STDERR_FILENO, erasure, sizeof erasure - 1);
+    }
+#endif
+}
+
+}  // namespace corvale::Cli

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "CorvaleKit/base/Failures.h"
+#include "CorvaleKit/loading/DataTable.h"
+#include "cli/Arguments.h"
+
+namespace corvale::Cli {
+
+// A sheet that the workbook does not have by the name given.
+class SheetFailure : public UserFailure {
+public:
+    using UserFailure::UserFailure;
+};
+
+// Throws FileFailure, SheetFailure or a failure of the loader.
+DataTable loadTable(const FileChoice& file);
+
+struct TablePair {
+    DataTable before;
+    DataTable after;
+};
+
+// Reads both files at the same time. When neither can be loaded, it is Before's failure that is thrown.
+TablePair loadPair(const PairChoice& files);
+
+// The 0-based index of the sheet that `choice` names: a number from 1 when it is all digits, which need not exist, else
+// a name, equal as it stands or else ignoring letter case. Throws a SheetFailure about `path`.
+std::int64_t sheetIndex(std::string_view workbook, const std::string& path, std::string_view choice);
+
+}  // namespace corvale::Cli

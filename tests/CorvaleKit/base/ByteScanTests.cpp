@@ -1,0 +1,75 @@
+#include "CorvaleKit/base/ByteScan.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "CorvaleKit/base/Bytes.h"
+
+namespace corvale::ByteScan {
+namespace {
+
+std::string randomText(std::mt19937& random, std::string_view alphabet, std::size_t size) {
+    std::string text(size, ' ');
+    std::generate(text.begin(), text.end(), [&] { return alphabet[random() % alphabet.size()]; });
+    return text;
+}
+
+TEST(ByteScan, MatchesMarkEveryPositionOfABlock) {
+    for (std::size_t position = 0; position < blockSize; ++position) {
+        for (const char wanted : {',', '\r', '\n'}) {
+            std::string block(blockSize, 'x');
+            block[position] = wanted;
+            EXPECT_EQ(matches(block.data(), ',', '\r', '\n'), std::uint64_t{1} << position);
+        }
+    }
+}
+
+TEST(ByteScan, MatchesAgreeWithThePlainForm) {
+    std::mt19937 random(1);
+    for (int i = 0; i < 5'000; ++i) {
+        const std::string block = randomText(random, i % 2 == 0 ? "a,\r\n" : std::string_view("\0\x80\xFF,", 4), blockSize);
+        EXPECT_EQ(matches(block.data(), ',', '\x80', '\n'), plainMatches(block.data(), ',', '\x80', '\n'));
+    }
+}
+
+TEST(ByteScan, FinderAgreesWithALoopFromEveryStart) {
+    std::mt19937 random(2);
+    for (std::size_t size = 0; size < 300; ++size) {
+        const Bytes text(randomText(random, "aaaaaaaaaaaaaaaaaaaaaaaaaaa,\r\n", size));
+        for (std::size_t from = 0; from <= size; ++from) {
+            Finder finder(text.data(), size, ',', '\r', '\n');
+            const std::size_t expected = std::min(text.view().find_first_of(",\r\n", from), size);
+            EXPECT_EQ(finder.next(from), expected) << size << " bytes from " << from;
+        }
+    }
+}
+
+TEST(ByteScan, FinderGoesForwardInAnySteps) {
+    std::mt19937 random(3);
+    for (int i = 0; i < 2'000; ++i) {
+        const Bytes text(randomText(random, "aaaaaaaaaaaaaaaaaaaaaaaaaaa,\r\n", random() % 500));
+        Finder finder(text.data(), text.size(), ',', '\r', '\n');
+        for (std::size_t from = 0; from <= text.size(); from += random() % 90) {
+            const std::size_t found = finder.next(from);
+            EXPECT_EQ(found, std::min(text.view().find_first_of(",\r\n", from), text.size()));
+            from = found;
+        }
+    }
+}
+
+TEST(ByteScan, FinderDoesNotTakeThePaddingForAMatch) {
+    for (const std::size_t size : {0U, 1U, 63U, 64U, 65U, 128U}) {
+        const Bytes text(std::string(size, 'x'));
+        Finder finder(text.data(), size, '\0', '\0', '\0');
+        EXPECT_EQ(finder.next(0), size);
+        EXPECT_EQ(finder.next(size), size);
+    }
+}
+
+}  // namespace
+}  // namespace corvale::ByteScan

@@ -1,0 +1,36 @@
+#include "CorvaleKit/base/Require.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace corvale {
+namespace {
+
+TEST(Require, AHoldingConditionIsEvaluatedOnceAndLetsTheProgramGoOn) {
+    int evaluated = 0;
+    CORVALE_REQUIRE(++evaluated == 1, "evaluated twice");
+    EXPECT_EQ(evaluated, 1);
+}
+
+TEST(Require, IsOneStatementUnderAnIf) {
+    bool reached = false;
+    if (reached)
+        CORVALE_REQUIRE(false, "the branch that is not taken");
+    else
+        reached = true;
+    EXPECT_TRUE(reached);
+}
+
+TEST(RequireDeathTest, ABrokenRuleStopsTheProcessWithTheRuleAndThePlace) {
+    const int rows = 3;
+    EXPECT_DEATH(CORVALE_REQUIRE(rows == 4, "a row went missing"),
+                 R"(corvale: a row went missing \(.*RequireTests\.cpp:[0-9]+\))");
+}
+
+TEST(RequireDeathTest, APercentSignInTheRuleIsPrintedAsItIs) {
+    EXPECT_DEATH(requirementFailed("100 %s", "file.cpp", 7), R"(corvale: 100 %s \(file\.cpp:7\))");
+}
+
+}  // namespace
+}  // namespace corvale

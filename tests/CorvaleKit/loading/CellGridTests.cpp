@@ -1,0 +1,200 @@
+#include "CorvaleKit/loading/CellGrid.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "CorvaleKit/loading/CellGridBuilder.h"
+#include "tests/support/Grids.h"
+
+namespace corvale {
+namespace {
+
+using Grids::PlacedTexts;
+using Grids::Rows;
+using Grids::texts;
+
+using Visits = std::vector<std::pair<std::size_t, std::string>>;
+
+Visits storedCells(const CellRow& row) {
+    Visits visits;
+    row.forEachStored([&](std::size_t column, std::string_view text) { visits.emplace_back(column, text); });
+    return visits;
+}
+
+TEST(CellGrid, IsEmptyByDefault) {
+    EXPECT_EQ(CellGrid().rowCount(), 0U);
+    EXPECT_EQ(CellGridBuilder().finish(Bytes()).rowCount(), 0U);
+}
+
+TEST(CellGrid, KeepsRaggedRowsAsTheyAre) {
+    const Rows rows = {{"a", "b"}, {}, {""}, {"c", "", "é"}, {"", ""}};
+    const CellGrid grid = CellGrid::fromTexts(rows);
+    EXPECT_EQ(texts(grid), rows);
+    EXPECT_TRUE(grid.row(1).empty());
+    EXPECT_EQ(grid.row(3)[2], "é");
+}
+
+TEST(CellGrid, ScatteredCellsReadAsTheRowTheyMake) {
+    struct Case {
+        PlacedTexts cells;
+        std::size_t width;
+    };
+    const std::vector<Case> cases = {
+        {{}, 0},
+        {{{0, "a"}}, 1},
+        {{{1, "a"}}, 2},
+        {{{2, "a"}}, 3},
+        {{{0, "a"}, {3, "b"}}, 4},
+        {{{0, "a"}, {4, "b"}}, 5},
+        {{{999, "far"}}, 1000},
+        {{{0, "a"}, {7, ""}, {500, "b"}, {999, "c"}}, 1000},
+    };
+    for (const auto& [cells, width] : cases) {
+        const CellGrid grid = Grids::scattered({{}, cells, {{0, "after"}}});
+        const CellRow row = grid.row(1);
+        Grids::Texts expected(width);
+        for (const auto& [column, text] : cells) {
+            expected[column] = text;
+        }
+        EXPECT_EQ(texts(row), expected);
+        EXPECT_EQ(row.size(), width);
+        EXPECT_GE(row.storedCells(), cells.size());
+        EXPECT_LE(row.storedCells(), 2 * cells.size());
+        EXPECT_EQ(texts(grid.row(0)), Grids::Texts{});
+        EXPECT_EQ(texts(grid.row(2)), Grids::Texts{"after"});
+    }
+}
+
+TEST(CellGrid, RandomScatteredRowsReadLikeDenseOnes) {
+    std::mt19937 random(11);
+    for (int i = 0; i < 300; ++i) {
+        std::vector<PlacedTexts> scattered(random() % 6);
+        Rows dense;
+        for (auto& cells : scattered) {
+            Grids::Texts row;
+            const std::size_t gap = 1 + random() % 8;
+            for (std::size_t column = random() % gap; column < 30; column += 1 + random() % gap) {
+                cells.emplace_back(static_cast<std::uint32_t>(column), std::string(random() % 3, 'x'));
+                row.resize(column);
+                row.push_back(cells.back().second);
+            }
+            dense.push_back(row);
+        }
+        const CellGrid grid = Grids::scattered(scattered);
+        const CellGrid twin = CellGrid::fromTexts(dense);
+        ASSERT_EQ(texts(grid), dense);
+        for (std::size_t row = 0; row < dense.size(); ++row) {
+            EXPECT_EQ(grid.row(row), twin.row(row));
+        }
+    }
+}
+
+TEST(CellGrid, AFarCellTakesTheRoomOfANearOne) {
+    const CellGrid grid = Grids::scattered({{{999, "far"}}, {{0, "near"}}});
+    EXPECT_EQ(storedCells(grid.row(0)), (Visits{{999, "far"}}));
+    EXPECT_EQ(storedCells(grid.row(1)), (Visits{{0, "near"}}));
+}
+
+TEST(CellGrid, StoredCellsComeInColumnOrderUpToTheWidth) {
+    const CellRows rows(Grids::scattered({{{1, "b"}, {9, "j"}, {12, "m"}}, {{0, "a"}, {1, ""}, {2, "c"}}}));
+    EXPECT_EQ(storedCells(rows[0]), (Visits{{1, "b"}, {9, "j"}, {12, "m"}}));
+    EXPECT_EQ(storedCells(rows[1]), (Visits{{0, "a"}, {1, ""}, {2, "c"}}));
+
+    const CellRows cut = rows.corner(2, 10);
+    EXPECT_EQ(storedCells(cut[0]), (Visits{{1, "b"}, {9, "j"}}));
+    EXPECT_EQ(storedCells(rows.corner(2, 2)[1]), (Visits{{0, "a"}, {1, ""}}));
+    EXPECT_EQ(storedCells(rows.corner(2, 0)[0]), Visits{});
+}
+
+TEST(CellGrid, AnyStoredStopsAtTheFirstHit) {
+    const CellGrid grid = Grids::scattered({{{2, "x"}, {50, "hit"}, {90, "hit"}}, {{0, "x"}, {1, "hit"}, {2, "hit"}}});
+    for (const std::size_t row : {0U, 1U}) {
+        std::size_t seen = 0;
+        const auto isHit = [&seen](std::size_t, std::string_view text) {
+            ++seen;
+            return text == "hit";
+        };
+        EXPECT_TRUE(grid.row(row).anyStored(isHit));
+        EXPECT_EQ(seen, 2U);
+        EXPECT_FALSE(grid.row(row).anyStored([](std::size_t, std::string_view text) { return text.empty(); }));
+    }
+}
+
+TEST(CellGrid, RowsAreEqualWhenTheirTextsAre) {
+    const CellGrid grid = CellGrid::fromTexts({{"a", "b"}, {"a", "b"}, {"a", "b", ""}, {"a", "c"}, {}, {"ab"}});
+    EXPECT_EQ(grid.row(0), grid.row(1));
+    EXPECT_FALSE(grid.row(0) == grid.row(2)) << "another width";
+    EXPECT_FALSE(grid.row(0) == grid.row(3));
+    EXPECT_FALSE(grid.row(0) == grid.row(4));
+    EXPECT_FALSE(grid.row(0) == grid.row(5));
+    EXPECT_EQ(grid.row(4), CellGrid::fromTexts({{}}).row(0));
+}
+
+// Lengths from 2^24 - 1 on no longer fit a cell's own bits.
+TEST(CellGrid, LongCellsKeepTheirWholeText) {
+    constexpr std::size_t limit = std::size_t{1} << 24U;
+    const std::vector<std::size_t> lengths = {limit - 2, limit - 1, limit, limit + 1};
+    std::string buffer;
+    CellGridBuilder builder;
+    for (const std::size_t length : lengths) {
+        const std::size_t start = buffer.size();
+        buffer.append(length, 'x');
+        buffer[start] = '[';
+        buffer.back() = ']';
+        builder.addCell(start, length);
+        builder.addCell(start, 1);
+    }
+    builder.endRow();
+    const std::uint64_t far = builder.packed(7, limit + 5);
+    builder.addRow({{40, far}});
+    const CellGrid grid = builder.finish(Bytes(buffer));
+
+    for (std::size_t i = 0; i < lengths.size(); ++i) {
+        const std::string_view cell = grid.row(0)[2 * i];
+        ASSERT_EQ(cell.size(), lengths[i]);
+        EXPECT_EQ(cell.front(), '[');
+        EXPECT_EQ(cell.back(), ']');
+        EXPECT_EQ(grid.row(0)[2 * i + 1], "[");
+    }
+    EXPECT_EQ(grid.row(1)[40], std::string_view(buffer).substr(7, limit + 5));
+}
+
+TEST(CellGrid, TextsStayInPlaceWhenTheGridMoves) {
+    CellGrid grid = CellGrid::fromTexts({{"a", "b"}});
+    const std::string_view cell = grid.row(0)[1];
+    const CellGrid moved = std::move(grid);
+    EXPECT_EQ(moved.row(0)[1].data(), cell.data());
+    EXPECT_EQ(cell, "b");
+}
+
+TEST(CellGridBuilder, CountsTheCellsOfTheRowAtHand) {
+    CellGridBuilder builder;
+    builder.reserve(10, 2);
+    EXPECT_EQ(builder.pendingCells(), 0U);
+    builder.addCell(0, 1);
+    builder.addCell(1, 1);
+    EXPECT_EQ(builder.pendingCells(), 2U);
+    builder.endRow();
+    EXPECT_EQ(builder.pendingCells(), 0U);
+    builder.addRow({{9, builder.packed(0, 2)}});
+    EXPECT_EQ(builder.pendingCells(), 0U);
+    builder.addCell(1, 1);
+    EXPECT_EQ(builder.pendingCells(), 1U);
+    builder.endRow();
+    EXPECT_EQ(texts(builder.finish(Bytes(std::string_view("ab")))),
+              (Rows{{"a", "b"}, {"", "", "", "", "", "", "", "", "", "ab"}, {"b"}}));
+}
+
+TEST(CellGridBuilderDeathTest, AnOffsetBeyondTheReferenceStopsTheProcess) {
+    CellGridBuilder builder;
+    EXPECT_DEATH(builder.addCell(std::uint64_t{1} << 40U, 1), "a cell starts beyond the first tebibyte");
+}
+
+}  // namespace
+}  // namespace corvale

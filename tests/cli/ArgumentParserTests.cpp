@@ -1,0 +1,205 @@
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "CorvaleKit/text/Text.h"
+#include "cli/ArgumentParser.h"
+
+namespace corvale::Cli {
+namespace {
+
+template <typename Wanted>
+Wanted parsed(std::vector<std::string> arguments) {
+    return std::get<Wanted>(parseArguments(std::move(arguments)));
+}
+
+CompareCommand compared(std::vector<std::string> options) {
+    options.insert(options.begin(), {"compare", "a.csv", "b.csv"});
+    return parsed<CompareCommand>(std::move(options));
+}
+
+std::string failureOf(std::vector<std::string> arguments) {
+    try {
+        parseArguments(std::move(arguments));
+    } catch (const UsageFailure& failure) {
+        return failure.what();
+    }
+    return "no failure";
+}
+
+std::size_t widestLine(const std::string& text) {
+    std::istringstream lines(text);
+    std::size_t widest = 0;
+    for (std::string line; std::getline(lines, line);) {
+        widest = std::max(widest, Text::displayWidth(line));
+    }
+    return widest;
+}
+
+TEST(ArgumentParser, SheetsTakesAFile) { EXPECT_EQ(parsed<SheetsCommand>({"sheets", "a.xlsx"}).path, "a.xlsx"); }
+
+TEST(ArgumentParser, TableTakesAFileASheetAndAHeaderRow) {
+    const FileChoice file = parsed<TableCommand>({"table", "a.xlsx", "--sheet", "Stock", "--header-row", "4"}).file;
+    EXPECT_EQ(file, (FileChoice{"a.xlsx", "Stock", 4}));
+    EXPECT_EQ(parsed<TableCommand>({"table", "a.xlsx"}).file, (FileChoice{"a.xlsx", std::nullopt, std::nullopt}));
+}
+
+TEST(ArgumentParser, OneFilesOwnTableOptionsGoBeforeSharedOnes) {
+    const PairChoice files = parsed<KeyCommand>({"key",
+                                                 "a.xlsx",
+                                                 "b.xlsx",
+                                                 "--sheet",
+                                                 "2",
+                                                 "--before-sheet",
+                                                 "Old",
+                                                 "--header-row=3",
+                                                 "--after-header-row=5"})
+                                 .files;
+    EXPECT_EQ(files.before, (FileChoice{"a.xlsx", "Old", 3}));
+    EXPECT_EQ(files.after, (FileChoice{"b.xlsx", "2", 5}));
+}
+
+TEST(ArgumentParser, CompareDefaultsToTheSuggestedKeyAndTheListOfChanges) {
+    const CompareCommand command = compared({});
+    EXPECT_EQ(command.files, (PairChoice{{"a.csv", {}, {}}, {"b.csv", {}, {}}}));
+    EXPECT_EQ(command.match, std::nullopt);
+    EXPECT_EQ(command.options, DiffOptions{});
+    EXPECT_EQ(command.list, ListChoice{});
+    EXPECT_EQ(command.format, CompareCommand::Format::text);
+}
+
+TEST(ArgumentParser, SeveralKeysFormOneInTheOrderGiven) {
+    EXPECT_EQ(compared({"--key", "Year", "--key", "ID"}).match, RowMatch::key({"Year", "ID"}));
+}
+
+TEST(ArgumentParser, AKeyTakesNoFileNameForAnother) {
+    const auto command = parsed<CompareCommand>({"compare", "--key", "ID", "a.csv", "b.csv"});
+    EXPECT_EQ(command.match, RowMatch::key({"ID"}));
+    EXPECT_EQ(command.files.after.path, "b.csv");
+}
+
+TEST(ArgumentParser, NamesInBracketsAndBracesStayOneName) {
+    for (const char* name : {"[a,b]", "{}", "a,b", "%%", ""}) {
+        EXPECT_EQ(compared({"--key", name}).match, RowMatch::key({name})) << name;
+    }
+}
+
+TEST(ArgumentParser, RowOrderIsAMatch) { EXPECT_EQ(compared({"--row-order"}).match, RowMatch::rowOrder()); }
+
+TEST(ArgumentParser, EveryComparisonOptionHasItsField) {
+    const DiffOptions options = compared({"--ignore-case",
+                                          "--keep-whitespace",
+                                          "--ignore-number-format",
+                                          "--by-position",
+                                          "--ignore-column",
+                                          "B",
+                                          "--ignore-column",
+                                          "A",
+                                          "--number-style",
+                                          "commaDecimal"})
+                                    .options;
+    DiffOptions expected;
+    expected.ignoreCase = true;
+    expected.ignoreWhitespace = false;
+    expected.ignoreNumberFormat = true;
+    expected.ignoreColumnOrder = false;
+    expected.ignoredColumns = {"A", "B"};
+    expected.numberStyle = NumberStyle::commaDecimal;
+    EXPECT_EQ(options, expected);
+}
+
+TEST(ArgumentParser, ListOptionsAndFormat) {
+    const CompareCommand command =
+        compared({"--show", "added", "--column", "Price", "--search", "gel pen", "--format=json"});
+    EXPECT_EQ(command.list, (ListChoice{DiffFilter::Show::added, "Price", "gel pen"}));
+    EXPECT_EQ(command.format, CompareCommand::Format::json);
+    EXPECT_EQ(compared({"--format", "summary"}).format, CompareCommand::Format::summary);
+}
+
+TEST(ArgumentParser, BytesThatAreNoUtf8AreRepairedInTextsAndKeptInPaths) {
+    const auto command = parsed<TableCommand>({"table", "a\xFF.csv", "--sheet", "b\xFF"});
+    EXPECT_EQ(command.file.path, "a\xFF.csv");
+    EXPECT_EQ(command.file.sheet, "b\xEF\xBF\xBD");
+}
+
+TEST(ArgumentParser, TwoDashesEndTheOptions) {
+    EXPECT_EQ(parsed<SheetsCommand>({"sheets", "--", "--help"}).path, "--help");
+}
+
+TEST(ArgumentParser, NamesWhatIsWrong) {
+    const struct {
+        std::vector<std::string> arguments;
+        const char* message;
+    } cases[] = {
+        {{}, "A command is missing: it is one of sheets, table, key and compare."},
+        {{"diff", "a", "b"}, "There is no command “diff”: it is one of sheets, table, key and compare."},
+        {{"table", "a", "--header-row", "0"}, "--header-row takes a row number, counted from 1, not “0”."},
+        {{"table", "a", "--header-row", "-1"}, "--header-row takes a row number, counted from 1, not “-1”."},
+        {{"table", "a", "--header-row", "2x"}, "--header-row takes a row number, counted from 1, not “2x”."},
+        {{"table", "a", "--header-row", ""}, "--header-row takes a row number, counted from 1, not “”."},
+        {{"table", "a", "--header-row", "99999999999999999999"},
+         "--header-row takes a row number, counted from 1, not “99999999999999999999”."},
+        {{"key", "a", "b", "--header-row", "0", "--before-header-row", "1", "--after-header-row", "1"},
+         "--header-row takes a row number, counted from 1, not “0”."},
+        {{"compare", "a", "b", "--key", "ID", "--row-order"}, "--key and --row-order exclude each other."},
+        {{"compare", "a", "b", "--number-style", "dot"},
+         "--number-style takes automatic, dotDecimal or commaDecimal, not “dot”."},
+        {{"compare", "a", "b", "--show", "some"}, "--show takes all, changes, added, removed or changed, not “some”."},
+        {{"compare", "a", "b", "--format", "xml"}, "--format takes text, summary or json, not “xml”."},
+        {{"compare", "a"}, "AFTER is required; see corvale-cli compare --help"},
+        {{"compare", "a", "b", "c", "d"}, "“c” was not expected; see corvale-cli compare --help"},
+        {{"sheets", "a", "--sheet", "1"}, "“--sheet” was not expected; see corvale-cli sheets --help"},
+        {{"table", "a", "--sheet"}, "--sheet: 1 required N|NAME missing; see corvale-cli table --help"},
+        {{"table", "a", "--sheet", "1", "--sheet", "2"}, ""},
+    };
+    for (const auto& one : cases) {
+        const std::string message = failureOf(one.arguments);
+        if (*one.message != '\0') {
+            EXPECT_EQ(message, one.message);
+        }
+        EXPECT_NE(message, "no failure") << testing::PrintToString(one.arguments);
+    }
+}
+
+TEST(ArgumentParser, EveryHelpShowsExamples) {
+    for (const std::string command : {"", "sheets", "table", "key", "compare"}) {
+        std::vector<std::string> arguments{"--help"};
+        if (!command.empty()) {
+            arguments.insert(arguments.begin(), command);
+        }
+        const std::string text = parsed<PrintCommand>(arguments).text;
+        EXPECT_NE(text.find("Examples:\n  corvale-cli " + command), std::string::npos) << text;
+        EXPECT_LE(widestLine(text), 80U) << text;
+    }
+}
+
+TEST(ArgumentParser, HelpNeedsNoFiles) {
+    const std::string text = parsed<PrintCommand>({"compare", "--help"}).text;
+    for (const char* option : {"--key",
+                               "--row-order",
+                               "--ignore-case",
+                               "--keep-whitespace",
+                               "--ignore-number-format",
+                               "--by-position",
+                               "--ignore-column",
+                               "--number-style",
+                               "--show",
+                               "--column",
+                               "--search",
+                               "--format",
+                               "--sheet",
+                               "--before-sheet",
+                               "--after-header-row",
+                               "Exit status"}) {
+        EXPECT_NE(text.find(option), std::string::npos) << option;
+    }
+}
+
+TEST(ArgumentParser, TheVersionIsOneLine) {
+    const std::string text = parsed<PrintCommand>({"--version"}).text;
+    EXPECT_EQ(text.rfind("corvale-cli ", 0), 0U) << text;
+    EXPECT_EQ(text.find('\n'), text.size() - 1);
+}
+
+}  // namespace
+}  // namespace corvale::Cli
