@@ -3,15 +3,24 @@
 #include <cstddef>
 #include <numeric>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "CorvaleKit/engine/ComparisonTexts.h"
+#include "CorvaleKit/loading/CSV.h"
 #include "CorvaleKit/loading/DataTable.h"
+#include "CorvaleKit/loading/TableBuilder.h"
 
 // Tables and comparison texts in the form that a test writes down.
 namespace corvale::Tables {
 
 using Rows = std::vector<std::vector<std::string>>;
+
+// From CSV whose first line is the header row, so that the first data row has row number 2.
+inline DataTable table(std::string_view csv, std::string sourceName = "table.csv") {
+    return TableBuilder::build(CellRows(CSV::parse(Bytes(csv), ',')), std::move(sourceName), 1);
+}
 
 // Columns named c0, c1 and so on.
 inline DataTable table(const Rows& rows, std::size_t columns) {
@@ -20,6 +29,15 @@ inline DataTable table(const Rows& rows, std::size_t columns) {
         headers.push_back("c" + std::to_string(column));
     }
     return {headers, rows, "table.csv"};
+}
+
+// One column of keys, named Key, and nothing else.
+inline DataTable keyed(const std::vector<std::string>& keys) {
+    Rows rows;
+    for (const auto& key : keys) {
+        rows.push_back({key});
+    }
+    return DataTable({"Key"}, rows, "keys.csv");
 }
 
 // Every column compared, as it stands or reduced.
