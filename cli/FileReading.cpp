@@ -1,5 +1,6 @@
 #include "cli/FileReading.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <limits>
 #include <new>
@@ -11,6 +12,9 @@
 namespace corvale::Cli {
 
 namespace {
+
+// A system call that reads more keeps Ctrl-C waiting.
+constexpr std::size_t largestPiece = std::size_t{8} << 20U;
 
 FileFailure unreadable(const std::string& path, const std::error_code& error) {
     return FileFailure(quotedPath(path) + " can’t be read: " + error.message() + ".");
@@ -73,7 +77,7 @@ std::string fileNameOf(const std::string& path) {
 Bytes readExactly(const std::string& path, std::uint64_t size, const ReadPiece& read) {
     Bytes bytes = reserve(path, size);
     for (std::size_t filled = 0; filled < bytes.size();) {
-        const std::size_t count = read(bytes.data() + filled, bytes.size() - filled);
+        const std::size_t count = read(bytes.data() + filled, std::min(bytes.size() - filled, largestPiece));
         if (count == 0) {
             throw changedMeanwhile(path);
         }

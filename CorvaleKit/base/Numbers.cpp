@@ -34,9 +34,29 @@ bool isTiny(std::string_view number) {
     return mark < number.size() ? scale + exponentOf(number.substr(mark + 1)) < 0 : scale < 0;
 }
 
+// Too few digits to overflow, as nearly all numbers are; no digit at all is no number.
+bool isShort(std::string_view text) { return text.size() - 1 < 18; }
+
+// None where something other than a digit comes.
+std::optional<std::int64_t> shortUnsigned(std::string_view text) {
+    std::int64_t value = 0;
+    for (const char c : text) {
+        if (c < '0' || c > '9') {
+            return std::nullopt;
+        }
+        value = value * 10 + (c - '0');
+    }
+    return value;
+}
+
 }  // namespace
 
 std::optional<std::int64_t> integer(std::string_view text) {
+    if (isShort(text)) [[likely]] {
+        if (const auto value = shortUnsigned(text)) {
+            return value;
+        }
+    }
     const auto digits = withoutPlus(text);
     if (!digits) {
         return std::nullopt;

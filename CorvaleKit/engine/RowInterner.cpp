@@ -13,16 +13,17 @@
 
 namespace corvale {
 
-// The set holds ids; an id's text is read from the first row that had it.
+// Two sets of ids, those first seen in Before and those first seen in After, so that neither outgrows the room that it
+// gets at once; room not used is never touched. An id's text is read from the first row that had it.
 class RowInterner::Index {
 public:
     Index(const ComparisonTexts& before, const ComparisonTexts& after)
-        : m_before(before), m_after(after), m_ids(0, Hash{this}, Equal{this}) {
+        : m_before(before), m_after(after), m_beforeSet(0, Hash{this}, Equal{this}), m_afterSet(m_beforeSet) {
         CORVALE_REQUIRE(before.columnCount() == after.columnCount(), "rows with other numbers of columns are compared");
         CORVALE_REQUIRE(before.rowCount() + after.rowCount() < std::numeric_limits<std::uint32_t>::max(),
                         "two tables have more than four thousand million rows");
-        m_ids.reserve(before.rowCount() + after.rowCount());
-        m_firsts.reserve(before.rowCount());
+        m_beforeSet.reserve(before.rowCount());
+        m_firsts.reserve(before.rowCount() + after.rowCount());
     }
 
     // Hashes a block of rows before it looks the first one up, so that the places in the set, all over the memory, are
@@ -38,10 +39,10 @@ public:
             for (std::size_t row = begin; row < end; ++row) {
                 const auto texts = m_before.row(row);
                 hashes[row - begin] = m_joinedText.hash(texts);
-                m_ids.prefetch(Candidate{hashes[row - begin], texts});
+                m_beforeSet.prefetch(Candidate{hashes[row - begin], texts});
             }
             for (std::size_t row = begin; row < end; ++row) {
-                ids.push_back(idOf({hashes[row - begin], m_before.row(row)}, row));
+                ids.push_back(idIn(m_beforeSet, {hashes[row - begin], m_before.row(row)}, row));
             }
         }
         m_beforeIdCount = m_firsts.size();
@@ -52,6 +53,7 @@ public:
     std::vector<std::uint32_t> internAfter(const std::function<void(std::size_t)>& onRow) {
         std::vector<std::uint32_t> ids;
         ids.reserve(m_after.rowCount());
+        m_afterSet.reserve(m_after.rowCount());
         for (std::size_t row = 0; row < m_after.rowCount(); ++row) {
             callEvery4096th(row, onRow);
             ids.push_back(idOfAfterRow(row));
@@ -60,8 +62,13 @@ public:
     }
 
     std::optional<std::uint32_t> find(std::string_view text) const {
-        const auto found = m_ids.find(Text{JoinedText::hash(text), text});
-        return found == m_ids.end() ? std::nullopt : std::optional(*found);
+        const Text wanted{JoinedText::hash(text), text};
+        for (const IdSet* set : {&m_beforeSet, &m_afterSet}) {
+            if (const auto found = set->find(wanted); found != set->end()) {
+                return *found;
+            }
+        }
+        return std::nullopt;
     }
 
     std::size_t idCount() const { return m_firsts.size(); }
@@ -101,6 +108,8 @@ private:
         bool operator()(std::uint32_t id, const Candidate& candidate) const { return index->isSame(id, candidate); }
     };
 
+    using IdSet = absl::flat_hash_set<std::uint32_t, Hash, Equal>;
+
     static void callEvery4096th(std::size_t row, const std::function<void(std::size_t)>& onRow) {
         if (row % rowsPerPoll == 0 && onRow) {
             onRow(row);
@@ -122,14 +131,19 @@ private:
         if (m_likelyRow < m_beforeIds.size() && m_comparison.isSame(m_before.row(m_likelyRow), row)) {
             return m_beforeIds[m_likelyRow++];
         }
-        const std::uint32_t id = idOf({m_joinedText.hash(row), row}, index);
-        m_likelyRow = id < m_beforeIdCount ? m_firsts[id].row + std::size_t{1} : m_likelyRow + 1;
-        return id;
+        const Candidate candidate{m_joinedText.hash(row), row};
+        const auto known = m_beforeSet.find(candidate);
+        if (known == m_beforeSet.end()) {
+            ++m_likelyRow;
+            return idIn(m_afterSet, candidate, index);
+        }
+        m_likelyRow = m_firsts[*known].row + std::size_t{1};
+        return *known;
     }
 
-    std::uint32_t idOf(const Candidate& candidate, std::size_t index) {
+    std::uint32_t idIn(IdSet& set, const Candidate& candidate, std::size_t index) {
         const auto next = static_cast<std::uint32_t>(m_firsts.size());
-        const auto found = m_ids.lazy_emplace(candidate, [&](const auto& construct) { construct(next); });
+        const auto found = set.lazy_emplace(candidate, [&](const auto& construct) { construct(next); });
         if (*found == next) {
             m_firsts.push_back({candidate.hash, static_cast<std::uint32_t>(index)});
         }
@@ -157,7 +171,8 @@ private:
     std::vector<First> m_firsts;  // by id
     JoinedText m_joinedText;
     mutable RowComparison m_comparison;
-    absl::flat_hash_set<std::uint32_t, Hash, Equal> m_ids;
+    IdSet m_beforeSet;
+    IdSet m_afterSet;
 };
 
 RowInterner::RowInterner(const ComparisonTexts& before, const ComparisonTexts& after)

@@ -63,7 +63,10 @@ Ends openStream(ProcessSettings::Stream kind, unsigned short columns) {
 }
 
 std::vector<std::string> environmentFor(const ProcessSettings& settings) {
-    const std::set<std::string_view> dropped{"NO_COLOR", "COLUMNS", "TERM", "LANG", "LC_ALL", "LC_NUMERIC", "LOCPATH"};
+    std::set<std::string_view> dropped{"NO_COLOR", "COLUMNS", "TERM", "LANG", "LC_ALL", "LC_NUMERIC", "LOCPATH"};
+    for (const auto& [name, value] : settings.environment) {
+        dropped.insert(name);
+    }
     std::vector<std::string> environment;
     for (char** entry = environ; *entry != nullptr; ++entry) {
         const std::string_view text(*entry);
