@@ -15,6 +15,7 @@ namespace corvale::RowAnchoring {
 namespace {
 
 constexpr std::size_t callsPerPoll = 64;
+constexpr std::size_t rowsPerWord = 64;  // of a minimal difference
 constexpr std::uint32_t once = 1;
 constexpr std::uint32_t onceLess = -once;
 
@@ -206,7 +207,7 @@ void Anchoring::anchorUnchanged(const RowStretch& stretch) {
     if (stretch.rowCount() > RowDifference::longest) {
         return;
     }
-    m_meter.poll();
+    m_meter.spend(stretch.rowCount() + stretch.beforeCount() * stretch.afterCount() / rowsPerWord);
     const auto before = std::span(m_ids.before).subspan(stretch.beforeBegin, stretch.beforeCount());
     const auto after = std::span(m_ids.after).subspan(stretch.afterBegin, stretch.afterCount());
     for (const auto& [a, b] : m_difference.kept(before, after)) {

@@ -1,0 +1,83 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "CorvaleKit/engine/JoinedText.h"
+#include "tests/support/Grids.h"
+#include "tests/support/Tables.h"
+
+namespace corvale {
+namespace {
+
+std::string joined(const std::vector<std::string>& cells) {
+    std::string text;
+    for (const auto& cell : cells) {
+        text += (&cell == &cells.front() ? "" : "\x1F") + cell;
+    }
+    return text;
+}
+
+TEST(JoinedText, IsHashedAndComparedAsTheWholeTextWouldBe) {
+    const std::vector<std::vector<std::string>> rows = {
+        {},
+        {""},
+        {"a"},
+        {"", ""},
+        {"a", "b", "c"},
+        {"a\x1F", "b"},
+        {"a",
+         "\x1F"
+         "b"},
+        {"", "", "", "", "", "", "", "x"},
+        {std::string(1023, 'x'), "y"},
+        {std::string(1024, 'x'), "y"},
+        {std::string(1025, 'x'), "", ""},
+        {std::string(5000, 'x'), std::string(1024, 'y'), std::string(100'000, 'z')},
+    };
+    JoinedText text;
+    for (const auto& a : rows) {
+        const auto texts = Tables::texts({a}, a.size());
+        EXPECT_EQ(text.hash(texts.row(0)), JoinedText::hash(joined(a)));
+        for (const auto& b : rows) {
+            const bool isSame = joined(a) == joined(b);
+            EXPECT_EQ(JoinedText::isEqual(texts.row(0), joined(b)), isSame);
+            if (a.size() == b.size()) {
+                EXPECT_EQ(JoinedText::isEqual(texts.row(0), Tables::texts({b}, b.size()).row(0)), isSame);
+            }
+            EXPECT_EQ(JoinedText::hash(joined(a)) == JoinedText::hash(joined(b)), isSame);
+        }
+    }
+}
+
+TEST(JoinedText, IsNoBeginningOfAnother) {
+    const auto texts = Tables::texts({{"a", "b"}}, 2);
+    EXPECT_FALSE(JoinedText::isEqual(texts.row(0), "a"));
+    EXPECT_FALSE(JoinedText::isEqual(texts.row(0), "a\x1F"));
+    EXPECT_FALSE(JoinedText::isEqual(texts.row(0),
+                                     "a\x1F"
+                                     "bc"));
+    EXPECT_TRUE(JoinedText::isEqual(texts.row(0),
+                                    "a\x1F"
+                                    "b"));
+}
+
+TEST(JoinedText, OfAThinRowHasEverySeparator) {
+    for (const Grids::PlacedTexts& cells : std::vector<Grids::PlacedTexts>{
+             {}, {{0, "first"}}, {{2999, "last"}}, {{3, "a"}, {64, "b"}, {130, ""}, {2000, std::string(2000, 'x')}}}) {
+        std::vector<std::string> full(3000);
+        for (const auto& [column, text] : cells) {
+            full[column] = text;
+        }
+        DataTable::Parts parts;
+        parts.headers.resize(full.size());
+        parts.rows = CellRows(Grids::scattered({cells})).selected({0}, full.size());
+        parts.rowNumbers = {2};
+        const auto texts = Tables::texts(DataTable(std::move(parts)));
+        ASSERT_TRUE(texts.row(0).isThin());
+        EXPECT_EQ(JoinedText().hash(texts.row(0)), JoinedText::hash(joined(full)));
+    }
+}
+
+}  // namespace
+}  // namespace corvale

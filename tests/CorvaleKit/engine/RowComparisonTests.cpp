@@ -1,0 +1,108 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "CorvaleKit/engine/RowComparison.h"
+#include "tests/support/Grids.h"
+#include "tests/support/Tables.h"
+
+namespace corvale {
+namespace {
+
+using Positions = std::vector<std::size_t>;
+
+// Tables of one row over the columns 0 to `columns` - 1, compared in the order given.
+ComparisonTexts texts(const Grids::PlacedTexts& row, const std::vector<std::size_t>& order,
+                      const CellReduction& reduction = {}) {
+    DataTable::Parts parts;
+    for (std::size_t column = 0; column < order.size(); ++column) {
+        parts.headers.push_back(std::to_string(column));
+    }
+    parts.rows = CellRows(Grids::scattered({row})).selected({0}, order.size());
+    parts.rowNumbers = {2};
+    return {DataTable(std::move(parts)), order, reduction};
+}
+
+Positions differences(const ComparisonTexts& a, const ComparisonTexts& b) {
+    Positions positions;
+    RowComparison comparison;
+    comparison.forEachDifference(a.row(0), b.row(0), [&](std::size_t position) { positions.push_back(position); });
+    EXPECT_EQ(comparison.isSame(a.row(0), b.row(0)), positions.empty());
+    return positions;
+}
+
+std::vector<std::size_t> countedUp(std::size_t count) {
+    std::vector<std::size_t> all;
+    while (all.size() < count) {
+        all.push_back(all.size());
+    }
+    return all;
+}
+
+TEST(RowComparison, FindsThePositionsThatDiffer) {
+    const auto a = Tables::texts({{"1", "2", "3", "4"}}, 4);
+    const auto b = Tables::texts({{"1", "x", "3", "y"}}, 4);
+    EXPECT_EQ(differences(a, b), (Positions{1, 3}));
+    EXPECT_EQ(differences(a, a), Positions{});
+}
+
+TEST(RowComparison, EndsWhenItsCallerHasEnough) {
+    const auto a = Tables::texts({{"1", "2", "3"}}, 3);
+    const auto b = Tables::texts({{"x", "y", "z"}}, 3);
+    Positions seen;
+    EXPECT_TRUE(RowComparison().anyDifference(a.row(0), b.row(0), [&seen](std::size_t position) {
+        seen.push_back(position);
+        return seen.size() == 2;
+    }));
+    EXPECT_EQ(seen, (Positions{0, 1}));
+}
+
+TEST(RowComparison, OfThinRowsFindsTheSame) {
+    const auto order = countedUp(1000);
+    const auto a = texts({{3, "x"}, {500, "same"}, {700, "gone"}, {999, "1"}}, order);
+    const auto b = texts(
+        {
+            {3, "y"},
+            {500, "same"},
+            {800, "new"},
+            {999, "1"},
+        },
+        order);
+    ASSERT_TRUE(a.row(0).isThin());
+    EXPECT_EQ(differences(a, b), (Positions{3, 700, 800}));
+    EXPECT_EQ(differences(a, a), Positions{});
+}
+
+TEST(RowComparison, OfThinRowsTakesEmptyCellsForLackingOnes) {
+    const auto order = countedUp(1000);
+    EXPECT_EQ(differences(texts({{7, ""}, {900, "1"}}, order), texts({{900, "1"}}, order)), Positions{});
+}
+
+TEST(RowComparison, OfThinRowsCountsPositionsNotColumns) {
+    auto backwards = countedUp(1000);
+    std::reverse(backwards.begin(), backwards.end());
+    const auto a = texts({{0, "first"}, {999, "last"}}, backwards);
+    const auto b = texts({{0, "other"}, {999, "else"}}, backwards);
+    EXPECT_EQ(differences(a, b), (Positions{0, 999}));
+    EXPECT_EQ(differences(a, texts({{0, "last"}, {999, "first"}}, countedUp(1000))), Positions{});
+}
+
+TEST(RowComparison, OfThinRowsReadsTheReducedTexts) {
+    const CellReduction ignoringCase{false, false, true, NumberStyle::dotDecimal};
+    const auto order = countedUp(1000);
+    EXPECT_EQ(
+        differences(texts({{5, "A"}, {6, "B"}}, order, ignoringCase), texts({{5, "a"}, {6, "c"}}, order, ignoringCase)),
+        Positions{6});
+}
+
+TEST(RowComparison, OfAThinAndAFullRowFindsAll) {
+    const auto order = countedUp(8);
+    const auto thin = texts({{7, "h"}}, order);
+    const auto full = Tables::texts({{"a", "", "", "", "", "", "", "h"}}, 8);
+    ASSERT_TRUE(thin.row(0).isThin());
+    EXPECT_EQ(differences(thin, full), Positions{0});
+}
+
+}  // namespace
+}  // namespace corvale

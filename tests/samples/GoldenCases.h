@@ -1,0 +1,21 @@
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace corvale {
+
+// One call of corvale-cli inside the folder of samples whose output is kept in golden/<name>.txt.
+struct GoldenCase {
+    std::string name;
+    int status = 0;
+    std::vector<std::string> arguments;
+
+    friend void PrintTo(const GoldenCase& golden, std::ostream* target) { *target << golden.name; }
+};
+
+// Between them they use every feature of the readers and the comparison that the samples show.
+std::vector<GoldenCase> goldenCases();
+
+}  // namespace corvale
