@@ -57,14 +57,19 @@ JsonWriter::Sink sinkTo(Output& output) {
 }
 
 [[noreturn]] void run(const TableCommand& command, Output& output) {
+    Progress progress(Terminal::canShowProgress(), "Reading");
     const DataTable table = loadTable(command.file);
+    progress.end();
     JsonReport::writeTable(table, sinkTo(output));
     end(output, ExitStatus::same);
 }
 
 [[noreturn]] void run(const KeyCommand& command, Output& output) {
+    Progress progress(Terminal::canShowProgress(), "Reading");
     const TablePair tables = loadPair(command.files);
-    JsonReport::writeKey(KeySuggester::candidates(tables.before, tables.after), sinkTo(output));
+    const std::vector<KeySuggester::Candidate> ranked = KeySuggester::candidates(tables.before, tables.after);
+    progress.end();
+    JsonReport::writeKey(ranked, sinkTo(output));
     end(output, ExitStatus::same);
 }
 
@@ -100,8 +105,7 @@ void report(const CompareCommand& command, const DiffResult& result, bool matchI
 }
 
 [[noreturn]] void run(const CompareCommand& command, Output& output) {
-    Progress progress(Terminal::canShowProgress());
-    progress.phase("Reading");
+    Progress progress(Terminal::canShowProgress(), "Reading");
     const TablePair tables = loadPair(command.files);
     progress.phase("Comparing");
     const MatchChoice choice = chooseMatch(command.match, command.files, tables);

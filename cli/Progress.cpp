@@ -24,7 +24,7 @@ static_assert(std::atomic<bool>::is_always_lock_free);
 
 }  // namespace
 
-Progress::Progress(bool enabled) {
+Progress::Progress(bool enabled, const char* firstPhase) : m_phase(firstPhase) {
     if (enabled) {
         m_thread = std::thread([this] { run(); });
     }

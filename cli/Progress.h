@@ -11,8 +11,8 @@ namespace corvale::Cli {
 // A thread of its own draws it, so that reporting costs the work one store.
 class Progress {
 public:
-    // Without `enabled` nothing is ever shown. One at a time.
-    explicit Progress(bool enabled);
+    // `firstPhase` is as for phase(). Without `enabled` nothing is ever shown. One at a time.
+    Progress(bool enabled, const char* firstPhase);
     ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
@@ -31,7 +31,7 @@ private:
     void run();
     void draw() const;
 
-    std::atomic<const char*> m_phase{""};
+    std::atomic<const char*> m_phase;
     std::atomic<int> m_percent{-1};
     std::mutex m_mutex;
     std::condition_variable m_ending;
