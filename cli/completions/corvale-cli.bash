@@ -16,7 +16,7 @@ _corvale_cli() {
     esac
     if [[ -z ${words:-} ]]; then
         if ((COMP_CWORD == 1)); then
-            words='sheets table key compare --help'
+            words='sheets table key compare --help --version'
         elif [[ $current == -* ]]; then
             case $command in
                 sheets) words='--help' ;;
