@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "CorvaleKit/engine/Callbacks.h"
 #include "CorvaleKit/engine/DiffEngine.h"
 #include "CorvaleKit/engine/KeySuggester.h"
 #include "CorvaleKit/loading/DataLoader.h"
@@ -69,26 +70,33 @@ JsonWriter::Sink sinkTo(Output& output) {
 
 DiffResult compare(const TablePair& tables, const RowMatch& match, const DiffOptions& options, Progress& progress) {
     const Interrupt::Deferral deferral;
-    return DiffEngine::compare(tables.before,
-                               tables.after,
-                               match,
-                               options,
-                               systemNumberStyle(),
-                               {[&](double done) { progress.fraction(done); }, Interrupt::isRequested});
+    DiffResult result = DiffEngine::compare(tables.before,
+                                            tables.after,
+                                            match,
+                                            options,
+                                            systemNumberStyle(),
+                                            {[&](double done) { progress.fraction(done); }, Interrupt::isRequested});
+    // A request that came after the last poll counts too.
+    stopIfCancelled(Interrupt::isRequested);
+    return result;
 }
 
 void report(const CompareCommand& command, const DiffResult& result, bool matchIsSuggested, Output& output) {
-    if (command.format == CompareCommand::Format::summary) {
-        output.write(summaryReport(result.summary));
-        return;
+    const DiffFilter filter = listFilter(command.list, result.columns);
+    switch (command.format) {
+        case CompareCommand::Format::summary:
+            output.write(summaryReport(result.summary));
+            break;
+        case CompareCommand::Format::json:
+            JsonReport::writeResult(result, filter.apply(result), sinkTo(output));
+            break;
+        case CompareCommand::Format::text:
+            writeTextReport(result,
+                            filter.apply(result),
+                            {command.files, matchIsSuggested, command.list, Terminal::outputStyle()},
+                            sinkTo(output));
+            break;
     }
-    const std::vector<std::int64_t> visible = listFilter(command.list, result.columns).apply(result);
-    if (command.format == CompareCommand::Format::json) {
-        JsonReport::writeResult(result, visible, sinkTo(output));
-        return;
-    }
-    const TextReportContext context{command.files, matchIsSuggested, command.list, Terminal::outputStyle()};
-    writeTextReport(result, visible, context, sinkTo(output));
 }
 
 [[noreturn]] void run(const CompareCommand& command, Output& output) {

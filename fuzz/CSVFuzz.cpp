@@ -19,7 +19,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     const char detected = CSV::detectDelimiter(text);
     CORVALE_REQUIRE(detected == SlowCSV::detectDelimiter(text), "another delimiter is detected");
-    CORVALE_REQUIRE(Grids::texts(CSV::parse(Bytes(text))) == SlowCSV::parse(text, detected), "a text is parsed otherwise");
+    CORVALE_REQUIRE(Grids::texts(CSV::parse(Bytes(text))) == SlowCSV::parse(text, detected),
+                    "a text is parsed otherwise");
     for (const char delimiter : {',', '\t', ';'}) {
         CORVALE_REQUIRE(Grids::texts(CSV::parse(Bytes(text), delimiter)) == SlowCSV::parse(text, delimiter),
                         "a text is parsed otherwise with a given delimiter");

@@ -15,8 +15,8 @@ namespace {
 
 using corvale::DataTable;
 
-constexpr std::array<std::string_view, 8> fileNames = {"a.csv",     "a.tsv", "a.xlsx", "A.XLSX",
-                                                   "a.numbers", "a.xls", ".xls",   ""};
+constexpr std::array<std::string_view, 8> fileNames = {
+    "a.csv", "a.tsv", "a.xlsx", "A.XLSX", "a.numbers", "a.xls", ".xls", ""};
 
 void requireUniqueNames(const DataTable& table) {
     std::set<std::string> names;

@@ -200,6 +200,8 @@ TEST_F(ProgramWithTables, TroubleIsOneLineAndNoOutput) {
          "“./renamed.csv” has no column “Name” to match rows by."},
         {{"compare", "a.csv", "b.csv", "--key", "ID", "--row-order"}, "--key and --row-order exclude each other."},
         {{"compare", "a.csv", "b.csv", "--column", "Age"}, "The comparison has no column “Age”."},
+        {{"compare", "a.csv", "b.csv", "--column", "Age", "--format", "summary"},
+         "The comparison has no column “Age”."},
         {{"compare", "a.csv", "no.csv"}, "“no.csv” doesn’t exist."},
         {{"compare", "no.csv", "."}, "“no.csv” doesn’t exist."},
         {{"compare", "empty.csv", "no.csv"}, "“empty.csv” is empty."},

@@ -61,9 +61,14 @@ bool isCompared(const json& column) {
 
 // Counts what the summary should say.
 json counted(const json& result) {
-    std::map<std::string, std::int64_t> counts = {{"added", 0},        {"removed", 0},       {"changed", 0},
-                                                  {"same", 0},         {"changedCells", 0},  {"typeOnlyCells", 0},
-                                                  {"addedColumns", 0}, {"removedColumns", 0}};
+    std::map<std::string, std::int64_t> counts = {{"added", 0},
+                                                  {"removed", 0},
+                                                  {"changed", 0},
+                                                  {"same", 0},
+                                                  {"changedCells", 0},
+                                                  {"typeOnlyCells", 0},
+                                                  {"addedColumns", 0},
+                                                  {"removedColumns", 0}};
     json byColumn = json::object();
     for (const auto& row : result.at("rows")) {
         ++counts[row.at("status")];
@@ -126,7 +131,8 @@ void expectSoundComparison(std::vector<std::string> arguments, const std::string
     expectVisibleRowsAreTheDifferences(result);
     const json summary = counted(result);
     EXPECT_EQ(result.at("summary"), summary);
-    const bool differs = summary["same"] != rows.size() || summary["addedColumns"] != 0 || summary["removedColumns"] != 0;
+    const bool differs =
+        summary["same"] != rows.size() || summary["addedColumns"] != 0 || summary["removedColumns"] != 0;
     EXPECT_EQ(run.status, differs ? 1 : 0);
 }
 

@@ -17,8 +17,12 @@ GoldenCase comparison(const std::string& name, const std::string& pair, const st
                       std::vector<std::string> options = {}, int status = 1) {
     const std::string folder = "pairs/" + pair + "/";
     const std::size_t comma = extensions.find(',');
-    options.insert(options.begin(), {"compare", folder + "before." + extensions.substr(0, comma),
-                                     folder + "after." + extensions.substr(comma + 1), "--format", "json"});
+    options.insert(options.begin(),
+                   {"compare",
+                    folder + "before." + extensions.substr(0, comma),
+                    folder + "after." + extensions.substr(comma + 1),
+                    "--format",
+                    "json"});
     return {"compare-" + name, status, std::move(options)};
 }
 
@@ -54,13 +58,15 @@ std::vector<GoldenCase> workbooks() {
         tableOf("workbook-1904", calamine + "date_1904.xlsx"),
         tableOf("workbook-without-references", calamine + "issue_261.xlsx"),
         tableOf("workbook-inline-pretty", calamine + "whitespace_trim.xlsx"),
-        tableOf("workbook-rich-text", "xlsx/jmcnamara+XlsxWriter/xlsxwriter/test/comparison/xlsx_files/rich_string11.xlsx"),
+        tableOf("workbook-rich-text",
+                "xlsx/jmcnamara+XlsxWriter/xlsxwriter/test/comparison/xlsx_files/rich_string11.xlsx"),
         tableOf("workbook-padded-zeros", "xlsx/PHPOffice+PhpSpreadsheet/tests/data/Reader/XLSX/condfmtnum.xlsx"),
         tableOf("workbook-date-times", "xlsx/roo-rb+roo/test/files/datetime.xlsx"),
         tableOf("workbook-evaluations", poi + "DataValidationEvaluations.xlsx"),
         tableOf("workbook-sheet-by-name", "pairs/xlsx-calamine-issues-2016-2017/after.xlsx", {"--sheet", "SPC_chrs"}),
         refused("workbook-encrypted", "xlsx/apache+poi/test-data/poifs/protect.xlsx"),
-        refused("workbook-backslashes", "xlsx/PHPOffice+PhpSpreadsheet/tests/data/Reader/XLSX/Zip-Windows-Directory-Separator.xlsx"),
+        refused("workbook-backslashes",
+                "xlsx/PHPOffice+PhpSpreadsheet/tests/data/Reader/XLSX/Zip-Windows-Directory-Separator.xlsx"),
     };
 }
 
@@ -73,14 +79,21 @@ std::vector<GoldenCase> comparisons() {
         comparison("newest-rows-first", "qsv-run-info-2024", "csv,csv"),
         comparison("composite-key", "ncov-clades-2022-2026", "csv,csv", {"--key", "clade", "--key", "site"}),
         comparison("repeated-keys", "ncov-clades-2022-2026", "csv,csv", {"--key", "clade"}),
-        comparison("renamed-columns", "dotgov-federal-2016-columns", "csv,csv", {"--by-position", "--key", "Domain Name"}),
-        comparison("moved-columns", "dotgov-federal-2023-2026", "csv,csv", {"--key", "Domain Name", "--ignore-case", "--ignore-column", "City"}),
+        comparison(
+            "renamed-columns", "dotgov-federal-2016-columns", "csv,csv", {"--by-position", "--key", "Domain Name"}),
+        comparison("moved-columns",
+                   "dotgov-federal-2023-2026",
+                   "csv,csv",
+                   {"--key", "Domain Name", "--ignore-case", "--ignore-column", "City"}),
         comparison("few-edits", "dotgov-federal-2025-week", "csv,csv", {"--show", "changed", "--search", "security"}),
         comparison("only-a-column-added", "unlocode-subdivisions-2024-two-edits", "csv,csv"),
         comparison("workbooks", "xlsx-calamine-issues-2016-2017", "xlsx,xlsx"),
         comparison("wider-workbook", "xlsx-qsv-excel-2022-2024", "xlsx,xlsx"),
         comparison("workbooks-row-order", "xlsx-poi-formulas-2009-2016", "xlsx,xlsx", {"--row-order"}),
-        comparison("chosen-sheets", "xlsx-mixs-v5-review-2017", "xlsx,xlsx", {"--before-sheet", "Packages_V4", "--after-sheet", "2"}),
+        comparison("chosen-sheets",
+                   "xlsx-mixs-v5-review-2017",
+                   "xlsx,xlsx",
+                   {"--before-sheet", "Packages_V4", "--after-sheet", "2"}),
         comparison("same-workbooks", "xlsx-roo-numbers1-2012-2013", "xlsx,xlsx", {}, 0),
     };
 }

@@ -93,8 +93,9 @@ TEST_P(Golden, TheOutputIsTheOneThatWasReviewed) {
         const fs::path folder = fs::temp_directory_path() / "corvale-golden";
         fs::create_directories(folder);
         std::ofstream(folder / path.filename(), std::ios::binary) << actual;
-        EXPECT_EQ(actual, expected) << "If the new output is right, it is to be reviewed against the source and copied from "
-                                    << folder / path.filename() << " to " << path;
+        EXPECT_EQ(actual, expected)
+            << "If the new output is right, it is to be reviewed against the source and copied from "
+            << folder / path.filename() << " to " << path;
     }
 }
 

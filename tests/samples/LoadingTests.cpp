@@ -36,7 +36,8 @@ std::string brokenPromise(const json& table) {
         last = number;
     }
     const auto& top = table.at("topRows");
-    const bool isSmall = top.size() <= 12 && std::all_of(top.begin(), top.end(), [](const json& row) { return row.size() <= 12; });
+    const bool isSmall =
+        top.size() <= 12 && std::all_of(top.begin(), top.end(), [](const json& row) { return row.size() <= 12; });
     return isSmall ? "" : "more than twelve top rows or cells";
 }
 

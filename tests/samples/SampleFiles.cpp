@@ -21,9 +21,7 @@ constexpr const char* limitedCall = "ulimit -v 2097152 && exec \"$0\" \"$@\"";
 constexpr std::chrono::seconds timeLimit{30};
 #endif
 
-bool isOneLine(std::string_view text) {
-    return !text.empty() && text.find('\n') == text.size() - 1;
-}
+bool isOneLine(std::string_view text) { return !text.empty() && text.find('\n') == text.size() - 1; }
 
 }  // namespace
 
@@ -53,7 +51,8 @@ std::vector<fs::path> files(const fs::path& path) {
 
 std::string testName(const std::string& folder) {
     std::string name = folder.empty() ? "NoSamples" : folder;
-    std::replace_if(name.begin(), name.end(), [](unsigned char c) { return std::isalnum(c) == 0; }, '_');
+    std::replace_if(
+        name.begin(), name.end(), [](unsigned char c) { return std::isalnum(c) == 0; }, '_');
     return name;
 }
 

@@ -6,8 +6,8 @@
 
 #include "tests/support/Process.h"
 
-// The folder of sample files and how it is read: each file by a process of its own, so that one which hangs or takes all
-// memory fails its test and nothing else.
+// The folder of sample files and how it is read: each file by a process of its own, so that one which hangs or takes
+// all memory fails its test and nothing else.
 namespace corvale::SampleFiles {
 
 // Folders inside a part of the samples, such as "csv" or "pairs", sorted. One empty name when the build knows of no

@@ -42,7 +42,8 @@ inline std::string archive(const Members& members) {
     std::string directory;
     for (const auto& [path, content] : members) {
         const std::string fields = sharedFields(path, content);
-        directory += "PK\x01\x02" + number(20, 2) + number(20, 2) + fields + number(0, 8) + number(0, 2) + number(bytes.size(), 4) + path;
+        directory += "PK\x01\x02" + number(20, 2) + number(20, 2) + fields + number(0, 8) + number(0, 2) +
+                     number(bytes.size(), 4) + path;
         bytes += "PK\x03\x04" + number(20, 2) + fields + path + content;
     }
     const std::string end = "PK\x05\x06" + number(0, 4) + number(members.size(), 2) + number(members.size(), 2) +

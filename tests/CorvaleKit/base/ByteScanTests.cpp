@@ -1,5 +1,3 @@
-#include "CorvaleKit/base/ByteScan.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -8,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "CorvaleKit/base/ByteScan.h"
 #include "CorvaleKit/base/Bytes.h"
 
 namespace corvale::ByteScan {
@@ -32,7 +31,8 @@ TEST(ByteScan, MatchesMarkEveryPositionOfABlock) {
 TEST(ByteScan, MatchesAgreeWithThePlainForm) {
     std::mt19937 random(1);
     for (int i = 0; i < 5'000; ++i) {
-        const std::string block = randomText(random, i % 2 == 0 ? "a,\r\n" : std::string_view("\0\x80\xFF,", 4), blockSize);
+        const std::string block =
+            randomText(random, i % 2 == 0 ? "a,\r\n" : std::string_view("\0\x80\xFF,", 4), blockSize);
         EXPECT_EQ(matches(block.data(), ',', '\x80', '\n'), plainMatches(block.data(), ',', '\x80', '\n'));
     }
 }

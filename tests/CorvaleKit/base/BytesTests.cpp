@@ -1,5 +1,3 @@
-#include "CorvaleKit/base/Bytes.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -9,11 +7,15 @@
 #include <type_traits>
 #include <utility>
 
+#include "CorvaleKit/base/Bytes.h"
+
 namespace corvale {
 namespace {
 
 template <typename Owner>
-concept canViewTemporary = requires(Owner owner) { std::move(owner).view(); };
+concept canViewTemporary = requires(Owner owner) {
+    std::move(owner).view();
+};
 
 static_assert(!canViewTemporary<Bytes>, "a view of bytes that nobody keeps would dangle");
 static_assert(!std::is_copy_constructible_v<Bytes> && !std::is_copy_assignable_v<Bytes>);

@@ -1,8 +1,8 @@
-#include "CorvaleKit/base/Failures.h"
-
 #include <gtest/gtest.h>
 
 #include <type_traits>
+
+#include "CorvaleKit/base/Failures.h"
 
 namespace corvale {
 namespace {

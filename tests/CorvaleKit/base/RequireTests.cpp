@@ -1,8 +1,8 @@
-#include "CorvaleKit/base/Require.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
+
+#include "CorvaleKit/base/Require.h"
 
 namespace corvale {
 namespace {

@@ -29,22 +29,59 @@ TEST(TextDecoding, LooksAtTheFirstBytes) {
         {"nothing", "", ""},
         {"plain", "a,b\r\n", "a,b\r\n"},
         {"UTF-8", "é€😀", "é€😀"},
-        {"UTF-8 with a mark", "\xEF\xBB\xBF" "é,b", "é,b"},
+        {"UTF-8 with a mark",
+         "\xEF\xBB\xBF"
+         "é,b",
+         "é,b"},
         {"a mark alone", "\xEF\xBB\xBF", ""},
-        {"only one mark goes", "\xEF\xBB\xBF\xEF\xBB\xBF" "a", "\uFEFF" "a"},
-        {"marked UTF-8 with bad bytes is never code page 1252", "\xEF\xBB\xBF" "a\xE9z\xE2\x82!", "a\uFFFDz\uFFFD!"},
+        {"only one mark goes",
+         "\xEF\xBB\xBF\xEF\xBB\xBF"
+         "a",
+         "\uFEFF"
+         "a"},
+        {"marked UTF-8 with bad bytes is never code page 1252",
+         "\xEF\xBB\xBF"
+         "a\xE9z\xE2\x82!",
+         "a\uFFFDz\uFFFD!"},
         {"half a mark", "\xEF\xBB", "ï»"},
-        {"UTF-16 LE", "\xFF\xFE" "a\0,\0\xE9\0\x3D\xD8\x00\xDE"sv, "a,é😀"},
-        {"UTF-16 BE", "\xFE\xFF" "\0a\0,\0\xE9\xD8\x3D\xDE\x00"sv, "a,é😀"},
+        {"UTF-16 LE",
+         "\xFF\xFE"
+         "a\0,\0\xE9\0\x3D\xD8\x00\xDE"sv,
+         "a,é😀"},
+        {"UTF-16 BE",
+         "\xFE\xFF"
+         "\0a\0,\0\xE9\xD8\x3D\xDE\x00"sv,
+         "a,é😀"},
         {"UTF-16 LE, nothing behind the mark", "\xFF\xFE", ""},
         {"UTF-16 BE, nothing behind the mark", "\xFE\xFF", ""},
-        {"UTF-16 LE, several marks", "\xFF\xFE\xFF\xFE\xFF\xFE" "a\0\xFF\xFE"sv, "a\uFEFF"},
-        {"UTF-16 BE, several marks", "\xFE\xFF\xFE\xFF" "\0a"sv, "a"},
-        {"UTF-16 LE of odd length", "\xFF\xFE" "a\0b"sv, ""},
-        {"UTF-16 BE of odd length", "\xFE\xFF" "\0a\0"sv, ""},
-        {"UTF-16 LE, a high surrogate alone", "\xFF\xFE\x3D\xD8" "a\0"sv, ""},
-        {"UTF-16 LE, a high surrogate at the end", "\xFF\xFE" "a\0\x3D\xD8"sv, ""},
-        {"UTF-16 LE, a low surrogate alone", "\xFF\xFE" "a\0\x00\xDE"sv, ""},
+        {"UTF-16 LE, several marks",
+         "\xFF\xFE\xFF\xFE\xFF\xFE"
+         "a\0\xFF\xFE"sv,
+         "a\uFEFF"},
+        {"UTF-16 BE, several marks",
+         "\xFE\xFF\xFE\xFF"
+         "\0a"sv,
+         "a"},
+        {"UTF-16 LE of odd length",
+         "\xFF\xFE"
+         "a\0b"sv,
+         ""},
+        {"UTF-16 BE of odd length",
+         "\xFE\xFF"
+         "\0a\0"sv,
+         ""},
+        {"UTF-16 LE, a high surrogate alone",
+         "\xFF\xFE\x3D\xD8"
+         "a\0"sv,
+         ""},
+        {"UTF-16 LE, a high surrogate at the end",
+         "\xFF\xFE"
+         "a\0\x3D\xD8"sv,
+         ""},
+        {"UTF-16 LE, a low surrogate alone",
+         "\xFF\xFE"
+         "a\0\x00\xDE"sv,
+         ""},
         {"UTF-16 BE, a high surrogate alone", "\xFE\xFF\xD8\x3D\0a"sv, ""},
         {"UTF-16 BE, surrogates in the wrong order", "\xFE\xFF\xDE\x00\xD8\x3D"sv, ""},
         {"the marks of UTF-32 LE are those of UTF-16 LE", "\xFF\xFE\0\0a\0\0\0"sv, "\0a\0"sv},
@@ -52,7 +89,10 @@ TEST(TextDecoding, LooksAtTheFirstBytes) {
         {"one byte of a mark", "\xFF", "ÿ"},
         {"code page 1252", "caf\xE9", "café"},
         {"code page 1252, the part that is not Latin-1", "\x80\x82\x8E\x93quoted\x94\x96\x99\x9F", "€‚Ž“quoted”–™Ÿ"},
-        {"code page 1252, no-break space", "1\xA0" "000\xE9", "1\u00A0000é"},
+        {"code page 1252, no-break space",
+         "1\xA0"
+         "000\xE9",
+         "1\u00A0000é"},
         {"one bad byte turns good UTF-8 into code page 1252", "\xC3\xA9 \xE9", "Ã© é"},
         {"neither UTF-8 nor code page 1252", "\xC3\xA9\x81\xE9", "é\uFFFD\uFFFD"},
         {"a cut sequence is one replacement", "\x81\xE2\x82", "\uFFFD\uFFFD"},

@@ -16,9 +16,7 @@ using namespace std::string_literals;
 using namespace std::string_view_literals;
 using Grids::Rows;
 
-Rows parsed(std::string_view text, char delimiter = ',') {
-    return Grids::texts(CSV::parse(Bytes(text), delimiter));
-}
+Rows parsed(std::string_view text, char delimiter = ',') { return Grids::texts(CSV::parse(Bytes(text), delimiter)); }
 
 // Visits every text over the alphabet of at most `longest` bytes.
 template <typename Visit>
@@ -60,17 +58,17 @@ TEST(CSVParsing, ReadsCellsRowsAndQuotes) {
         {"\"a,b\",c", {{"a,b", "c"}}},
         {"\"x\"\"y\"", {{"x\"y"}}},
         {"\"\"\"\"", {{"\""}}},
-        {"\"\"", {{""}}},                      // a quoted empty cell is a row even at the end
+        {"\"\"", {{""}}},  // a quoted empty cell is a row even at the end
         {"a\n\"\"", {{"a"}, {""}}},
         {"\"\"\n", {{""}}},
         {"\"\",", {{"", ""}}},
         {"\"a\nb\"", {{"a\nb"}}},
         {"\"a\r\nb\rc\",d", {{"a\r\nb\rc", "d"}}},
-        {"x\"y", {{"x\"y"}}},                  // a quote in the middle is a character
+        {"x\"y", {{"x\"y"}}},  // a quote in the middle is a character
         {"x\"y,z\"", {{"x\"y", "z\""}}},
         {"x\"\"y", {{"x\"\"y"}}},
         {" \"a\"", {{" \"a\""}}},
-        {"\"a\"b,c", {{"ab", "c"}}},           // what follows a closing quote joins the cell
+        {"\"a\"b,c", {{"ab", "c"}}},  // what follows a closing quote joins the cell
         {"\"a\" ,c", {{"a ", "c"}}},
         {"\"a\"b\"c,d", {{"ab\"c", "d"}}},
         {"\"a\"b\"\"c\"\nd", {{"ab\"\"c\""}, {"d"}}},
@@ -147,7 +145,8 @@ TEST(CSVParsing, PlainAndSimplyQuotedCellsAreNotCopied) {
 
 TEST(CSVParsing, ReadsATextThatStartsBehindAByteOrderMark) {
     Bytes bytes("\xEF\xBB\xBF" + std::string(61, 'x') + ",b\n1,2");
-    EXPECT_EQ(Grids::texts(CSV::parse(CSV::decodeText(std::move(bytes)))), (Rows{{std::string(61, 'x'), "b"}, {"1", "2"}}));
+    EXPECT_EQ(Grids::texts(CSV::parse(CSV::decodeText(std::move(bytes)))),
+              (Rows{{std::string(61, 'x'), "b"}, {"1", "2"}}));
 }
 
 TEST(CSVParsing, AQuotedCellOfManyMegabytesIsOneCell) {

@@ -1,5 +1,3 @@
-#include "CorvaleKit/loading/CellGrid.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -9,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "CorvaleKit/loading/CellGrid.h"
 #include "CorvaleKit/loading/CellGridBuilder.h"
 #include "tests/support/Grids.h"
 

@@ -1,11 +1,10 @@
-#include "CorvaleKit/loading/CellRows.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "CorvaleKit/loading/CellRows.h"
 #include "tests/support/Grids.h"
 
 namespace corvale {
@@ -62,7 +61,8 @@ TEST(CellRows, TheCornerCutsAndNeverPads) {
 TEST(CellRowsDeathTest, ACornerOfCutRowsStopsTheProcess) {
     const CellRows rows = Grids::rows(source);
     EXPECT_DEATH(static_cast<void>(rows.corner(3, 2).corner(1, 1)), "the corner of a list whose rows are already cut");
-    EXPECT_DEATH(static_cast<void>(rows.selected({0}, 2).corner(1, 1)), "the corner of a list whose rows are already cut");
+    EXPECT_DEATH(static_cast<void>(rows.selected({0}, 2).corner(1, 1)),
+                 "the corner of a list whose rows are already cut");
 }
 
 TEST(CellRows, EqualityLooksAtTextsAndWidths) {

@@ -1,5 +1,3 @@
-#include "CorvaleKit/loading/DataLoader.h"
-
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -8,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "CorvaleKit/loading/DataLoader.h"
 #include "CorvaleKit/loading/XLSX.h"
 #include "CorvaleKit/loading/ZipReader.h"
 #include "tests/support/Grids.h"
@@ -38,8 +37,8 @@ std::string failure(std::string_view bytes, std::string_view name, std::int64_t 
     return {};
 }
 
-const std::string twoSheets =
-    StoredZip::workbook({row({"id", "name"}) + row({"1", "Ann"}), row({"note"}) + row({"code", "price"}) + row({"7", "2.5"})});
+const std::string twoSheets = StoredZip::workbook(
+    {row({"id", "name"}) + row({"1", "Ann"}), row({"note"}) + row({"code", "price"}) + row({"7", "2.5"})});
 
 TEST(DataLoader, FailuresQuoteTheFileName) {
     struct Case {
@@ -48,7 +47,8 @@ TEST(DataLoader, FailuresQuoteTheFileName) {
     };
     const std::vector<Case> cases = {
         {Failure::Kind::numbersFile,
-         "“my file.x” is a Numbers file. In Numbers, choose File › Export To › Excel… (or CSV…), then open the exported "
+         "“my file.x” is a Numbers file. In Numbers, choose File › Export To › Excel… (or CSV…), then open the "
+         "exported "
          "file."},
         {Failure::Kind::oldExcel, "“my file.x” is an older Excel file (.xls). Save it as .xlsx or CSV first."},
         {Failure::Kind::notSpreadsheet, "“my file.x” doesn’t look like a CSV or Excel file."},
@@ -65,9 +65,10 @@ TEST(DataLoader, FailuresQuoteTheFileName) {
 
 TEST(DataLoader, RefusesNumbersAndOldExcelFilesFromTheirNamesAlone) {
     for (const std::string_view bytes : {""sv, "a,b\n1,2\n"sv, "PK\x03\x04"sv, std::string_view(twoSheets)}) {
-        EXPECT_EQ(failure(bytes, "Report.numbers"),
-                  "“Report.numbers” is a Numbers file. In Numbers, choose File › Export To › Excel… (or CSV…), then open "
-                  "the exported file.");
+        EXPECT_EQ(
+            failure(bytes, "Report.numbers"),
+            "“Report.numbers” is a Numbers file. In Numbers, choose File › Export To › Excel… (or CSV…), then open "
+            "the exported file.");
         EXPECT_EQ(failure(bytes, "Old.xls"), "“Old.xls” is an older Excel file (.xls). Save it as .xlsx or CSV first.");
         EXPECT_EQ(failure(bytes, "OLD.XLS"), "“OLD.XLS” is an older Excel file (.xls). Save it as .xlsx or CSV first.");
     }
@@ -79,9 +80,21 @@ TEST(DataLoader, TheExtensionIsWhatFollowsTheLastDot) {
         bool isRefused;
     };
     const std::vector<Case> cases = {
-        {"a.xls", true},      {"a.b.xls", true},  {"a.Numbers", true}, {"..xls", true},   {" .xls", true},
-        {".xls", false},      {"xls", false},     {"a.xls.", false},   {"a.xls ", false}, {"a.xls.csv", false},
-        {".numbers", false},  {"", false},        {".", false},        {"a.xlsm", false}, {"a.xls/b", false},
+        {"a.xls", true},
+        {"a.b.xls", true},
+        {"a.Numbers", true},
+        {"..xls", true},
+        {" .xls", true},
+        {".xls", false},
+        {"xls", false},
+        {"a.xls.", false},
+        {"a.xls ", false},
+        {"a.xls.csv", false},
+        {".numbers", false},
+        {"", false},
+        {".", false},
+        {"a.xlsm", false},
+        {"a.xls/b", false},
     };
     for (const auto& [name, isRefused] : cases) {
         if (isRefused) {
@@ -164,7 +177,14 @@ TEST(DataLoader, TabsSeparateTheCellsOfATsvFileWhateverItsFirstLineHolds) {
 }
 
 TEST(DataLoader, AFileWithNothingInItIsEmpty) {
-    for (const std::string_view bytes : {""sv, "\n\n"sv, " , \t\n"sv, "\"\"\n"sv, "\xEF\xBB\xBF"sv, "\xFF\xFE"sv, "\xFF\xFE" "a"sv}) {
+    for (const std::string_view bytes : {""sv,
+                                         "\n\n"sv,
+                                         " , \t\n"sv,
+                                         "\"\"\n"sv,
+                                         "\xEF\xBB\xBF"sv,
+                                         "\xFF\xFE"sv,
+                                         "\xFF\xFE"
+                                         "a"sv}) {
         EXPECT_EQ(failure(bytes, "none.csv"), "“none.csv” is empty.");
     }
 }
@@ -172,7 +192,8 @@ TEST(DataLoader, AFileWithNothingInItIsEmpty) {
 TEST(DataLoader, BytesThatAreNoTextAreNoSpreadsheet) {
     EXPECT_EQ(failure(std::string(1'000'000, '\0'), "image.png"), "“image.png” doesn’t look like a CSV or Excel file.");
     EXPECT_EQ(failure("\x89PNG\r\n\x1A\n\x01\x02\x03", "a.csv"), "“a.csv” doesn’t look like a CSV or Excel file.");
-    EXPECT_EQ(failure("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1\0\0\0"sv, "a.csv"), "“a.csv” doesn’t look like a CSV or Excel file.");
+    EXPECT_EQ(failure("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1\0\0\0"sv, "a.csv"),
+              "“a.csv” doesn’t look like a CSV or Excel file.");
 }
 
 TEST(DataLoader, LoadsTheChosenSheetOfAWorkbook) {

@@ -1,5 +1,3 @@
-#include "CorvaleKit/loading/DataTable.h"
-
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
@@ -10,6 +8,7 @@
 #include <vector>
 
 #include "CorvaleKit/base/Failures.h"
+#include "CorvaleKit/loading/DataTable.h"
 #include "CorvaleKit/loading/TableBuilder.h"
 #include "tests/support/Grids.h"
 
@@ -20,18 +19,19 @@ using Grids::Rows;
 using Grids::texts;
 
 template <typename Table>
-concept yieldsViews = requires(Table table) { std::forward<Table>(table).headers(); } ||
-                      requires(Table table) { std::forward<Table>(table).rows(); } ||
-                      requires(Table table) { std::forward<Table>(table).sourceName(); } ||
-                      requires(Table table) { std::forward<Table>(table).rowNumbers(); } ||
-                      requires(Table table) { std::forward<Table>(table).topRows(); };
+concept yieldsViews = requires(Table table) {
+    std::forward<Table>(table).headers();
+}
+|| requires(Table table) { std::forward<Table>(table).rows(); }
+|| requires(Table table) { std::forward<Table>(table).sourceName(); }
+|| requires(Table table) { std::forward<Table>(table).rowNumbers(); }
+|| requires(Table table) { std::forward<Table>(table).topRows(); };
 
 static_assert(yieldsViews<DataTable&> && yieldsViews<const DataTable&>);
-static_assert(!yieldsViews<DataTable> && !yieldsViews<const DataTable>, "a view of a table that nobody keeps would dangle");
+static_assert(!yieldsViews<DataTable> && !yieldsViews<const DataTable>,
+              "a view of a table that nobody keeps would dangle");
 
-DataTable sample() {
-    return DataTable({"id", "name"}, {{"1", "Ann"}, {"2", "Zoë"}}, "people.csv", {3, 5}, 2);
-}
+DataTable sample() { return DataTable({"id", "name"}, {{"1", "Ann"}, {"2", "Zoë"}}, "people.csv", {3, 5}, 2); }
 
 TEST(DataTable, IsEmptyByDefault) {
     const DataTable table;
@@ -148,7 +148,8 @@ TEST(DataTable, ItsStoredFormHasFiveKeysAndNoTopRows) {
 }
 
 TEST(DataTable, EncodingAndDecodingLosesTheTopRowsAndKeepsEverythingElse) {
-    const DataTable table = TableBuilder::build(Grids::rows({{"title"}, {"id", "name"}, {}, {"1", "Ann", "x"}, {"2"}}), "p.csv");
+    const DataTable table =
+        TableBuilder::build(Grids::rows({{"title"}, {"id", "name"}, {}, {"1", "Ann", "x"}, {"2"}}), "p.csv");
     const DataTable back = DataTable::decoded(table.encoded());
     EXPECT_EQ(back.headers(), table.headers());
     EXPECT_EQ(back.rows(), table.rows());
@@ -174,8 +175,17 @@ TEST(DataTable, DecodingAnythingElseIsADecodingError) {
         nlohmann::json without = good;
         without.erase(item.key());
         EXPECT_THROW(DataTable::decoded(without.dump()), DecodingError) << item.key();
-        for (const char* wrong : {"null", "\"text\"", "true", "1.5", "1e300", "{}", "[null]", "[[1]]", "[1.5]",
-                                  "[9223372036854775808]", "9223372036854775808"}) {
+        for (const char* wrong : {"null",
+                                  "\"text\"",
+                                  "true",
+                                  "1.5",
+                                  "1e300",
+                                  "{}",
+                                  "[null]",
+                                  "[[1]]",
+                                  "[1.5]",
+                                  "[9223372036854775808]",
+                                  "9223372036854775808"}) {
             nlohmann::json other = good;
             other[item.key()] = nlohmann::json::parse(wrong);
             const bool isText = item.key() == "sourceName" && wrong == std::string_view("\"text\"");

@@ -25,17 +25,17 @@ TEST(DelimiterDetection, TakesWhatTheFirstRecordHasMostOf) {
         {"a;b", ';'},
         {"a\tb", '\t'},
         {"a,b;c;d", ';'},
-        {"a,b\tc", ','},       // comma beats tab
-        {"a\tb;c", '\t'},      // tab beats semicolon
-        {"a;b,c", ','},        // comma beats semicolon
+        {"a,b\tc", ','},   // comma beats tab
+        {"a\tb;c", '\t'},  // tab beats semicolon
+        {"a;b,c", ','},    // comma beats semicolon
         {"a;b\tc,d", ','},
         {"a;b;c\td\te", '\t'},
         {"a;b;c\td", ';'},
         {"a|b|c", ','},
-        {"a\n;;;", ','},       // the first record only
+        {"a\n;;;", ','},  // the first record only
         {"a\r;;;", ','},
         {"\n;;;", ','},
-        {"\"a,b\";c", ';'},    // inside quotes nothing counts
+        {"\"a,b\";c", ';'},  // inside quotes nothing counts
         {"\"a,b,c\"\td", '\t'},
         {"\"a,\nb\";c\n,,,", ';'},  // nor does a line break there end the record
         {"\"a,\r\nb\";c\r\n,,,", ';'},

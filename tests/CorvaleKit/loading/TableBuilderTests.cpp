@@ -1,18 +1,17 @@
-#include "CorvaleKit/loading/TableBuilder.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdint>
 #include <limits>
-#include <random>
 #include <optional>
+#include <random>
 #include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "CorvaleKit/loading/CellGridBuilder.h"
+#include "CorvaleKit/loading/TableBuilder.h"
 #include "CorvaleKit/text/Text.h"
 #include "tests/support/Grids.h"
 
@@ -33,17 +32,11 @@ Names named(const Names& headers, std::size_t count) {
     return TableBuilder::columnNames(grid.row(0), count);
 }
 
-Names named(const Names& headers) {
-    return named(headers, headers.size());
-}
+Names named(const Names& headers) { return named(headers, headers.size()); }
 
-bool isBlank(const Names& cells) {
-    return TableBuilder::isBlank(CellGrid::fromTexts({cells}).row(0));
-}
+bool isBlank(const Names& cells) { return TableBuilder::isBlank(CellGrid::fromTexts({cells}).row(0)); }
 
-bool isFilled(const Names& cells) {
-    return TableBuilder::isFilled(CellGrid::fromTexts({cells}).row(0));
-}
+bool isFilled(const Names& cells) { return TableBuilder::isFilled(CellGrid::fromTexts({cells}).row(0)); }
 
 // Rows of one letter: t thin (one cell), f filled.
 CellRows shaped(std::string_view shape) {
@@ -83,8 +76,16 @@ TEST(TableBuilder, TheAutomaticHeaderIsAmongTheFirstSixRows) {
         std::size_t header;
     };
     const std::vector<Case> cases = {
-        {"", 0},       {"t", 0},      {"f", 0},       {"tt", 0},     {"tf", 1},
-        {"ft", 0},     {"ttf", 2},    {"tft", 1},     {"tttttf", 5}, {"tttttff", 5},
+        {"", 0},
+        {"t", 0},
+        {"f", 0},
+        {"tt", 0},
+        {"tf", 1},
+        {"ft", 0},
+        {"ttf", 2},
+        {"tft", 1},
+        {"tttttf", 5},
+        {"tttttff", 5},
         {"ttttttf", 0},  // from the first row, the filled one is too far away to be noticed
         {"tttttt", 0},   // a table of thin rows starts at its first
         {"ttttttttttttttttff", 0},
@@ -136,7 +137,8 @@ TEST(TableBuilder, BlankRowsAreDroppedAndTheOthersKeepTheirNumbers) {
 
 TEST(TableBuilder, OnlyBlankRowsMakeATableWithoutColumns) {
     for (const Rows& rows : {Rows{}, Rows{{}}, Rows{{""}}, Rows{{" ", "\t"}, {}, {"\u00A0"}}}) {
-        for (const std::optional<std::int64_t> headerRow : {std::optional<std::int64_t>(), std::optional<std::int64_t>(2)}) {
+        for (const std::optional<std::int64_t> headerRow :
+             {std::optional<std::int64_t>(), std::optional<std::int64_t>(2)}) {
             const DataTable table = built(rows, headerRow);
             EXPECT_TRUE(table.headers().empty());
             EXPECT_TRUE(table.rows().empty());
@@ -308,8 +310,8 @@ DataTable slowlyBuilt(const Rows& rows, std::optional<std::int64_t> headerRow) {
     std::vector<std::size_t> nonBlank;
     std::string shape;
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        const auto filled = std::count_if(rows[i].begin(), rows[i].end(),
-                                          [](const std::string& cell) { return !Text::trimSpaces(cell).empty(); });
+        const auto filled = std::count_if(
+            rows[i].begin(), rows[i].end(), [](const std::string& cell) { return !Text::trimSpaces(cell).empty(); });
         if (filled > 0) {
             nonBlank.push_back(i);
             shape += filled > 1 ? 'f' : 't';
@@ -337,8 +339,8 @@ DataTable slowlyBuilt(const Rows& rows, std::optional<std::int64_t> headerRow) {
     for (auto& row : data) {
         row.resize(width);
     }
-    return DataTable(slowNames(headerCells, width), data, "source.csv", numbers,
-                     static_cast<std::int64_t>(nonBlank[header]) + 1);
+    return DataTable(
+        slowNames(headerCells, width), data, "source.csv", numbers, static_cast<std::int64_t>(nonBlank[header]) + 1);
 }
 
 TEST(TableBuilder, AgreesWithTheRulesOnRandomRows) {

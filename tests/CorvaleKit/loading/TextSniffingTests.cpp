@@ -21,13 +21,9 @@ std::string repeated(std::string_view text, std::size_t times) {
     return all;
 }
 
-TEST(TextSniffing, AnEmptyTextPasses) {
-    EXPECT_TRUE(CSV::looksLikeText(""));
-}
+TEST(TextSniffing, AnEmptyTextPasses) { EXPECT_TRUE(CSV::looksLikeText("")); }
 
-TEST(TextSniffing, AMillionNulBytesFail) {
-    EXPECT_FALSE(CSV::looksLikeText(std::string(1'000'000, '\0')));
-}
+TEST(TextSniffing, AMillionNulBytesFail) { EXPECT_FALSE(CSV::looksLikeText(std::string(1'000'000, '\0'))); }
 
 TEST(TextSniffing, OneInFiftyIsTheMost) {
     for (const std::string suspect : {"\x01", "\u007F", "\u0080", "\u009F", "\uFFFD"}) {
@@ -50,7 +46,8 @@ TEST(TextSniffing, TheSuspectScalarsAreTheControlsAndTheReplacement) {
         std::string text;
         SlowUtf8::append(text, scalar);
         const bool isLineOrTab = scalar == 0x09 || scalar == 0x0A || scalar == 0x0D;
-        const bool isSuspect = (scalar < 0x20 && !isLineOrTab) || (scalar >= 0x7F && scalar <= 0x9F) || scalar == 0xFFFD;
+        const bool isSuspect =
+            (scalar < 0x20 && !isLineOrTab) || (scalar >= 0x7F && scalar <= 0x9F) || scalar == 0xFFFD;
         ASSERT_EQ(CSV::looksLikeText(text), !isSuspect) << std::hex << static_cast<unsigned>(scalar);
     }
 }
@@ -74,7 +71,8 @@ TEST(TextSniffing, TheCutCountsCharactersAndTheTestCountsScalars) {
 }
 
 TEST(TextSniffing, AgreesWithTheSlowTwin) {
-    const std::vector<std::string_view> parts = {"a", "aaaaaaaaaaaaaaaaaaaaaaaa", "\r\n", "e\u0301", "\x01", "\u0085", "\uFFFD", "👩‍👩‍👧‍👦"};
+    const std::vector<std::string_view> parts = {
+        "a", "aaaaaaaaaaaaaaaaaaaaaaaa", "\r\n", "e\u0301", "\x01", "\u0085", "\uFFFD", "👩‍👩‍👧‍👦"};
     std::mt19937 random(6);
     for (int i = 0; i < 2'000; ++i) {
         std::string text;

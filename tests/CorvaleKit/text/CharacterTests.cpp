@@ -24,27 +24,27 @@ const std::vector<Count> counts = {
     {"\r\r\n\n", 3},
     {"a\r\nb", 3},
     {"é", 1},
-    {"e\u0301", 1},                  // a letter and its combining accent
+    {"e\u0301", 1},  // a letter and its combining accent
     {"e\u0301\u0323\u0301x", 2},
-    {"\u0301", 1},                   // an accent without a letter
-    {"\n\u0301", 2},                 // nothing combines with a line break
-    {"🇩🇪", 1},                       // a flag is two regional indicators
+    {"\u0301", 1},    // an accent without a letter
+    {"\n\u0301", 2},  // nothing combines with a line break
+    {"🇩🇪", 1},        // a flag is two regional indicators
     {"🇩🇪🇫🇷", 2},
     {"🇩🇪🇫", 2},
     {"a🇩🇪b", 3},
     {"😀😀", 2},
-    {"👍🏽", 1},                       // a hand and a skin tone
-    {"👩‍👩‍👧‍👦", 1},                    // joined with U+200D
+    {"👍🏽", 1},                   // a hand and a skin tone
+    {"👩‍👩‍👧‍👦", 1},  // joined with U+200D
     {"👩‍👩‍👧‍👦👩‍💻", 2},
-    {"a\u200Db", 2},                 // the joiner joins pictures only
-    {"❤️", 1},                       // a variation selector
-    {"1️⃣", 1},                       // a keycap
+    {"a\u200Db", 2},  // the joiner joins pictures only
+    {"❤️", 1},    // a variation selector
+    {"1️⃣", 1},   // a keycap
     {"한글", 2},
-    {"\u1112\u1161\u11AB", 1},       // the same syllable in three letters
+    {"\u1112\u1161\u11AB", 1},  // the same syllable in three letters
     {"\u1112\u1161\u11AB\u1100\u1173\u11AF", 2},
-    {"नि", 1},                        // a letter and a spacing vowel sign
+    {"नि", 1},  // a letter and a spacing vowel sign
     {"กำ", 1},
-    {"\u0600\u0661", 1},             // a number sign before its digit
+    {"\u0600\u0661", 1},  // a number sign before its digit
     {"a\u0308\u0304b", 2},
     {"中文", 2},
     {"\U0001F3F4\U000E0067\U000E0062\U000E007F", 1},  // a flag spelled in tags
@@ -119,8 +119,18 @@ TEST(DisplayWidth, CountsTerminalColumns) {
         std::size_t columns;
     };
     const std::vector<Case> cases = {
-        {"", 0},         {"abc", 3},       {"é", 1},      {"e\u0301", 1}, {"中文", 4}, {"ｆｕｌｌ", 8},
-        {"한글", 4},     {"😀", 2},        {"a\u200Bb", 2}, {"\n\t\x7F", 0},  {"“…”", 3},  {"→", 1},
+        {"", 0},
+        {"abc", 3},
+        {"é", 1},
+        {"e\u0301", 1},
+        {"中文", 4},
+        {"ｆｕｌｌ", 8},
+        {"한글", 4},
+        {"😀", 2},
+        {"a\u200Bb", 2},
+        {"\n\t\x7F", 0},
+        {"“…”", 3},
+        {"→", 1},
         {"\u00A0", 1},
     };
     for (const auto& [text, columns] : cases) {

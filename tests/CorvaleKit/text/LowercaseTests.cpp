@@ -14,7 +14,8 @@ namespace {
 // The process's locale for one test.
 class Locale {
 public:
-    explicit Locale(const char* name) : m_before(std::setlocale(LC_ALL, nullptr)), m_isSet(std::setlocale(LC_ALL, name)) {}
+    explicit Locale(const char* name)
+        : m_before(std::setlocale(LC_ALL, nullptr)), m_isSet(std::setlocale(LC_ALL, name)) {}
     Locale(const Locale&) = delete;
     Locale& operator=(const Locale&) = delete;
     ~Locale() { std::setlocale(LC_ALL, m_before.c_str()); }
@@ -36,18 +37,18 @@ TEST(Lowercase, GoesScalarByScalar) {
         {"already lower 123", "already lower 123"},
         {"MiXeD @[`{ AZ", "mixed @[`{ az"},
         {"ÀÉÎÕÜ", "àéîõü"},
-        {"ΟΔΟΣ", "οδοσ"},        // no final sigma: every Σ becomes the same letter
+        {"ΟΔΟΣ", "οδοσ"},  // no final sigma: every Σ becomes the same letter
         {"Σ", "σ"},
         {"ς", "ς"},
         {"STRASSE", "strasse"},
         {"ẞß", "ßß"},
-        {"İ", "i\u0307"},        // the dotted capital I keeps its dot
-        {"Iı", "iı"},            // and the plain one gets none
+        {"İ", "i\u0307"},  // the dotted capital I keeps its dot
+        {"Iı", "iı"},      // and the plain one gets none
         {"ЖЁ", "жё"},
         {"Ǆǅ", "ǆǆ"},
-        {"K", "k"},              // the Kelvin sign
-        {"Å", "å"},              // the Ångström sign
-        {"Ω", "ω"},              // the Ohm sign
+        {"K", "k"},  // the Kelvin sign
+        {"Å", "å"},  // the Ångström sign
+        {"Ω", "ω"},  // the Ohm sign
         {"ﬀ", "ﬀ"},
         {"\U00010400", "\U00010428"},
         {"Ⅷ", "ⅷ"},
@@ -70,7 +71,9 @@ TEST(Lowercase, IsIdempotent) {
 }
 
 TEST(Lowercase, BytesThatAreNoTextBecomeReplacementCharacters) {
-    EXPECT_EQ(lowercased("A\xFF" "B"), "a\uFFFDb");
+    EXPECT_EQ(lowercased("A\xFF"
+                         "B"),
+              "a\uFFFDb");
 }
 
 TEST(Lowercase, AppendingLeavesWhatIsThere) {
@@ -107,7 +110,8 @@ TEST(Lowercase, EqualityIgnoringCaseComparesLoweredTexts) {
 }
 
 TEST(Lowercase, EqualityIgnoringCaseAgreesWithItsDefinitionOnRandomTexts) {
-    const std::vector<std::string_view> parts = {"a", "A", "k", "K", "\u212A", "É", "é", "İ", "i\u0307", "i", "\xFF", "\uFFFD"};
+    const std::vector<std::string_view> parts = {
+        "a", "A", "k", "K", "\u212A", "É", "é", "İ", "i\u0307", "i", "\xFF", "\uFFFD"};
     std::mt19937 random(10);
     const auto randomText = [&] {
         std::string text;

@@ -1,5 +1,3 @@
-#include "CorvaleKit/text/Utf8.h"
-
 #include <gtest/gtest.h>
 
 #include <random>
@@ -7,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "CorvaleKit/text/Utf8.h"
 #include "tests/support/SlowUtf8.h"
 
 namespace corvale::Utf8 {
@@ -37,9 +36,7 @@ bool sameWalk(const std::vector<Scalar>& a, const std::vector<Scalar>& b) {
     });
 }
 
-std::string hex(std::string_view bytes) {
-    return testing::PrintToString(std::vector<int>(bytes.begin(), bytes.end()));
-}
+std::string hex(std::string_view bytes) { return testing::PrintToString(std::vector<int>(bytes.begin(), bytes.end())); }
 
 void expectAgreementWithTheSlowTwin(std::string_view text) {
     const auto forwards = walkedForwards(text);
@@ -85,11 +82,11 @@ TEST(Utf8, OneReplacementPerMaximalInvalidSubpart) {
         {"é€😀", "é€😀"},
         {"\x80", "\uFFFD"},
         {"a\xBF\x80z", "a\uFFFD\uFFFDz"},
-        {"\xC0\xAF", "\uFFFD\uFFFD"},              // an overlong slash: no byte of it can start a sequence
+        {"\xC0\xAF", "\uFFFD\uFFFD"},  // an overlong slash: no byte of it can start a sequence
         {"\xC1\xBF", "\uFFFD\uFFFD"},
-        {"\xE0\x80\xAF", "\uFFFD\uFFFD\uFFFD"},    // overlong in three bytes
+        {"\xE0\x80\xAF", "\uFFFD\uFFFD\uFFFD"},  // overlong in three bytes
         {"\xF0\x80\x80\xAF", "\uFFFD\uFFFD\uFFFD\uFFFD"},
-        {"\xED\xA0\x80", "\uFFFD\uFFFD\uFFFD"},    // a surrogate
+        {"\xED\xA0\x80", "\uFFFD\uFFFD\uFFFD"},  // a surrogate
         {"\xED\xBF\xBF", "\uFFFD\uFFFD\uFFFD"},
         {"\xED\x9F\xBF", "\uD7FF"},
         {"\xEE\x80\x80", "\uE000"},
@@ -99,7 +96,7 @@ TEST(Utf8, OneReplacementPerMaximalInvalidSubpart) {
         {"\xFE\xFF", "\uFFFD\uFFFD"},
         {"\xC3", "\uFFFD"},
         {"\xC3z", "\uFFFDz"},
-        {"\xE2\x82", "\uFFFD"},                    // two bytes of three: one subpart
+        {"\xE2\x82", "\uFFFD"},  // two bytes of three: one subpart
         {"\xE2\x82z", "\uFFFDz"},
         {"\xE2\x82\xE2\x82\xAC", "\uFFFD€"},
         {"\xF0\x9F\x98", "\uFFFD"},

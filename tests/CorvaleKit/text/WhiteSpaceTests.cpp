@@ -12,8 +12,24 @@ namespace corvale::Text {
 namespace {
 
 // Tab and category Zs, in full.
-const std::set<char32_t> spaces = {0x09,   0x20,   0xA0,   0x1680, 0x2000, 0x2001, 0x2002, 0x2003, 0x2004,
-                                   0x2005, 0x2006, 0x2007, 0x2008, 0x2009, 0x200A, 0x202F, 0x205F, 0x3000};
+const std::set<char32_t> spaces = {0x09,
+                                   0x20,
+                                   0xA0,
+                                   0x1680,
+                                   0x2000,
+                                   0x2001,
+                                   0x2002,
+                                   0x2003,
+                                   0x2004,
+                                   0x2005,
+                                   0x2006,
+                                   0x2007,
+                                   0x2008,
+                                   0x2009,
+                                   0x200A,
+                                   0x202F,
+                                   0x205F,
+                                   0x3000};
 const std::set<char32_t> lineBreaks = {0x0A, 0x0B, 0x0C, 0x0D, 0x85, 0x2028, 0x2029};
 
 std::string utf8(char32_t scalar) {
