@@ -4,8 +4,8 @@
 #include <system_error>
 
 #include "tests/cli/Program.h"
+#include "tests/cli/TextWorkbooks.h"
 #include "tests/support/ScratchFolder.h"
-#include "tests/support/StoredZip.h"
 
 namespace corvale::Cli {
 namespace {
@@ -30,9 +30,7 @@ protected:
 
     void commit(const std::string& price, const std::string& name) const {
         m_folder.write("prices.csv", "SKU,Product,Price\nA-1,Lamp," + price + "\nA-2,Hose,19.00\n");
-        m_folder.write("people.xlsx",
-                       StoredZip::workbook({StoredZip::row({"ID", "Name"}) + StoredZip::row({"1", name}) +
-                                            StoredZip::row({"2", "Bo"})}));
+        m_folder.write("people.xlsx", textWorkbook({{"People", {{"ID", "Name"}, {"1", name}, {"2", "Bo"}}}}));
         git({"add", "prices.csv", "people.xlsx"});
         git({"commit", "-q", "-m", "Prices"});
     }

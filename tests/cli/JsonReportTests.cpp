@@ -115,7 +115,7 @@ TEST(JsonReport, ARenamedColumnHasItsNewName) {
 }
 
 TEST(JsonReport, AnyTextReadsBack) {
-    const std::string odd("\"\\/\b\f\n\r\t\x01\x1F\x7F é 日 😀", 28);
+    const std::string odd("\"\\/\b\f\n\r\t\x01\x1F\x7F é 日 😀");
     const DataTable table({odd}, {{odd}}, odd);
     const auto document = nlohmann::json::parse(written([&](const auto& sink) { writeTable(table, sink); }));
     EXPECT_EQ(document["headers"][0], odd);

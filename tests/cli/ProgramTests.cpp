@@ -5,8 +5,8 @@
 #include <csignal>
 
 #include "tests/cli/Program.h"
+#include "tests/cli/TextWorkbooks.h"
 #include "tests/support/ScratchFolder.h"
-#include "tests/support/StoredZip.h"
 
 namespace corvale::Cli {
 namespace {
@@ -46,9 +46,9 @@ protected:
         m_folder.write("wide.csv", "ID,Name,Age\n1,Ann,\n2,Bo,\n");
         m_folder.write("turned.csv", "Name,ID\nAnn,1\nBo,2\n");
         m_folder.write("renamed.csv", "ID,Who\n1,Ann\n2,Bo\n");
-        m_folder.write("book.xlsx",
-                       StoredZip::workbook({StoredZip::row({"ID", "Name"}) + StoredZip::row({"1", "Ann"}),
-                                            StoredZip::row({"ID", "Name"}) + StoredZip::row({"1", "Eve"})}));
+        m_folder.write(
+            "book.xlsx",
+            textWorkbook({{"Sheet1", {{"ID", "Name"}, {"1", "Ann"}}}, {"Sheet2", {{"ID", "Name"}, {"1", "Eve"}}}}));
     }
 };
 

@@ -5,8 +5,8 @@
 #include "CorvaleKit/loading/DataLoader.h"
 #include "cli/FileReading.h"
 #include "cli/TableLoading.h"
+#include "tests/cli/TextWorkbooks.h"
 #include "tests/support/ScratchFolder.h"
-#include "tests/support/StoredZip.h"
 
 namespace corvale::Cli {
 namespace {
@@ -14,11 +14,11 @@ namespace {
 using TestSupport::ScratchFolder;
 
 std::string workbookOf(const std::vector<std::string>& names) {
-    std::string sheets;
+    std::vector<TextSheet> sheets;
     for (const std::string& name : names) {
-        sheets += "<sheet name=\"" + name + "\"/>";
+        sheets.push_back({name, {}});
     }
-    return StoredZip::archive({{"xl/workbook.xml", "<workbook><sheets>" + sheets + "</sheets></workbook>"}});
+    return textWorkbook(sheets);
 }
 
 TEST(TableLoading, ASheetOfDigitsIsANumber) {
