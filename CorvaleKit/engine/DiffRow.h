@@ -96,10 +96,15 @@ public:
     std::size_t size() const;
     bool empty() const { return size() == 0; }
     // `index` is below size().
-    DiffRow operator[](std::size_t index) const;
+    DiffRow operator[](std::size_t index) const&;
     // Cheaper than the whole row where only this matters.
     DiffRow::Status status(std::size_t index) const;
-    std::span<const CellChange> changes(std::size_t index) const;
+    std::span<const CellChange> changes(std::size_t index) const&;
+
+    // A view into a list that nobody keeps would dangle.
+    DiffRow operator[](std::size_t index) const&& = delete;
+    std::span<const CellChange> changes(std::size_t index) const&& = delete;
+
     Iterator begin() const;
     Iterator end() const;
 

@@ -230,12 +230,19 @@ TEST(DiffEngine, DuplicatesAndBlankKeysComeWithTheResult) {
     EXPECT_EQ(result.blankKeys, (BlankKeys{{4}, {}}));
 }
 
+TEST(DiffEngine, AKeyThatATableLacksMatchesNothing) {
+    for (const Lines& names : {Lines{"Old"}, Lines{"ID", "Old"}, Lines{"New"}, Lines{"None"}}) {
+        const auto result = compare("ID,Old\n1,x\n", "ID,New\n1,x\n", {}, RowMatch::key(names));
+        EXPECT_EQ(result.summary.removed, 1);
+        EXPECT_EQ(result.summary.added, 1);
+    }
+}
+
 TEST(DiffEngine, CopiesOfAResultShareItsRowsAndEqualIt) {
     const auto result = compare("ID,A\n1,x\n", "ID,A\n1,y\n");
     DiffResult copy = result;
     EXPECT_EQ(copy, result);
-    EXPECT_EQ(absl::HashOf(copy.rows, copy.summary, copy.columns),
-              absl::HashOf(result.rows, result.summary, result.columns));
+    EXPECT_EQ(absl::HashOf(copy), absl::HashOf(result));
     EXPECT_EQ(static_cast<const void*>(copy.rows.changes(0).data()),
               static_cast<const void*>(result.rows.changes(0).data()));
     EXPECT_NE(compare("ID,A\n1,x\n", "ID,A\n1,z\n"), result);

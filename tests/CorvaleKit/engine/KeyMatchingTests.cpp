@@ -153,12 +153,27 @@ TEST(KeyMatching, TheDisplayKeyJoinsTrimmedCells) {
     EXPECT_EQ(KeyMatching::displayKey(named.rows()[0], {1}), "y y");
 }
 
+// A ragged row and a full one take different ways through the cells.
+TEST(KeyMatching, AKeyColumnMayBeNamedTwice) {
+    DiffOptions ignoring;
+    ignoring.ignoreCase = true;
+    const DataTable ragged = table("ID,B,C\nAb\n");
+    const DataTable full = table("ID,B,C\nab,,\n");
+    for (const std::vector<std::size_t>& columns :
+         {std::vector<std::size_t>{0, 0, 1}, {0, 0, 0, 0, 0, 0, 0}, {1, 0, 0}}) {
+        EXPECT_EQ(match(ragged, full, ignoring, {columns, columns}).pairs, (std::vector<RowPair>{{0, 0}}));
+    }
+    const std::vector<std::size_t> thrice{0, 0, 0};
+    const auto matches = match(keyed({"P", "p", "p", "P"}), keyed({"q"}), ignoring, {thrice, thrice});
+    EXPECT_EQ(matches.duplicates, (std::vector<DuplicateKey>{{"P · P · P", DuplicateKey::Side::before, {2, 3, 4, 5}}}));
+}
+
 TEST(KeyMatching, StopsAtEveryPoll) {
     const Keys many(5000, "x");
     const DataTable before = keyed(many);
     int polls = 0;
     KeyMatching::matchByKey(before, before, {{0}, {0}}, {}, NumberStyle::dotDecimal, [&] { return ++polls < 0; });
-    EXPECT_EQ(polls, 6);  // rows 0 and 4096 of Before's index, of After's and of the pairing
+    EXPECT_EQ(polls, 10);  // rows 0 and 4096 of each side's texts, of each side's index and of the pairing
     for (int stop = 1; stop <= polls; ++stop) {
         int seen = 0;
         EXPECT_THROW(KeyMatching::matchByKey(
