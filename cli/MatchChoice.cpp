@@ -37,6 +37,7 @@ DiffFilter listFilter(const ListChoice& list, const std::vector<ColumnPair>& col
     filter.search = list.search;
     if (list.column) {
         std::vector<std::string> names;
+        names.reserve(columns.size());
         for (const ColumnPair& column : columns) {
             names.push_back(column.name);
         }
