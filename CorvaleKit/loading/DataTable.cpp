@@ -59,7 +59,7 @@ DataTable::DataTable() : m_parts(std::make_shared<const Parts>()) {}
 
 DataTable::DataTable(Parts parts) : m_parts(std::make_shared<const Parts>(std::move(parts))) {
     CORVALE_REQUIRE(m_parts->rows.empty() || m_parts->rows.exactWidth() == m_parts->headers.size(),
-                    "the rows of a table are not as wide as its headers");
+                    "a table row is not as wide as its headers");
 }
 
 DataTable::DataTable(std::vector<std::string> headers, const std::vector<std::vector<std::string>>& rows,
