@@ -44,8 +44,8 @@ JsonWriter::Sink sinkTo(Output& output) {
 
 [[noreturn]] void run(const SheetsCommand& command, Output& output) {
     const std::string fileName = fileNameOf(command.path);
-    const Bytes bytes = readFile(command.path);
     DataLoader::refuseByName(fileName);
+    const Bytes bytes = readFile(command.path);
     std::vector<std::string> names;
     if (DataLoader::isWorkbook(bytes.view(), fileName)) {
         for (XLSX::Sheet& sheet : XLSX::sheets(bytes.view())) {

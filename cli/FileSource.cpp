@@ -38,6 +38,7 @@ FileSource::FileSource(const std::string& path)
 
 FileSource::~FileSource() { ::close(m_descriptor); }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): it moves the place in the file
 std::size_t FileSource::read(char* target, std::size_t room) {
     ssize_t count = 0;
     do {
@@ -70,6 +71,7 @@ FileSource::FileSource(const std::string& path)
 
 FileSource::~FileSource() = default;
 
+// NOLINTNEXTLINE(readability-make-member-function-const): it moves the place in the file
 std::size_t FileSource::read(char* target, std::size_t room) {
     m_file.read(target, static_cast<std::streamsize>(room));
     if (m_file.bad()) {

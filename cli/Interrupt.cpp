@@ -4,6 +4,10 @@
 #include <csignal>
 #include <cstdlib>
 
+#if __has_include(<sys/time.h>)
+#include <sys/time.h>
+#endif
+
 #include "cli/Progress.h"
 
 namespace corvale::Cli::Interrupt {
@@ -15,12 +19,28 @@ std::atomic<bool> isDeferred{false};
 std::atomic<bool> isSet{false};
 static_assert(std::atomic<bool>::is_always_lock_free);
 
-void handle(int) {
-    if (isDeferred && !isSet.exchange(true)) {
-        return;
-    }
+void endNow() {
     Progress::eraseFromSignalHandler();
     std::_Exit(exitStatus);
+}
+
+// The comparison stops at its next poll, as a rule within milliseconds. Over very wide tables polls are farther apart
+// than a user's patience; nothing needs to be put in order, so the process then ends without it.
+void endSoon() {
+#if __has_include(<sys/time.h>)
+    std::signal(SIGALRM, [](int) { endNow(); });
+    itimerval patience{};
+    patience.it_value.tv_usec = 80'000;
+    setitimer(ITIMER_REAL, &patience, nullptr);
+#endif
+}
+
+void handle(int) {
+    if (isDeferred && !isSet.exchange(true)) {
+        endSoon();
+        return;
+    }
+    endNow();
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
 #include "cli/Progress.h"
 
+#include <array>
 #include <chrono>
 #include <cstdio>
-#include <string>
 
 #if __has_include(<unistd.h>)
 #include <unistd.h>
@@ -63,15 +63,16 @@ void Progress::run() {
 }
 
 void Progress::draw() const {
-    std::string line = erasure;
-    line += m_phase;
-    line += "…";
+    // A fixed place, written at once: memory may be short just now, and pieces would flicker.
+    std::array<char, 64> line{};
     const int percent = m_percent;
     if (percent >= 0) {
-        line += " " + std::to_string(percent) + " %";
+        std::snprintf(line.data(), line.size(), "%s%s… %d %%", erasure, m_phase.load(), percent);
+    } else {
+        std::snprintf(line.data(), line.size(), "%s%s…", erasure, m_phase.load());
     }
     isShown = true;
-    std::fputs(line.c_str(), stderr);
+    std::fputs(line.data(), stderr);
 }
 
 void Progress::eraseFromSignalHandler() {

@@ -1,6 +1,8 @@
 #include "cli/RowBlocks.h"
 
 #include <algorithm>
+#include <string_view>
+#include <utility>
 
 #include "CorvaleKit/engine/KeyMatching.h"
 #include "CorvaleKit/text/Text.h"
@@ -72,8 +74,17 @@ std::string blankKey(const RowMatch& match) {
 
 RowBlocks::RowBlocks(const DiffResult& result, const TextStyle& style)
     : m_result(result), m_style(style), m_isKeyColumn(keyColumns(result)), m_blankKey(blankKey(result.match)) {
-    for (const ColumnPair& column : result.columns) {
+    m_beforeColumns.resize(result.before.headers().size());
+    m_afterColumns.resize(result.after.headers().size());
+    for (std::size_t i = 0; i < result.columns.size(); ++i) {
+        const ColumnPair& column = result.columns[i];
         m_names.push_back(DisplayText::printable(column.name));
+        if (column.left) {
+            m_beforeColumns[static_cast<std::size_t>(*column.left)] = i;
+        }
+        if (column.right) {
+            m_afterColumns[static_cast<std::size_t>(*column.right)] = i;
+        }
     }
     m_nameWidth = nameWidth(result, m_names, style);
 }
@@ -148,11 +159,19 @@ void RowBlocks::appendChanges(std::string& target, const DiffRow& row) const {
 
 void RowBlocks::appendContent(std::string& target, const DiffRow& row) const {
     const bool isAdded = row.status == DiffRow::Status::added;
+    const CellRow cells = isAdded ? m_result.after.rows()[static_cast<std::size_t>(*row.right)]
+                                  : m_result.before.rows()[static_cast<std::size_t>(*row.left)];
+    const std::vector<std::size_t>& resultColumns = isAdded ? m_afterColumns : m_beforeColumns;
+    std::vector<std::pair<std::size_t, std::string_view>> shown;
+    cells.forEachStored([&](std::size_t column, std::string_view cell) {
+        if (!cell.empty() && !m_isKeyColumn[resultColumns[column]]) {
+            shown.emplace_back(resultColumns[column], cell);
+        }
+    });
+    std::sort(shown.begin(), shown.end());
     ContentLines lines(target, m_style, markOf(row.status).ink);
-    for (std::size_t i = 0; i < m_names.size(); ++i) {
-        const ColumnPair& column = m_result.columns[i];
-        const std::string_view cell = isAdded ? m_result.cellAfter(row, column) : m_result.cellBefore(row, column);
-        if (!m_isKeyColumn[i] && !cell.empty() && !lines.add(m_names[i], DisplayText::printable(cell))) {
+    for (const auto& [column, cell] : shown) {
+        if (!lines.add(m_names[column], DisplayText::printable(cell))) {
             break;
         }
     }

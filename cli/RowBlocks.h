@@ -29,10 +29,12 @@ private:
 
     const DiffResult& m_result;
     const TextStyle& m_style;
-    std::vector<std::string> m_names;  // of the result's columns, printable
-    std::vector<bool> m_isKeyColumn;   // per result column
-    std::size_t m_nameWidth = 0;       // room for the names of columns with changes
-    std::string m_blankKey;            // the key of a row whose key cells are empty
+    std::vector<std::string> m_names;          // of the result's columns, printable
+    std::vector<bool> m_isKeyColumn;           // per result column
+    std::vector<std::size_t> m_beforeColumns;  // of a Before column the place in the result
+    std::vector<std::size_t> m_afterColumns;   // of an After column
+    std::size_t m_nameWidth = 0;               // room for the names of columns with changes
+    std::string m_blankKey;                    // the key of a row whose key cells are empty
 };
 
 }  // namespace corvale::Cli

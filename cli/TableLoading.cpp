@@ -4,7 +4,6 @@
 #include <charconv>
 #include <exception>
 #include <future>
-#include <limits>
 #include <utility>
 #include <vector>
 
@@ -21,11 +20,12 @@ bool isNumber(std::string_view choice) {
     return !choice.empty() && std::all_of(choice.begin(), choice.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
-// A number too large for any workbook stays one.
 std::int64_t numberOf(std::string_view digits) {
     std::int64_t number = 0;
-    const auto error = std::from_chars(digits.data(), digits.data() + digits.size(), number).ec;
-    return error == std::errc() ? number : std::numeric_limits<std::int64_t>::max();
+    if (std::from_chars(digits.data(), digits.data() + digits.size(), number).ec != std::errc()) {
+        throw SheetFailure("The workbook has no sheet " + std::string(digits) + ".");
+    }
+    return number;
 }
 
 std::vector<std::string> sheetNames(std::string_view workbook) {
@@ -57,8 +57,8 @@ std::int64_t sheetIndex(std::string_view workbook, const std::string& path, std:
 
 DataTable loadTable(const FileChoice& file) {
     const std::string name = fileNameOf(file.path);
-    Bytes bytes = readFile(file.path);
     DataLoader::refuseByName(name);
+    Bytes bytes = readFile(file.path);
     const bool choosesSheet = file.sheet && DataLoader::isWorkbook(bytes.view(), name);
     const std::int64_t sheet = choosesSheet ? sheetIndex(bytes.view(), file.path, *file.sheet) : 0;
     return DataLoader::load(std::move(bytes), name, sheet, file.headerRow);

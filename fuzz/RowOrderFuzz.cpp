@@ -43,8 +43,7 @@ Rows rowsOf(std::span<const std::uint8_t> bytes, std::size_t columns, std::size_
     for (; bytes.size() >= columns && once.size() < mostRows; bytes = bytes.subspan(columns)) {
         once.emplace_back();
         for (const std::uint8_t byte : bytes.first(columns)) {
-            const std::string number = byte < cellTexts.size() ? "" : std::to_string(byte);
-            once.back().push_back(cellTexts[byte % cellTexts.size()] + number);
+            once.back().push_back(byte < cellTexts.size() ? cellTexts[byte] : std::to_string(byte));
         }
     }
     Rows rows;
@@ -54,14 +53,20 @@ Rows rowsOf(std::span<const std::uint8_t> bytes, std::size_t columns, std::size_
     return rows;
 }
 
+// Most tables stay small, for the sake of the number that can be tried.
+std::size_t repeats(std::uint8_t byte) {
+    constexpr std::uint8_t firstRepeated = 240;
+    return byte < firstRepeated ? 1 : (byte - firstRepeated + std::size_t{1}) * 5;
+}
+
 // The number of columns, how often each side is repeated, then the cells of Before and of After.
 Input inputOf(std::span<const std::uint8_t> bytes) {
     Input input;
     input.columns = 1 + bytes[0] % 5;
     const auto cells = bytes.subspan(3);
     const auto end = static_cast<std::size_t>(std::find(cells.begin(), cells.end(), endOfBefore) - cells.begin());
-    input.before = rowsOf(cells.first(end), input.columns, bytes[1]);
-    input.after = rowsOf(cells.subspan(std::min(end + 1, cells.size())), input.columns, bytes[2]);
+    input.before = rowsOf(cells.first(end), input.columns, repeats(bytes[1]));
+    input.after = rowsOf(cells.subspan(std::min(end + 1, cells.size())), input.columns, repeats(bytes[2]));
     return input;
 }
 

@@ -17,10 +17,11 @@ std::optional<std::string_view> withoutPlus(std::string_view text) {
     return text.starts_with('-') ? std::nullopt : std::optional(text);
 }
 
+// Cut to a range that no text's length leaves, so that the two can be added.
 std::int64_t exponentOf(std::string_view text) {
     constexpr std::int64_t beyondAnyText = std::int64_t{1} << 62U;
-    const bool negative = text.starts_with('-');
-    return integer(text).value_or(negative ? -beyondAnyText : beyondAnyText);
+    const std::int64_t beyond = text.starts_with('-') ? -beyondAnyText : beyondAnyText;
+    return std::clamp(integer(text).value_or(beyond), -beyondAnyText, beyondAnyText);
 }
 
 // Whether a number that no double can hold is too small rather than too large: std::from_chars says only that it is one

@@ -13,6 +13,7 @@ ComparisonTexts::ComparisonTexts(DataTable table, std::vector<std::size_t> colum
                                  const std::function<void(std::size_t)>& onRow)
     : m_table(std::move(table)), m_columns(std::move(columns)), m_positions(m_table.headers().size(), absent) {
     for (std::size_t position = 0; position < m_columns.size(); ++position) {
+        m_hasRepeats = m_hasRepeats || m_positions[m_columns[position]] != absent;
         m_positions[m_columns[position]] = position;
     }
     const CellRows& rows = m_table.rows();
@@ -33,7 +34,7 @@ ComparisonTexts::ComparisonTexts(DataTable table, std::vector<std::size_t> colum
 }
 
 void ComparisonTexts::reduceRow(const CellRow& cells, const CellReduction& reduction) {
-    if (m_columns.size() <= 2 * cells.storedCells()) {
+    if (m_hasRepeats || m_columns.size() <= 2 * cells.storedCells()) {
         for (std::size_t position = 0; position < m_columns.size(); ++position) {
             const std::string_view cell = cells[m_columns[position]];
             if (reduction.mayChange(cell)) {

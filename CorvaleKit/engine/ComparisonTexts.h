@@ -46,6 +46,7 @@ private:
     DataTable m_table;
     std::vector<std::size_t> m_columns;
     std::vector<std::size_t> m_positions;
+    bool m_hasRepeats = false;  // a column stands at several positions, as when two names mean one key column
     std::string m_texts;
     std::vector<Rewritten> m_rewritten;      // by row, then position
     std::vector<std::uint64_t> m_rowStarts;  // into m_rewritten, one more than rows; empty without any
@@ -61,7 +62,7 @@ public:
     const CellRow& cells() const { return m_cells; }
 
     // True when the source has so few of the cells that forEachStored is the cheaper way to the texts.
-    bool isThin() const { return m_cells.storedCells() < size() / 4; }
+    bool isThin() const { return m_cells.storedCells() < size() / 4 && !m_texts->m_hasRepeats; }
     // Calls visit(position) for every position whose cell the source has, in the table's column order. The texts at all
     // other positions are empty.
     template <typename Visit>

@@ -123,8 +123,12 @@ private:
         if (!m_result.match.isKey()) {
             return RowOrderAlignment::align(before, after, m_callbacks.isCancelled);
         }
-        const KeyMatching::KeyColumns columns{KeyMatching::keyColumns(m_result.match.columns(), m_result.before),
-                                              KeyMatching::keyColumns(m_result.match.columns(), m_result.after)};
+        const auto& names = m_result.match.columns();
+        KeyMatching::KeyColumns columns{KeyMatching::keyColumns(names, m_result.before),
+                                        KeyMatching::keyColumns(names, m_result.after)};
+        if (columns.before.size() != names.size() || columns.after.size() != names.size()) {
+            columns = {};
+        }
         auto matches = KeyMatching::matchByKey(
             m_result.before, m_result.after, columns, m_result.options, m_result.numberStyle, m_callbacks.isCancelled);
         m_result.duplicates = std::move(matches.duplicates);

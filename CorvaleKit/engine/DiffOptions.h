@@ -63,7 +63,8 @@ public:
 
     bool isKey() const { return m_isKey; }
     // Empty for row order.
-    const std::vector<std::string>& columns() const { return m_columns; }
+    const std::vector<std::string>& columns() const& { return m_columns; }
+    const std::vector<std::string>& columns() const&& = delete;
 
     friend bool operator==(const RowMatch&, const RowMatch&) = default;
 

@@ -73,14 +73,14 @@ DiffRows::DiffRows() : m_storage(std::make_shared<const Storage>()) {}
 
 std::size_t DiffRows::size() const { return m_storage->pairs.size(); }
 
-DiffRow DiffRows::operator[](std::size_t row) const {
+DiffRow DiffRows::operator[](std::size_t row) const& {
     const RowPair pair = m_storage->pairs[row];
     return {status(row), index(pair.left), index(pair.right), m_storage->key(row), changes(row)};
 }
 
 DiffRow::Status DiffRows::status(std::size_t row) const { return m_storage->status(row); }
 
-std::span<const CellChange> DiffRows::changes(std::size_t row) const {
+std::span<const CellChange> DiffRows::changes(std::size_t row) const& {
     const auto& starts = m_storage->changeStarts;
     return std::span(m_storage->changes).subspan(starts[row], starts[row + 1] - starts[row]);
 }

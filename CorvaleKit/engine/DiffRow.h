@@ -95,11 +95,16 @@ public:
 
     std::size_t size() const;
     bool empty() const { return size() == 0; }
-    // `index` is below size().
-    DiffRow operator[](std::size_t index) const;
+    // `row` is below size().
+    DiffRow operator[](std::size_t row) const&;
     // Cheaper than the whole row where only this matters.
-    DiffRow::Status status(std::size_t index) const;
-    std::span<const CellChange> changes(std::size_t index) const;
+    DiffRow::Status status(std::size_t row) const;
+    std::span<const CellChange> changes(std::size_t row) const&;
+
+    // A view into a list that nobody keeps would dangle.
+    DiffRow operator[](std::size_t row) const&& = delete;
+    std::span<const CellChange> changes(std::size_t row) const&& = delete;
+
     Iterator begin() const;
     Iterator end() const;
 
@@ -107,6 +112,7 @@ public:
 
     template <typename H>
     friend H AbslHashValue(H state, const DiffRows& rows) {
+        // NOLINTNEXTLINE(modernize-loop-convert): the iterator is complete only further down
         for (std::size_t i = 0; i < rows.size(); ++i) {
             state = H::combine(std::move(state), rows[i]);
         }

@@ -32,7 +32,8 @@ constexpr bool enumTextsAreInOrder() {
 
 template <typename Enum>
 constexpr std::string_view rawValue(Enum value) {
-    return enumTexts<Enum>[static_cast<std::size_t>(value)].text;
+    const auto& texts = enumTexts<Enum>;
+    return texts[static_cast<std::size_t>(value)].text;
 }
 
 // None for a text that stands for no enumerator.

@@ -164,8 +164,8 @@ struct KeyIndexes {
 KeyIndexes indexKeys(const DataTable& before, const DataTable& after, const KeyColumns& columns,
                      const CellReduction& reduction, const CancelCheck& isCancelled) {
     const auto poll = [&](std::size_t) { stopIfCancelled(isCancelled); };
-    const ComparisonTexts beforeTexts(before, columns.before, reduction);
-    const ComparisonTexts afterTexts(after, columns.after, reduction);
+    const ComparisonTexts beforeTexts(before, columns.before, reduction, poll);
+    const ComparisonTexts afterTexts(after, columns.after, reduction, poll);
     RowInterner interner(beforeTexts, afterTexts);
     auto beforeIds = interner.internBefore(poll);
     auto afterIds = interner.internAfter(poll);

@@ -100,13 +100,19 @@ struct StyleVotes {
         commas += vote == NumberStyle::commaDecimal ? 1 : 0;
     }
 
+    // Goes through the cells that the source has: a wide table of few cells is a common one.
     void add(const StyleSample& sample, std::size_t rowLimit) {
+        std::vector<bool> isCompared(sample.table.headers().size(), false);
+        for (const std::size_t column : sample.columns) {
+            isCompared[column] = true;
+        }
         const std::size_t rowCount = std::min(sample.table.rows().size(), rowLimit);
         for (std::size_t row = 0; row < rowCount; ++row) {
-            const CellRow cells = sample.table.rows()[row];
-            for (const std::size_t column : sample.columns) {
-                add(cells[column]);
-            }
+            sample.table.rows()[row].forEachStored([&](std::size_t column, std::string_view cell) {
+                if (isCompared[column]) {
+                    add(cell);
+                }
+            });
         }
     }
 };

@@ -63,7 +63,7 @@ inline bool blockIsUnclean(const char* block) { return blockIsUncleanPlain(block
 // page.
 inline bool shortTextIsUnclean(std::string_view text) {
 #if defined(__SSE2__)
-    const auto load = [&text]<typename Word>(std::size_t position, Word word) {
+    const auto load = [&text](std::size_t position, auto word) {
         std::memcpy(&word, text.data() + position, sizeof word);
         return std::uint64_t{word};
     };

@@ -44,7 +44,6 @@ public:
         return packedLong(offset, length);
     }
 
-    std::size_t cellCount() const { return m_grid.m_cells.size(); }
     // Cells of the row that is not ended yet.
     std::size_t pendingCells() const {
         return m_grid.m_cells.size() - (m_grid.m_rowStarts.back() & ~CellGrid::sparseFlag);

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,10 @@ public:
 
     std::size_t size() const { return m_count; }
     bool empty() const { return m_count == 0; }
+    // The width that selected() gave every row; none where rows are as wide as they are.
+    std::optional<std::size_t> exactWidth() const {
+        return m_widths == Widths::exact ? std::optional(m_width) : std::nullopt;
+    }
     // `index` is below size().
     CellRow operator[](std::size_t index) const;
     Iterator begin() const;

@@ -18,7 +18,7 @@ std::string extensionOf(std::string_view fileName) {
 }
 
 std::string messageFor(Failure::Kind kind, std::string_view fileName) {
-    const std::string quoted = "“" + std::string(fileName) + "”";
+    std::string quoted = "“" + std::string(fileName) + "”";
     switch (kind) {
         case Failure::Kind::numbersFile:
             return quoted +

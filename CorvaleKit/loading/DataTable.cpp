@@ -15,6 +15,9 @@ namespace corvale {
 
 namespace {
 
+// Far above any file's, and far enough below the largest integer to count on from.
+constexpr std::int64_t lastRowNumber = std::int64_t{1} << 53U;
+
 CellRows normalizedRows(const std::vector<std::vector<std::string>>& rows, std::size_t width) {
     std::vector<std::uint32_t> all(rows.size());
     std::iota(all.begin(), all.end(), 0U);
@@ -55,10 +58,8 @@ std::vector<std::int64_t> integersIn(const nlohmann::json& form) {
 DataTable::DataTable() : m_parts(std::make_shared<const Parts>()) {}
 
 DataTable::DataTable(Parts parts) : m_parts(std::make_shared<const Parts>(std::move(parts))) {
-    for (const CellRow row : m_parts->rows) {
-        CORVALE_REQUIRE(row.size() == m_parts->headers.size(), "a table row is not as wide as its headers");
-        break;
-    }
+    CORVALE_REQUIRE(m_parts->rows.empty() || m_parts->rows.exactWidth() == m_parts->headers.size(),
+                    "a table row is not as wide as its headers");
 }
 
 DataTable::DataTable(std::vector<std::string> headers, const std::vector<std::vector<std::string>>& rows,
@@ -112,6 +113,9 @@ std::string DataTable::encoded() const {
 DataTable DataTable::decoded(std::string_view json) {
     try {
         const auto form = nlohmann::json::parse(json);
+        if (form.at("headerRowNumber").get<std::int64_t>() > lastRowNumber) {
+            throw DecodingError("The header row number is beyond the end of any file.");
+        }
         return DataTable(form.at("headers").get<std::vector<std::string>>(),
                          form.at("rows").get<std::vector<std::vector<std::string>>>(),
                          form.at("sourceName").get<std::string>(),

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "CorvaleKit/loading/CellRows.h"
@@ -14,7 +15,8 @@ namespace corvale {
 // copying costs nothing, and a text stays valid while any copy of the table lives. Equality is by value.
 class DataTable {
 public:
-    // What a table is made of. `rows` are exactly as wide as `headers`; `rowNumbers` has one entry a row.
+    // What a table is made of. `rows` are selected() exactly as wide as `headers`; `rowNumbers` has one entry a row, or
+    // fewer where the last rows have no number of their own.
     struct Parts {
         std::vector<std::string> headers;
         CellRows rows;
@@ -61,6 +63,17 @@ public:
 
     friend bool operator==(const DataTable& a, const DataTable& b) {
         return a.m_parts == b.m_parts || *a.m_parts == *b.m_parts;
+    }
+
+    template <typename H>
+    friend H AbslHashValue(H state, const DataTable& table) {
+        for (const CellRow row : table.rows()) {
+            for (const std::string_view cell : row) {
+                state = H::combine(std::move(state), cell);
+            }
+        }
+        return H::combine(
+            std::move(state), table.headers(), table.sourceName(), table.rowNumbers(), table.headerRowNumber());
     }
 
 private:

@@ -91,6 +91,9 @@ TEST(FileReading, RefusesASocket) {
     ::close(descriptor);
 }
 
+// The system's own words, in the user's language.
+std::string reason(int error) { return std::generic_category().message(error); }
+
 TEST(FileReadingDeathTest, TellsWhyAFileCannotBeRead) {
     const ScratchFolder folder;
     const std::string path = folder.write("secret.csv", "x");
@@ -98,7 +101,7 @@ TEST(FileReadingDeathTest, TellsWhyAFileCannotBeRead) {
     const auto isRefused = [&] {
         // Root may read everything, so it becomes nobody.
         const bool isSomebody = ::geteuid() != 0 || ::setuid(65534) == 0;
-        return isSomebody && failureOf(path) == "“" + path + "” can’t be read: Permission denied.";
+        return isSomebody && failureOf(path) == "“" + path + "” can’t be read: " + reason(EACCES) + ".";
     };
     EXPECT_EXIT(std::_Exit(isRefused() ? 0 : 1), testing::ExitedWithCode(0), "");
 }
@@ -107,7 +110,7 @@ TEST(FileReading, AnErrorWhileReadingIsTold) {
     if (!std::filesystem::exists("/proc/self/mem")) {
         GTEST_SKIP() << "this system has no file that opens and cannot be read";
     }
-    EXPECT_EQ(failureOf("/proc/self/mem"), "“/proc/self/mem” can’t be read: Input/output error.");
+    EXPECT_EQ(failureOf("/proc/self/mem"), "“/proc/self/mem” can’t be read: " + reason(EIO) + ".");
 }
 
 TEST(FileReading, PiecesAreJoined) {

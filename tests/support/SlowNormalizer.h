@@ -249,4 +249,21 @@ inline std::optional<double> parseNumber(std::string_view cell, NumberStyle styl
     return signs.isPercent ? withSign / 100 : withSign;
 }
 
+inline std::optional<NumberStyle> cellStyleVote(std::string_view cell) {
+    Characters text = charactersOf(cell);
+    trim(text);
+    const auto isSeparator = [](const std::string& character) { return character == "." || character == ","; };
+    if (text.size() > 40 || std::none_of(text.begin(), text.end(), isDigit) ||
+        !(parseNumber(cell, NumberStyle::dotDecimal) || parseNumber(cell, NumberStyle::commaDecimal)) ||
+        std::none_of(text.begin(), text.end(), isSeparator)) {
+        return std::nullopt;
+    }
+    const auto asDot = decimalSeparator(text, NumberStyle::dotDecimal);
+    const auto asComma = decimalSeparator(text, NumberStyle::commaDecimal);
+    if (!asDot || !asComma || *asDot != *asComma) {
+        return std::nullopt;
+    }
+    return *asDot == "," ? NumberStyle::commaDecimal : NumberStyle::dotDecimal;
+}
+
 }  // namespace corvale::SlowNormalizer

@@ -25,7 +25,8 @@ inline std::uint32_t crc32(std::string_view bytes) {
 inline std::string number(std::uint64_t value, unsigned bytes) {
     std::string text;
     for (unsigned i = 0; i < bytes; ++i) {
-        text += static_cast<char>(value >> 8U * i & 0xFFU);
+        text += static_cast<char>(value & 0xFFU);
+        value >>= 8U;
     }
     return text;
 }

@@ -5,8 +5,6 @@
 
 namespace corvale::TestFiles {
 
-std::filesystem::path data(std::string_view name) { return std::filesystem::path(CORVALE_TEST_DATA) / name; }
-
 std::optional<std::filesystem::path> samples() {
     const std::filesystem::path folder(CORVALE_SAMPLES);
     return folder.empty() ? std::nullopt : std::optional(folder);

@@ -8,9 +8,6 @@
 // Where the tests find files, and how they read them.
 namespace corvale::TestFiles {
 
-// A file or folder of tests/data, by its path inside that folder. It need not exist.
-std::filesystem::path data(std::string_view name);
-
 // The folder that the CMake option CORVALE_SAMPLES names; none when the build was configured without it. Tests that
 // read samples then say GTEST_SKIP().
 std::optional<std::filesystem::path> samples();

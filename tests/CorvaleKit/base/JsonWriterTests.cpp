@@ -208,6 +208,46 @@ TEST(JsonWriter, ATextLargerThanTheBufferArrivesWhole) {
     EXPECT_EQ(nlohmann::json::parse(writtenText(value)).get<std::string>(), value);
 }
 
+TEST(JsonWriter, EmptyTextsAreWhatSingleOnesWouldBe) {
+    for (const std::size_t count : {0U, 1U, 2U, 1000U, 100'000U}) {
+        nlohmann::json expected = std::vector<std::string>(count, "");
+        expected.insert(expected.begin(), "first");
+        expected.push_back("last");
+        const std::string document = written([&](JsonWriter& json) {
+            json.beginArray();
+            json.text("first");
+            json.emptyTexts(count);
+            json.text("last");
+            json.endArray();
+        });
+        EXPECT_EQ(document, expected.dump()) << count;
+    }
+    EXPECT_EQ(written([](JsonWriter& json) {
+                  json.beginArray();
+                  json.emptyTexts(2);
+                  json.endArray();
+              }),
+              R"(["",""])");
+}
+
+TEST(JsonWriter, ALineBreakStandsBehindTheComma) {
+    EXPECT_EQ(written([](JsonWriter& json) {
+                  json.beginObject();
+                  json.key("a");
+                  json.beginArray();
+                  json.lineBreak();
+                  json.integer(1);
+                  json.lineBreak();
+                  json.integer(2);
+                  json.endArray();
+                  json.lineBreak();
+                  json.key("b");
+                  json.null();
+                  json.endObject();
+              }),
+              "{\"a\":[\n1,\n2],\n\"b\":null}");
+}
+
 TEST(JsonWriter, FlushingNothingHandsOverNothing) {
     int pieces = 0;
     JsonWriter json([&pieces](std::string_view) { ++pieces; });

@@ -102,6 +102,18 @@ TEST(ComparisonTexts, UnchangedCellsAreNotCopied) {
     EXPECT_EQ(texts.row(0)[1], "un clean");
 }
 
+TEST(ComparisonTexts, AReducedTextIsKeptAndNotMadeAgain) {
+    const ComparisonTexts texts(table("A\n un  clean \n"), {0}, whitespace);
+    const std::string_view first = texts.row(0)[0];
+    EXPECT_EQ(first, "un clean");
+    EXPECT_EQ(static_cast<const void*>(texts.row(0)[0].data()), static_cast<const void*>(first.data()));
+}
+
+TEST(ComparisonTexts, KeepTheirTable) {
+    const auto texts = [] { return ComparisonTexts(table("A,B\nclean,un  clean\n"), {0, 1}, whitespace); }();
+    EXPECT_EQ(row(texts, 0), (Texts{"clean", "un clean"}));
+}
+
 TEST(CellReduction, KeysAlwaysLoseTheirSpaces) {
     DiffOptions options;
     options.ignoreWhitespace = false;

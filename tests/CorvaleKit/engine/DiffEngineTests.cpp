@@ -162,6 +162,62 @@ TEST(DiffEngine, ARowOrderKeyIsTheRowNumberOfAfterElseOfBefore) {
               (Lines{"same 15", "removed 9", "same 16", "added 17"}));
 }
 
+TEST(DiffEngine, ARowOrderKeyOfARowWithoutANumberCountsFromTheSecondRow) {
+    DataTable::Parts parts;
+    parts.headers = {"A"};
+    parts.rows = CellRows(CellGrid::fromTexts({{"x"}, {"y"}, {"z"}})).selected({0, 1, 2}, 1);
+    parts.rowNumbers = {40};
+    const DataTable partlyNumbered(std::move(parts));
+    EXPECT_EQ(lines(compare(partlyNumbered, partlyNumbered, {}, RowMatch::rowOrder())),
+              (Lines{"same 40", "same 3", "same 4"}));
+}
+
+TEST(DiffEngine, RowOrderPairsRowsByTheTextsThatTheOptionsLeave) {
+    EXPECT_EQ(lines(compare("A,B\nx,1\ny,2\n",
+                            "A,B\nnew,9\nX,1.0\nY,2.0\n",
+                            {.ignoreCase = true, .ignoreNumberFormat = true},
+                            RowMatch::rowOrder())),
+              (Lines{"added 2", "same 3", "same 4"}));
+}
+
+TEST(DiffEngine, RowOrderComparesKeyLikeColumnsToo) {
+    EXPECT_EQ(lines(compare("ID,A,B\n1,x,y\n", "ID,A,B\n2,x,y\n", {}, RowMatch::rowOrder())),
+              Lines{"changed 2 ID:value:1>2"});
+}
+
+TEST(DiffEngine, AKeyColumnIsNeverCompared) {
+    DiffOptions ignoring;
+    ignoring.ignoreCase = true;
+    EXPECT_EQ(lines(compare("ID,A\nx1,x\n", " id ,A\nX1,x\n", ignoring)), Lines{"same X1"});
+}
+
+TEST(DiffEngine, ColumnsPairedByPositionAreComparedUnderBothNames) {
+    EXPECT_EQ(lines(compare("ID,Qty,Old\n1,2,3\n", "ID,Quantity\n1,5\n", with(&DiffOptions::ignoreColumnOrder, false))),
+              Lines{"changed 1 Qty:value:2>5"});
+    EXPECT_EQ(lines(compare("ID,A,B\n1,x,y\n", "ID,B,A\n1,y,x\n", with(&DiffOptions::ignoreColumnOrder, false))),
+              (Lines{"changed 1 A:value:x>y B:value:y>x"}));
+    EXPECT_EQ(lines(compare("ID,A,B\n1,x,y\n", "ID,B,A\n1,y,x\n")), Lines{"same 1"});
+}
+
+TEST(DiffEngine, ChangesStandInResultColumnOrder) {
+    EXPECT_EQ(lines(compare("ID,A,B,C\n1,a,b,c\n", "C,B,A,ID\nx,y,z,1\n")),
+              Lines{"changed 1 A:value:a>z B:value:b>y C:value:c>x"});
+}
+
+TEST(DiffEngine, TheResultHoldsWhatItWasAskedWith) {
+    const DataTable before = table("ID,A\n1,x\n");
+    const DataTable after = table("ID,A\n1,y\n");
+    DiffOptions options;
+    options.ignoredColumns = {"B"};
+    const auto result = compare(before, after, options);
+    EXPECT_EQ(result.before, before);
+    EXPECT_EQ(result.after, after);
+    EXPECT_EQ(result.options, options);
+    EXPECT_EQ(result.match, byId);
+    EXPECT_GE(result.duration, 0);
+    EXPECT_LT(result.duration, 60);
+}
+
 TEST(DiffEngine, RowOrderHasNeitherDuplicatesNorBlankKeys) {
     const auto result = compare("ID,A\n1,x\n1,x\n,\n", "ID,A\n1,x\n", {}, RowMatch::rowOrder());
     EXPECT_TRUE(result.duplicates.empty());
@@ -174,12 +230,19 @@ TEST(DiffEngine, DuplicatesAndBlankKeysComeWithTheResult) {
     EXPECT_EQ(result.blankKeys, (BlankKeys{{4}, {}}));
 }
 
+TEST(DiffEngine, AKeyThatATableLacksMatchesNothing) {
+    for (const Lines& names : {Lines{"Old"}, Lines{"ID", "Old"}, Lines{"New"}, Lines{"None"}}) {
+        const auto result = compare("ID,Old\n1,x\n", "ID,New\n1,x\n", {}, RowMatch::key(names));
+        EXPECT_EQ(result.summary.removed, 1);
+        EXPECT_EQ(result.summary.added, 1);
+    }
+}
+
 TEST(DiffEngine, CopiesOfAResultShareItsRowsAndEqualIt) {
     const auto result = compare("ID,A\n1,x\n", "ID,A\n1,y\n");
     DiffResult copy = result;
     EXPECT_EQ(copy, result);
-    EXPECT_EQ(absl::HashOf(copy.rows, copy.summary, copy.columns),
-              absl::HashOf(result.rows, result.summary, result.columns));
+    EXPECT_EQ(absl::HashOf(copy), absl::HashOf(result));
     EXPECT_EQ(static_cast<const void*>(copy.rows.changes(0).data()),
               static_cast<const void*>(result.rows.changes(0).data()));
     EXPECT_NE(compare("ID,A\n1,x\n", "ID,A\n1,z\n"), result);

@@ -153,12 +153,27 @@ TEST(KeyMatching, TheDisplayKeyJoinsTrimmedCells) {
     EXPECT_EQ(KeyMatching::displayKey(named.rows()[0], {1}), "y y");
 }
 
+// A ragged row and a full one take different ways through the cells.
+TEST(KeyMatching, AKeyColumnMayBeNamedTwice) {
+    DiffOptions ignoring;
+    ignoring.ignoreCase = true;
+    const DataTable ragged = table("ID,B,C\nAb\n");
+    const DataTable full = table("ID,B,C\nab,,\n");
+    for (const std::vector<std::size_t>& columns :
+         {std::vector<std::size_t>{0, 0, 1}, {0, 0, 0, 0, 0, 0, 0}, {1, 0, 0}}) {
+        EXPECT_EQ(match(ragged, full, ignoring, {columns, columns}).pairs, (std::vector<RowPair>{{0, 0}}));
+    }
+    const std::vector<std::size_t> thrice{0, 0, 0};
+    const auto matches = match(keyed({"P", "p", "p", "P"}), keyed({"q"}), ignoring, {thrice, thrice});
+    EXPECT_EQ(matches.duplicates, (std::vector<DuplicateKey>{{"P · P · P", DuplicateKey::Side::before, {2, 3, 4, 5}}}));
+}
+
 TEST(KeyMatching, StopsAtEveryPoll) {
     const Keys many(5000, "x");
     const DataTable before = keyed(many);
     int polls = 0;
     KeyMatching::matchByKey(before, before, {{0}, {0}}, {}, NumberStyle::dotDecimal, [&] { return ++polls < 0; });
-    EXPECT_EQ(polls, 6);  // rows 0 and 4096 of Before's index, of After's and of the pairing
+    EXPECT_EQ(polls, 10);  // rows 0 and 4096 of each side's texts, of each side's index and of the pairing
     for (int stop = 1; stop <= polls; ++stop) {
         int seen = 0;
         EXPECT_THROW(KeyMatching::matchByKey(
@@ -204,6 +219,23 @@ std::vector<RowPair> sortedPairs(const Keys& before, const Keys& after) {
         result.push_back(placed.pair);
     }
     return result;
+}
+
+TEST(KeyMatching, OrdersManyPairsAsSortingByPlaceDoes) {
+    std::mt19937 random(8);
+    const auto keys = [&](unsigned distinct) {
+        Keys made(3000 + random() % 3000);
+        for (auto& key : made) {
+            const auto number = random() % distinct;
+            key = number == 0 ? "" : "k" + std::to_string(number);
+        }
+        return made;
+    };
+    for (const unsigned distinct : {1U, 40U, 5000U, 1'000'000U}) {
+        const Keys before = keys(distinct);
+        const Keys after = keys(distinct);
+        EXPECT_TRUE(pairs(before, after) == sortedPairs(before, after)) << distinct << " keys";
+    }
 }
 
 TEST(KeyMatching, OrdersPairsAsSortingByPlaceDoes) {

@@ -12,6 +12,7 @@
 
 #include "CorvaleKit/engine/Normalizer.h"
 #include "tests/support/AllTexts.h"
+#include "tests/support/Grids.h"
 #include "tests/support/SlowNormalizer.h"
 
 namespace corvale::Normalizer {
@@ -201,27 +202,11 @@ TEST(CellStyleVote, IsCastByNumbersThatOnlyOneStyleAllows) {
     }
 }
 
-std::optional<NumberStyle> slowVote(const std::string& cell) {
-    SlowNormalizer::Characters text = SlowNormalizer::charactersOf(cell);
-    SlowNormalizer::trim(text);
-    const auto isSeparator = [](const std::string& character) { return character == "." || character == ","; };
-    if (text.size() > 40 || std::none_of(text.begin(), text.end(), SlowNormalizer::isDigit) ||
-        !(SlowNormalizer::parseNumber(cell, dot) || SlowNormalizer::parseNumber(cell, comma)) ||
-        std::none_of(text.begin(), text.end(), isSeparator)) {
-        return std::nullopt;
-    }
-    const auto asDot = SlowNormalizer::decimalSeparator(text, dot);
-    const auto asComma = SlowNormalizer::decimalSeparator(text, comma);
-    if (!asDot || !asComma || *asDot != *asComma) {
-        return std::nullopt;
-    }
-    return *asDot == "," ? comma : dot;
-}
-
 TEST(CellStyleVote, AgreesWithTheRulesOnAllShortTexts) {
     const AllTexts::Alphabet alphabet = {"1", "0", ",", ".", "250", "-", "(", ")", " ", "€", "é"};
-    AllTexts::forEach(
-        alphabet, 3, [](const std::string& text) { ASSERT_EQ(cellStyleVote(text), slowVote(text)) << text; });
+    AllTexts::forEach(alphabet, 3, [](const std::string& text) {
+        ASSERT_EQ(cellStyleVote(text), SlowNormalizer::cellStyleVote(text)) << text;
+    });
 }
 
 DataTable column(const std::vector<std::string>& cells) {
@@ -274,6 +259,18 @@ TEST(DetectStyle, ReadsOnlyTheColumnsThatCount) {
     EXPECT_EQ(detectStyle({table, outer}, {table, none}, 3000, dot), comma);
     EXPECT_EQ(detectStyle({table, none}, {table, none}, 3000, comma), comma);
     EXPECT_EQ(detectStyle({table, middle}, {table, outer}, 3000, dot), comma);
+}
+
+TEST(DetectStyle, ReadsScatteredCells) {
+    constexpr std::size_t width = 1'000;
+    DataTable::Parts parts;
+    parts.headers.assign(width, "c");
+    parts.rows = CellRows(Grids::scattered({{{3, "1,5"}, {900, "2.5"}}, {{3, "3,5"}}})).selected({0, 1}, width);
+    const DataTable table(parts);
+    const std::vector<std::size_t> first = {3};
+    const std::vector<std::size_t> second = {900};
+    EXPECT_EQ(detectStyle({table, first}, {table, second}, 3000, dot), comma);
+    EXPECT_EQ(detectStyle({table, second}, {table, second}, 3000, comma), dot);
 }
 
 TEST(DetectStyle, PassesOverCellsOfMoreThanFortyBytes) {

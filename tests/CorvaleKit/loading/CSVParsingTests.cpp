@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "CorvaleKit/loading/CSV.h"
+#include "tests/support/AllTexts.h"
 #include "tests/support/Grids.h"
 #include "tests/support/SlowCSV.h"
 
@@ -18,16 +19,7 @@ using Grids::Rows;
 
 Rows parsed(std::string_view text, char delimiter = ',') { return Grids::texts(CSV::parse(Bytes(text), delimiter)); }
 
-// Visits every text over the alphabet of at most `longest` bytes.
-template <typename Visit>
-void forEveryText(std::string_view alphabet, std::size_t longest, const std::string& start, Visit visit) {
-    visit(start);
-    if (longest > 0) {
-        for (const char c : alphabet) {
-            forEveryText(alphabet, longest - 1, start + c, visit);
-        }
-    }
-}
+const AllTexts::Alphabet letters = {"a", ",", "\"", "\r", "\n"};
 
 TEST(CSVParsing, ReadsCellsRowsAndQuotes) {
     struct Case {
@@ -95,12 +87,13 @@ TEST(CSVParsing, SplitsAtTheDelimiterGiven) {
 }
 
 TEST(CSVParsing, AgreesWithTheSlowTwinOnAllShortTexts) {
-    forEveryText("a,\"\r\n", 7, "", [](const std::string& text) {
+    AllTexts::forEach(letters, 7, [](const std::string& text) {
         ASSERT_EQ(parsed(text, ','), SlowCSV::parse(text, ',')) << testing::PrintToString(text);
     });
     for (const char delimiter : {';', '\t'}) {
-        const std::string alphabet = {'a', delimiter, ',', '"', '\r', '\n'};
-        forEveryText(alphabet, 5, "", [delimiter](const std::string& text) {
+        AllTexts::Alphabet alphabet = letters;
+        alphabet.emplace_back(&delimiter, 1);
+        AllTexts::forEach(alphabet, 5, [delimiter](const std::string& text) {
             ASSERT_EQ(parsed(text, delimiter), SlowCSV::parse(text, delimiter)) << testing::PrintToString(text);
         });
     }
@@ -108,8 +101,8 @@ TEST(CSVParsing, AgreesWithTheSlowTwinOnAllShortTexts) {
 
 TEST(CSVParsing, AgreesWithTheSlowTwinAcrossTheEdgesOfBlocks) {
     for (std::size_t before = 58; before <= 65; ++before) {
-        for (const std::string& start : {std::string(before, 'x'), '"' + std::string(before - 1, 'x')}) {
-            forEveryText("a,\"\r\n", 4, start, [](const std::string& text) {
+        for (std::string start : {std::string(before, 'x'), '"' + std::string(before - 1, 'x')}) {
+            AllTexts::forEachFrom(start, letters, 4, [](const std::string& text) {
                 ASSERT_EQ(parsed(text), SlowCSV::parse(text, ',')) << testing::PrintToString(text);
             });
         }

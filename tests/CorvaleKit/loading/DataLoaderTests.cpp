@@ -10,7 +10,7 @@
 #include "CorvaleKit/loading/XLSX.h"
 #include "CorvaleKit/loading/ZipReader.h"
 #include "tests/support/Grids.h"
-#include "tests/support/StoredZip.h"
+#include "tests/support/Workbooks.h"
 
 namespace corvale {
 namespace {
@@ -19,12 +19,30 @@ using namespace std::string_view_literals;
 using DataLoader::Failure;
 using Grids::Rows;
 using Grids::texts;
-using StoredZip::row;
 using Names = std::vector<std::string>;
 
 DataTable loaded(std::string_view bytes, std::string_view name, std::int64_t sheet = 0,
                  std::optional<std::int64_t> headerRow = std::nullopt) {
     return DataLoader::load(Bytes(bytes), name, sheet, headerRow);
+}
+
+std::string row(const Names& cells) {
+    std::string xml = "<row>";
+    for (const auto& cell : cells) {
+        xml += "<c t=\"str\"><v>" + cell + "</v></c>";
+    }
+    return xml + "</row>";
+}
+
+// A workbook of sheets, each given by its rows.
+std::string workbook(const std::vector<std::string>& sheets) {
+    Workbooks::Parts parts = {{"xl/workbook.xml", "<workbook><sheets>"}};
+    for (std::size_t i = 1; i <= sheets.size(); ++i) {
+        parts["xl/workbook.xml"] += "<sheet/>";
+        parts["xl/worksheets/sheet" + std::to_string(i) + ".xml"] = Workbooks::worksheet(sheets[i - 1]);
+    }
+    parts["xl/workbook.xml"] += "</sheets></workbook>";
+    return Workbooks::package(parts);
 }
 
 // The message with which loading fails; empty when it does not.
@@ -37,8 +55,8 @@ std::string failure(std::string_view bytes, std::string_view name, std::int64_t 
     return {};
 }
 
-const std::string twoSheets = StoredZip::workbook(
-    {row({"id", "name"}) + row({"1", "Ann"}), row({"note"}) + row({"code", "price"}) + row({"7", "2.5"})});
+const std::string twoSheets =
+    workbook({row({"id", "name"}) + row({"1", "Ann"}), row({"note"}) + row({"code", "price"}) + row({"7", "2.5"})});
 
 TEST(DataLoader, FailuresQuoteTheFileName) {
     struct Case {
@@ -224,7 +242,7 @@ TEST(DataLoader, TheSheetIndexIsIgnoredForTextFiles) {
 
 TEST(DataLoader, ASheetWithoutCellsIsEmpty) {
     for (const std::string_view cells : {"", "<row/><row/>", "<row><c t=\"str\"><v> </v></c></row>"}) {
-        EXPECT_EQ(failure(StoredZip::workbook({std::string(cells)}), "book.xlsx"), "That sheet is empty.");
+        EXPECT_EQ(failure(workbook({std::string(cells)}), "book.xlsx"), "That sheet is empty.");
     }
 }
 
@@ -232,14 +250,15 @@ TEST(DataLoader, FailuresOfWorkbooksPassUnchanged) {
     EXPECT_THROW(loaded("a,b\n", "a.xlsx"), XLSX::Failure);
     EXPECT_EQ(failure("a,b\n", "a.xlsx"),
               "It isn’t an Excel workbook (.xlsx). Older .xls files need saving as .xlsx or CSV first.");
-    EXPECT_EQ(failure(StoredZip::archive({{"other.xml", "<a/>"}}), "a.csv"), "It isn’t an Excel workbook (.xlsx).");
+    EXPECT_EQ(failure(Workbooks::package({{"other.xml", "<a/>"}}), "a.csv"), "It isn’t an Excel workbook (.xlsx).");
     EXPECT_EQ(failure(twoSheets, "book.xlsx", 2), "The workbook has no sheet 3.");
     EXPECT_EQ(failure(twoSheets, "book.xlsx", -1), "The workbook has no sheet 0.");
 
-    std::string damaged = twoSheets;
-    damaged[damaged.find("Ann")] = 'X';
+    ZipBuilder::Member lying = {"xl/workbook.xml", "<workbook/>"};
+    lying.crc32 = 1;
+    const std::string damaged = ZipBuilder::archive({lying});
     EXPECT_THROW(loaded(damaged, "book.xlsx"), ZipReader::Failure);
-    EXPECT_EQ(failure(damaged, "book.xlsx"), "“xl/worksheets/sheet1.xml” didn’t check out (the file may be damaged).");
+    EXPECT_EQ(failure(damaged, "book.xlsx"), "“xl/workbook.xml” didn’t check out (the file may be damaged).");
 }
 
 TEST(DataLoader, AFailureKnowsItsKindAndFile) {

@@ -33,6 +33,13 @@ static_assert(!yieldsViews<DataTable> && !yieldsViews<const DataTable>,
 
 DataTable sample() { return DataTable({"id", "name"}, {{"1", "Ann"}, {"2", "Zoë"}}, "people.csv", {3, 5}, 2); }
 
+TEST(DataTable, AStoredHeaderRowBeyondAnyFileIsRefused) {
+    const std::string form = R"({"headers":["a"],"rows":[["x"]],"sourceName":"","rowNumbers":[],"headerRowNumber":)";
+    EXPECT_THROW(DataTable::decoded(form + "9223372036854775807}"), DecodingError);
+    const DataTable table = DataTable::decoded(form + "7}");
+    EXPECT_EQ(table.rowNumbers(), (std::vector<std::int64_t>{8}));
+}
+
 TEST(DataTable, IsEmptyByDefault) {
     const DataTable table;
     EXPECT_TRUE(table.headers().empty());

@@ -67,7 +67,8 @@ std::string patched(std::string bytes, std::ptrdiff_t place, std::string_view wi
 }
 
 TEST(ZipReader, ListsMembersInDirectoryOrder) {
-    const std::string bytes = archive({{"b.txt", "123456789", 0}, {"a.txt", std::string(1000, 'a')}, {"folder/", "", 0}});
+    const std::string bytes =
+        archive({{"b.txt", "123456789", 0}, {"a.txt", std::string(1000, 'a')}, {"folder/", "", 0}});
     const auto entries = ZipReader::entries(bytes);
     ASSERT_EQ(entries.size(), 3U);
     // The polynomial's published check value.

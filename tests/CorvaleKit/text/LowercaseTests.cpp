@@ -92,6 +92,21 @@ TEST(Lowercase, ALongTextWithOneLetterBeyondAsciiIsLoweredThroughout) {
     }
 }
 
+TEST(Lowercase, ScalarsThatChangeTheirLengthMayComeAnywhere) {
+    const std::vector<std::string> parts = {"A", "z", "É", "é", "İ", "ẞ", "\u212A", "Ⱥ", "\U00010400", "中", "😀"};
+    std::mt19937 random(12);
+    for (int i = 0; i < 20'000; ++i) {
+        std::string text;
+        std::string lower;
+        for (auto left = random() % 8; left > 0; --left) {
+            const std::string& part = parts[random() % parts.size()];
+            text += part;
+            lower += lowercased(part);
+        }
+        ASSERT_EQ(lowercased(text), lower) << text;
+    }
+}
+
 TEST(Lowercase, TheQuickLookAllowsOnlyTextsThatStayAsTheyAre) {
     EXPECT_FALSE(lowercasingMayChange(""));
     EXPECT_FALSE(lowercasingMayChange("abc 123 @[`{"));

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "CorvaleKit/text/Utf8.h"
+#include "tests/support/AllTexts.h"
 #include "tests/support/SlowUtf8.h"
 
 namespace corvale::Utf8 {
@@ -51,24 +52,12 @@ void expectAgreementWithTheSlowTwin(std::string_view text) {
     EXPECT_EQ(repaired(text), SlowUtf8::encoded(expected)) << hex(text);
 }
 
-// Every text of `length` bytes over the alphabet.
-template <typename Visit>
-void forEveryText(std::string_view alphabet, std::size_t length, Visit visit) {
-    std::vector<std::size_t> digits(length, 0);
-    std::string text(length, alphabet[0]);
-    for (;;) {
-        visit(std::string_view(text));
-        std::size_t place = 0;
-        while (place < length && ++digits[place] == alphabet.size()) {
-            digits[place] = 0;
-            text[place] = alphabet[0];
-            ++place;
-        }
-        if (place == length) {
-            return;
-        }
-        text[place] = alphabet[digits[place]];
+AllTexts::Alphabet bytesOf(std::string_view bytes) {
+    AllTexts::Alphabet alphabet;
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        alphabet.push_back(bytes.substr(i, 1));
     }
+    return alphabet;
 }
 
 TEST(Utf8, OneReplacementPerMaximalInvalidSubpart) {
@@ -115,10 +104,8 @@ TEST(Utf8, OneReplacementPerMaximalInvalidSubpart) {
 }
 
 TEST(Utf8, AgreesWithTheSlowTwinOnAllShortTexts) {
-    for (std::size_t length = 1; length <= 3; ++length) {
-        forEveryText(interestingBytes, length, expectAgreementWithTheSlowTwin);
-    }
-    forEveryText("\x41\x80\xA0\xC2\xE0\xED\xF0\xF4", 5, expectAgreementWithTheSlowTwin);
+    AllTexts::forEach(bytesOf(interestingBytes), 3, expectAgreementWithTheSlowTwin);
+    AllTexts::forEach(bytesOf("\x41\x80\xA0\xC2\xE0\xED\xF0\xF4"), 5, expectAgreementWithTheSlowTwin);
 }
 
 TEST(Utf8, AgreesWithTheSlowTwinOnLongTextsWithPlainRuns) {
