@@ -46,6 +46,7 @@ std::string_view withoutMidnight(std::string_view isoDate) {
 
 class SheetHandler : public XMLEvents::Handler {
 public:
+    // cppcheck-suppress passedByValue; its strings are moved out of it
     explicit SheetHandler(Workbook workbook)
         : m_stringEnds(std::move(workbook.strings.ends)),
           m_formats(std::move(workbook.formats)),

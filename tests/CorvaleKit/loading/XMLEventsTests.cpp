@@ -67,7 +67,8 @@ std::string nested(int depth) {
 std::string utf16(std::string_view ascii, bool bigEndian) {
     std::string bytes = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
     for (const char c : ascii) {
-        bytes += bigEndian ? "\0"s + c : c + "\0"s;
+        bytes += bigEndian ? '\0' : c;
+        bytes += bigEndian ? c : '\0';
     }
     return bytes;
 }
