@@ -42,12 +42,11 @@ FileSource::~FileSource() { ::close(m_descriptor); }
 std::size_t FileSource::read(char* target, std::size_t room) {
     ssize_t count = 0;
     do {
-        count = ::pread(m_descriptor, target, room, static_cast<off_t>(m_position));
+        count = ::read(m_descriptor, target, room);
     } while (count < 0 && errno == EINTR);
     if (count < 0) {
         throw lastError();
     }
-    m_position += static_cast<std::uint64_t>(count);
     return static_cast<std::size_t>(count);
 }
 

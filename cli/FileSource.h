@@ -32,7 +32,6 @@ private:
     std::uint64_t m_size = 0;
 #if __has_include(<unistd.h>)
     int m_descriptor = -1;
-    std::uint64_t m_position = 0;
 #else
     std::ifstream m_file;
 #endif
