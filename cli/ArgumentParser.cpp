@@ -60,8 +60,8 @@ std::string listed(const Texts& texts) {
 }
 
 // The enumerator whose text was given; `fallback` when the option was not.
-template <typename Enum, std::size_t Count>
-Enum chosen(const CLI::Option* option, const std::array<EnumText<Enum>, Count>& texts, Enum fallback) {
+template <typename Enum, std::size_t count>
+Enum chosen(const CLI::Option* option, const std::array<EnumText<Enum>, count>& texts, Enum fallback) {
     const auto given = value(option);
     if (!given) {
         return fallback;

@@ -12,7 +12,7 @@ struct GoldenCase {
     int status = 0;
     std::vector<std::string> arguments;
 
-    friend void PrintTo(const GoldenCase& golden, std::ostream* target) { *target << golden.name; }
+    friend std::ostream& operator<<(std::ostream& stream, const GoldenCase& golden) { return stream << golden.name; }
 };
 
 // Between them they use every feature of the readers and the comparison that the samples show.

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <locale.h>
-
 #include <algorithm>
 #include <array>
+#include <clocale>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>

@@ -70,7 +70,7 @@ TEST(Bytes, MovedFromOnesTakeNewOnes) {
 TEST(Bytes, MovedFromOnesCanBeTruncatedToNothing) {
     Bytes bytes(std::string_view("abc"));
     const Bytes taken(std::move(bytes));
-    bytes.truncate(0);
+    bytes.truncate(0);  // NOLINT(bugprone-use-after-move)
     EXPECT_EQ(bytes.view(), "");
     EXPECT_EQ(taken.view(), "abc");
 }
@@ -104,8 +104,9 @@ TEST(Bytes, TruncateAfterRemovePrefixCountsFromTheNewStart) {
 }
 
 TEST(Bytes, ASizeThatLeavesNoRoomForThePaddingIsABadAllocation) {
-    EXPECT_THROW(Bytes(std::numeric_limits<std::size_t>::max()), std::bad_alloc);
-    EXPECT_THROW(Bytes(std::numeric_limits<std::size_t>::max() - Bytes::padding + 1), std::bad_alloc);
+    constexpr std::size_t most = std::numeric_limits<std::size_t>::max();
+    EXPECT_THROW(Bytes bytes(most), std::bad_alloc);
+    EXPECT_THROW(Bytes bytes(most - Bytes::padding + 1), std::bad_alloc);
 }
 
 TEST(BytesDeathTest, RemovingMoreThanThereIsStopsTheProcess) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <ostream>
 #include <random>
 #include <string>
 #include <vector>
@@ -14,13 +15,11 @@
 namespace corvale {
 
 // Shown by a failing test.
-void PrintTo(const ColumnPair& pair, std::ostream* stream) {
+std::ostream& operator<<(std::ostream& stream, const ColumnPair& pair) {
     const auto side = [](std::optional<std::int64_t> index) { return index ? std::to_string(*index) : "-"; };
-    *stream << '"' << pair.name << "\" " << side(pair.left) << ' ' << side(pair.right)
-            << (pair.ignored ? " ignored" : "");
-    if (pair.renamedTo) {
-        *stream << " renamed to \"" << *pair.renamedTo << '"';
-    }
+    stream << '"' << pair.name << "\" " << side(pair.left) << ' ' << side(pair.right)
+           << (pair.ignored ? " ignored" : "");
+    return pair.renamedTo ? stream << " renamed to \"" << *pair.renamedTo << '"' : stream;
 }
 
 }  // namespace corvale

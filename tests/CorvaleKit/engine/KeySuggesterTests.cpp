@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <ostream>
 #include <random>
 #include <set>
 #include <string>
@@ -16,9 +17,9 @@
 namespace corvale::KeySuggester {
 
 // Shown by a failing test.
-void PrintTo(const Candidate& candidate, std::ostream* stream) {
-    *stream << candidate.column << " u=" << candidate.uniqueness << " o=" << candidate.overlap
-            << " s=" << candidate.score;
+std::ostream& operator<<(std::ostream& stream, const Candidate& candidate) {
+    return stream << candidate.column << " u=" << candidate.uniqueness << " o=" << candidate.overlap
+                  << " s=" << candidate.score;
 }
 
 namespace {

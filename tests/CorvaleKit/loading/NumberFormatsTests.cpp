@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -9,8 +10,9 @@
 
 namespace corvale::XLSX {
 
-void PrintTo(const NumberFormat& format, std::ostream* out) {
-    *out << "kind " << static_cast<int>(format.kind) << ", digits " << format.digits;
+// Shown by a failing test.
+std::ostream& operator<<(std::ostream& stream, const NumberFormat& format) {
+    return stream << "kind " << static_cast<int>(format.kind) << ", digits " << format.digits;
 }
 
 namespace {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -8,7 +9,10 @@
 
 namespace corvale::XLSX {
 
-void PrintTo(const Sheet& sheet, std::ostream* out) { *out << sheet.name << " at " << sheet.path; }
+// Shown by a failing test.
+std::ostream& operator<<(std::ostream& stream, const Sheet& sheet) {
+    return stream << sheet.name << " at " << sheet.path;
+}
 
 namespace {
 

@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "CorvaleKit/text/Text.h"
+#include "CorvaleKit/text/Utf8.h"
+#include "tests/support/AllTexts.h"
 
 namespace corvale::Text {
 namespace {
@@ -105,6 +107,20 @@ TEST(Lowercase, ScalarsThatChangeTheirLengthMayComeAnywhere) {
         }
         ASSERT_EQ(lowercased(text), lower) << text;
     }
+}
+
+TEST(Lowercase, LowersAsScalarByScalarWhateverTheLengths) {
+    // Capitals whose small letters take fewer bytes, more or as many, among bytes that are no text.
+    const AllTexts::Alphabet alphabet = {"a", "B", "é", "É", "İ", "\u212A", "Ⱥ", "ẞ", "\xFF", "\xE2\x84", "\U00010400"};
+    AllTexts::forEach(alphabet, 4, [](const std::string& text) {
+        std::string lower;
+        for (std::size_t i = 0; i < text.size();) {
+            const auto scalar = Utf8::scalarAt(text, i);
+            lower += lowercased(std::string_view(text).substr(i, scalar.length));
+            i += scalar.length;
+        }
+        ASSERT_EQ(lowercased(text), lower) << testing::PrintToString(text);
+    });
 }
 
 TEST(Lowercase, TheQuickLookAllowsOnlyTextsThatStayAsTheyAre) {

@@ -146,6 +146,9 @@ TEST(Utf8, AnOddByteIsFoundAtEveryPlaceOfALongText) {
             text[place] = '\x80';
             EXPECT_FALSE(isAscii(text)) << place << " of " << size;
             EXPECT_FALSE(isValid(text)) << place << " of " << size;
+            EXPECT_EQ(asciiEnd(text, 0), place);
+            EXPECT_EQ(asciiEnd(text, place / 2), place);
+            EXPECT_EQ(asciiEnd(text, place + 1), size);
         }
     }
 }
