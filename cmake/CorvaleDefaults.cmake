@@ -20,7 +20,8 @@ endif()
 
 # Our own code compiles without a warning; a build as somebody's subproject only warns.
 function(corvale_warnings target)
-  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+    -Wredundant-decls -Wzero-as-null-pointer-constant)
   if(PROJECT_IS_TOP_LEVEL)
     target_compile_options(${target} PRIVATE -Werror)
   endif()

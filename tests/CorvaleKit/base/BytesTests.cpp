@@ -51,12 +51,12 @@ TEST(Bytes, MovingKeepsTheMemoryAndEmptiesTheSource) {
     Bytes target(std::move(source));
     EXPECT_EQ(target.data(), place);
     EXPECT_EQ(target.view(), "bc");
-    EXPECT_EQ(source.size(), 0U);  // NOLINT(bugprone-use-after-move): the state after a move is what is tested
+    EXPECT_EQ(source.size(), 0U);
     EXPECT_EQ(source.view(), "");
 
     source = std::move(target);
     EXPECT_EQ(source.view(), "bc");
-    EXPECT_EQ(target.view(), "");  // NOLINT(bugprone-use-after-move)
+    EXPECT_EQ(target.view(), "");
 }
 
 TEST(Bytes, MovedFromOnesTakeNewOnes) {
@@ -70,7 +70,7 @@ TEST(Bytes, MovedFromOnesTakeNewOnes) {
 TEST(Bytes, MovedFromOnesCanBeTruncatedToNothing) {
     Bytes bytes(std::string_view("abc"));
     const Bytes taken(std::move(bytes));
-    bytes.truncate(0);  // NOLINT(bugprone-use-after-move)
+    bytes.truncate(0);
     EXPECT_EQ(bytes.view(), "");
     EXPECT_EQ(taken.view(), "abc");
 }
