@@ -57,7 +57,7 @@ public:
     std::string_view view() const { return {m_bytes.data(), m_size}; }
 
 private:
-    std::array<char, 160> m_bytes;  // NOLINT: every byte that is read was written before
+    std::array<char, 160> m_bytes;  // not filled: only what was put there is read
     std::size_t m_size = 0;
 };
 
@@ -109,28 +109,27 @@ void WorksheetPart::cell(std::string_view value, Style style, bool numeric) {
     if (value.empty() && style == Style::plain) {
         return;
     }
+    Markup markup;
+    markup << columnStart(column) << std::string_view(m_rowDigits.data(), m_rowDigitCount);
+    const auto date = numeric ? CellShape::dateSerial(value) : std::nullopt;
+    if (value.empty()) {
+        m_xml += (markup << styleAttribute(style) << "/>").view();
+    } else if (date) {
+        m_xml += (markup << styleAttribute(style, *date) << "><v>" << date->text() << "</v></c>").view();
+    } else if (numeric && CellShape::isPlainNumber(value)) {
+        m_xml += (markup << styleAttribute(style) << "><v>" << value << "</v></c>").view();
+    } else {
+        m_xml += (markup << styleAttribute(style) << " t=\"inlineStr\"><is><t xml:space=\"preserve\">").view();
+        XMLText::appendEscaped(m_xml, value);
+        m_xml += "</t></is></c>";
+    }
+}
+
+const std::string& WorksheetPart::columnStart(std::size_t column) {
     while (m_columnStarts.size() <= column) {
         m_columnStarts.push_back("<c r=\"" + columnLetters(m_columnStarts.size()));
     }
-    Markup markup;
-    markup << m_columnStarts[column] << std::string_view(m_rowDigits.data(), m_rowDigitCount);
-    if (value.empty()) {
-        m_xml += (markup << styleAttribute(style) << "/>").view();
-        return;
-    }
-    if (numeric) {
-        if (const auto date = CellShape::dateSerial(value)) {
-            m_xml += (markup << styleAttribute(style, *date) << "><v>" << date->text() << "</v></c>").view();
-            return;
-        }
-        if (CellShape::isPlainNumber(value)) {
-            m_xml += (markup << styleAttribute(style) << "><v>" << value << "</v></c>").view();
-            return;
-        }
-    }
-    m_xml += (markup << styleAttribute(style) << " t=\"inlineStr\"><is><t xml:space=\"preserve\">").view();
-    XMLText::appendEscaped(m_xml, value);
-    m_xml += "</t></is></c>";
+    return m_columnStarts[column];
 }
 
 void WorksheetPart::endRow() {

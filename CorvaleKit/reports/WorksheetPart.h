@@ -38,10 +38,12 @@ public:
 
 private:
     void writeWidths(std::span<const double> widths);
+    // A cell's markup up to the letters of its reference.
+    const std::string& columnStart(std::size_t column);
 
     std::string m_xml;
-    std::vector<std::string> m_columnStarts;  // up to the letters of the reference
-    std::array<char, 24> m_rowDigits{};       // with the closing quotation mark of the reference
+    std::vector<std::string> m_columnStarts;
+    std::array<char, 24> m_rowDigits{};  // with the closing quotation mark of the reference
     std::size_t m_rowDigitCount = 0;
     std::size_t m_announcedRows;
     std::size_t m_row = 0;     // 1-based, 0 before the first

@@ -29,9 +29,9 @@ struct XLSXWriter {
 
     struct Sheet {
         std::string name;  // cleaned as SheetNames has it
-        std::vector<std::vector<Cell>> rows;
-        std::vector<double> widths;  // in characters, from column A on; empty: as the program that opens it likes
-        bool freezeHeader = false;   // both without effect on a sheet of one row
+        std::vector<std::vector<Cell>> rows = {};
+        std::vector<double> widths = {};  // in characters, from column A on; empty: as the program that opens it likes
+        bool freezeHeader = false;        // both without effect on a sheet of one row
         bool autoFilter = false;
     };
 

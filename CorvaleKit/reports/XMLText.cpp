@@ -63,18 +63,18 @@ std::size_t appendReplacement(std::string& target, std::string_view text, std::s
 }  // namespace
 
 void appendEscaped(std::string& target, std::string_view text) {
+    std::size_t start = 0;  // of what is yet to be copied
     std::size_t position = 0;
     while (position < text.size()) {
-        const std::size_t start = position;
-        std::size_t length = 1;
-        while (position < text.size() && (length = copiedLength(text, position)) != 0) {
-            position += length;
-        }
-        target.append(text, start, position - start);
-        if (position < text.size()) {
+        const std::size_t length = copiedLength(text, position);
+        if (length == 0) {
+            target += text.substr(start, position - start);
             position += appendReplacement(target, text, position);
+            start = position;
         }
+        position += length;
     }
+    target += text.substr(start);
 }
 
 }  // namespace corvale::XMLText
