@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstring>
 
 #include "CorvaleKit/base/Require.h"
 #include "CorvaleKit/reports/CellShape.h"
@@ -50,8 +49,7 @@ std::size_t guessedSize(const WorksheetPart::Layout& layout) {
 class Markup {
 public:
     Markup& operator<<(std::string_view piece) {
-        std::memcpy(m_bytes.data() + m_size, piece.data(), piece.size());
-        m_size += piece.size();
+        m_size += piece.copy(m_bytes.data() + m_size, piece.size());
         return *this;
     }
     std::string_view view() const { return {m_bytes.data(), m_size}; }
