@@ -6,7 +6,9 @@
 #include <charconv>
 #include <utility>
 
+#include "CorvaleKit/text/Text.h"
 #include "CorvaleKit/text/Utf8.h"
+#include "cli/FileReading.h"
 #include "cli/HelpTexts.h"
 
 namespace corvale::Cli {
@@ -16,6 +18,7 @@ namespace {
 constexpr const char* tableGroup = "Table options";
 constexpr const char* comparisonGroup = "Comparison options";
 constexpr const char* listGroup = "List and output options";
+constexpr const char* reportGroup = "Report options";
 
 std::string text(std::string_view view) { return std::string(view); }
 
@@ -78,6 +81,11 @@ constexpr std::array<EnumText<CompareCommand::Format>, 3> formatTexts{{
     {CompareCommand::Format::text, "text"},
     {CompareCommand::Format::summary, "summary"},
     {CompareCommand::Format::json, "json"},
+}};
+
+constexpr std::array<EnumText<ReportCommand::Language>, 2> languageTexts{{
+    {ReportCommand::Language::english, "en"},
+    {ReportCommand::Language::spanish, "es"},
 }};
 
 // One subcommand and how its options become a command.
@@ -171,22 +179,12 @@ public:
     KeyCommand command() const { return {files()}; }
 };
 
-class CompareSubcommand : public PairSubcommand {
+class ComparisonSubcommand : public PairSubcommand {
 public:
-    explicit CompareSubcommand(CLI::App& program)
-        : PairSubcommand(program, "compare", HelpTexts::compare, HelpTexts::compareFooter) {}
+    using PairSubcommand::PairSubcommand;
 
-    CompareCommand command() const {
-        CompareCommand command;
-        command.files = files();
-        command.match = match();
-        command.options = options();
-        command.list = {chosen(m_show, enumTexts<DiffFilter::Show>, DiffFilter::Show::changes),
-                        value(m_column),
-                        value(m_search).value_or("")};
-        command.format = chosen(m_format, formatTexts, CompareCommand::Format::text);
-        return command;
-    }
+protected:
+    ComparisonChoice comparison() const { return {files(), match(), options()}; }
 
 private:
     std::optional<RowMatch> match() const {
@@ -225,10 +223,63 @@ private:
         repeatable("--ignore-column", "NAME", comparisonGroup, "Show this column, don’t compare it; repeatable");
     CLI::Option* m_numberStyle =
         option("--number-style", "STYLE", comparisonGroup, "automatic (default), dotDecimal or commaDecimal");
+};
+
+class CompareSubcommand : public ComparisonSubcommand {
+public:
+    explicit CompareSubcommand(CLI::App& program)
+        : ComparisonSubcommand(program, "compare", HelpTexts::compare, HelpTexts::compareFooter) {}
+
+    CompareCommand command() const {
+        CompareCommand command;
+        command.comparison = comparison();
+        command.list = {chosen(m_show, enumTexts<DiffFilter::Show>, DiffFilter::Show::changes),
+                        value(m_column),
+                        value(m_search).value_or("")};
+        command.format = chosen(m_format, formatTexts, CompareCommand::Format::text);
+        return command;
+    }
+
+private:
     CLI::Option* m_show = option("--show", "ROWS", listGroup, "all, changes (default), added, removed or changed");
     CLI::Option* m_column = option("--column", "NAME", listGroup, "List only rows that changed in this column");
     CLI::Option* m_search = option("--search", "TEXT", listGroup, "List only rows in which all these words occur");
     CLI::Option* m_format = option("--format", "FORMAT", listGroup, "text (default), summary or json");
+};
+
+class ReportSubcommand : public ComparisonSubcommand {
+public:
+    explicit ReportSubcommand(CLI::App& program)
+        : ComparisonSubcommand(program, "report", HelpTexts::report, HelpTexts::reportFooter) {}
+
+    ReportCommand command() const {
+        ReportCommand command;
+        command.comparison = comparison();
+        command.path = m_output->results().front();
+        command.kind = kind(command.path);
+        command.language = chosen(m_language, languageTexts, ReportCommand::Language::english);
+        command.includeUnchanged = m_includeUnchanged->count() > 0;
+        return command;
+    }
+
+private:
+    static ReportCommand::Kind kind(const std::string& path) {
+        const std::string name = Text::lowercased(Utf8::repaired(path));
+        if (name.ends_with(".xlsx")) {
+            return ReportCommand::Kind::workbook;
+        }
+        if (name.ends_with(".html")) {
+            return ReportCommand::Kind::page;
+        }
+        throw UsageFailure("A report is a file .xlsx or .html, which " + quotedPath(path) + " is not.");
+    }
+
+    CLI::Option* m_output =
+        option("--output,-o", "FILE", reportGroup, "Where to save the report: a name that ends in .xlsx or .html")
+            ->required();
+    CLI::Option* m_includeUnchanged =
+        flag("--include-unchanged", reportGroup, "List unchanged rows too, in a workbook");
+    CLI::Option* m_language = option("--lang", "LANGUAGE", reportGroup, "en (default) or es");
 };
 
 class Program {
@@ -271,6 +322,9 @@ private:
         if (m_compare.isChosen()) {
             return m_compare.command();
         }
+        if (m_report.isChosen()) {
+            return m_report.command();
+        }
         throw noCommand();
     }
 
@@ -291,11 +345,12 @@ private:
     UsageFailure noCommand() const {
         const std::vector<std::string> rest = m_app.remaining();
         const std::string given = rest.empty() ? "A command is missing" : "There is no command “" + rest.front() + "”";
-        return UsageFailure(given + ": it is one of sheets, table, key and compare.");
+        return UsageFailure(given + ": it is one of sheets, table, key, compare and report.");
     }
 
     CLI::App m_app{text(HelpTexts::program), "corvale-cli"};
     CompareSubcommand m_compare{m_app};
+    ReportSubcommand m_report{m_app};
     KeySubcommand m_key{m_app};
     TableSubcommand m_table{m_app};
     SheetsSubcommand m_sheets{m_app};
