@@ -3,9 +3,11 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <utility>
 
+#include "CorvaleKit/base/Require.h"
 #include "CorvaleKit/text/Utf8.h"
 #include "cli/HelpTexts.h"
 
@@ -19,15 +21,51 @@ constexpr const char* listGroup = "List and output options";
 
 std::string text(std::string_view view) { return std::string(view); }
 
-// What the user typed for an option that may be given once, valid UTF-8.
-std::optional<std::string> value(const CLI::Option* option) {
-    return option->count() == 0 ? std::nullopt : std::optional(Utf8::repaired(option->results().front()));
+// What an option's value is called in the help, and in a sentence.
+struct ValueName {
+    const char* inHelp;
+    const char* inSentence;
+};
+
+constexpr const char* columnValue = "NAME";
+
+constexpr std::array<ValueName, 7> valueNames{{
+    {columnValue, "a column name"},
+    {"N|NAME", "a sheet number or name"},
+    {"N", "a row number"},
+    {"STYLE", "a number style"},
+    {"ROWS", "a choice of rows"},
+    {"TEXT", "a text"},
+    {"FORMAT", "a format"},
+}};
+
+UsageFailure missingValue(const CLI::Option& option) {
+    const auto named = std::find_if(valueNames.begin(), valueNames.end(), [&](const ValueName& name) {
+        return name.inHelp == option.get_type_name();
+    });
+    CORVALE_REQUIRE(named != valueNames.end(), "an option's value has no name in sentences");
+    return UsageFailure(option.get_name() + " needs " + named->inSentence + ".");
 }
 
+// What the user typed for an option, valid UTF-8.
 std::vector<std::string> values(const CLI::Option* option) {
     std::vector<std::string> all = option->results();
-    std::transform(all.begin(), all.end(), all.begin(), [](const std::string& one) { return Utf8::repaired(one); });
+    for (std::string& one : all) {
+        // No table has a column without a name.
+        if (one.empty() && option->get_type_name() == columnValue) {
+            throw missingValue(*option);
+        }
+        one = Utf8::repaired(one);
+    }
     return all;
+}
+
+std::optional<std::string> value(const CLI::Option* option) {
+    std::vector<std::string> all = values(option);
+    if (all.size() > 1) {
+        throw UsageFailure(option->get_name() + " is given more than once.");
+    }
+    return all.empty() ? std::nullopt : std::optional(std::move(all.front()));
 }
 
 UsageFailure badValue(const CLI::Option* option, std::string_view expected, std::string_view given) {
@@ -97,11 +135,12 @@ protected:
     CLI::Option* file(const char* name, const std::string& help) {
         return m_app->add_option(name, help)->required()->type_name("");
     }
+    // The parser takes it several times, whether or not it may be: its own message would be no sentence.
     CLI::Option* option(const char* name, const char* type, const char* group, const std::string& help) {
-        return m_app->add_option(name, help)->type_name(type)->group(group);
-    }
-    CLI::Option* repeatable(const char* name, const char* type, const char* group, const std::string& help) {
-        return option(name, type, group, help)->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+        return m_app->add_option(name, help)
+            ->type_name(type)
+            ->group(group)
+            ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     }
     CLI::Option* flag(const char* name, const char* group, const std::string& help) {
         return m_app->add_flag(name, help)->group(group);
@@ -213,7 +252,7 @@ private:
     }
 
     CLI::Option* m_key =
-        repeatable("--key", "NAME", comparisonGroup, "Match rows by this column; several make one key");
+        option("--key", columnValue, comparisonGroup, "Match rows by this column; several make one key");
     CLI::Option* m_rowOrder = flag("--row-order", comparisonGroup, "Match rows by their order");
     CLI::Option* m_ignoreCase = flag("--ignore-case", comparisonGroup, "Letter case does not count");
     CLI::Option* m_keepWhitespace =
@@ -222,13 +261,61 @@ private:
         flag("--ignore-number-format", comparisonGroup, "Equal numbers are equal, however they are written");
     CLI::Option* m_byPosition = flag("--by-position", comparisonGroup, "Match columns by position, not by name");
     CLI::Option* m_ignoreColumn =
-        repeatable("--ignore-column", "NAME", comparisonGroup, "Show this column, don’t compare it; repeatable");
+        option("--ignore-column", columnValue, comparisonGroup, "Show this column, don’t compare it; repeatable");
     CLI::Option* m_numberStyle =
         option("--number-style", "STYLE", comparisonGroup, "automatic (default), dotDecimal or commaDecimal");
     CLI::Option* m_show = option("--show", "ROWS", listGroup, "all, changes (default), added, removed or changed");
-    CLI::Option* m_column = option("--column", "NAME", listGroup, "List only rows that changed in this column");
+    CLI::Option* m_column = option("--column", columnValue, listGroup, "List only rows that changed in this column");
     CLI::Option* m_search = option("--search", "TEXT", listGroup, "List only rows in which all these words occur");
     CLI::Option* m_format = option("--format", "FORMAT", listGroup, "text (default), summary or json");
+};
+
+// Writes each "--option=value" as two arguments. The parser does so by itself, but it takes the argument after
+// "--option=" for the value, drops the value of an option that takes none, and words a missing value in its own way.
+class Separator {
+public:
+    explicit Separator(const CLI::App& command) : m_command(command) {}
+
+    std::vector<std::string> separated(const std::vector<std::string>& arguments) {
+        for (const std::string& argument : arguments) {
+            if (m_waiting != nullptr || m_optionsEnded) {
+                m_waiting = nullptr;
+                m_separated.push_back(argument);
+            } else {
+                add(argument);
+            }
+        }
+        if (m_waiting != nullptr) {
+            throw missingValue(*m_waiting);
+        }
+        return std::move(m_separated);
+    }
+
+private:
+    void add(const std::string& argument) {
+        const std::size_t mark = argument.find('=');
+        const std::string name = argument.substr(0, mark);
+        const CLI::Option* option = name.starts_with("--") ? m_command.get_option_no_throw(name) : nullptr;
+        m_optionsEnded = argument == "--";
+        if (option == nullptr) {
+            m_separated.push_back(argument);
+            return;
+        }
+        m_separated.push_back(name);
+        const bool takesValue = option->get_items_expected_max() > 0;
+        if (mark == std::string::npos) {
+            m_waiting = takesValue ? option : nullptr;
+        } else if (takesValue) {
+            m_separated.push_back(argument.substr(mark + 1));
+        } else {
+            throw UsageFailure(name + " takes no value.");
+        }
+    }
+
+    const CLI::App& m_command;
+    std::vector<std::string> m_separated;
+    const CLI::Option* m_waiting = nullptr;  // its value is the next argument
+    bool m_optionsEnded = false;
 };
 
 class Program {
@@ -243,6 +330,11 @@ public:
     }
 
     Command parse(std::vector<std::string> arguments) {
+        for (const CLI::App* command : m_app.get_subcommands({})) {
+            if (!arguments.empty() && arguments.front() == command->get_name()) {
+                arguments = Separator(*command).separated(arguments);
+            }
+        }
         std::reverse(arguments.begin(), arguments.end());
         try {
             m_app.parse(arguments);
