@@ -6,11 +6,18 @@
 #include <variant>
 #include <vector>
 
+#include "CorvaleKit/base/Failures.h"
 #include "CorvaleKit/engine/DiffFilter.h"
 #include "CorvaleKit/engine/DiffOptions.h"
 
 // What a command line asks for. Texts are UTF-8, paths are as the system has them.
 namespace corvale::Cli {
+
+// A command line that cannot be carried out as it stands.
+class UsageFailure : public UserFailure {
+public:
+    using UserFailure::UserFailure;
+};
 
 // One file, and which table of it.
 struct FileChoice {

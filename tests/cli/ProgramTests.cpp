@@ -2,6 +2,7 @@
 #include <nlohmann/json.hpp>
 #include <sys/stat.h>
 
+#include <chrono>
 #include <csignal>
 
 #include "tests/cli/Program.h"
@@ -267,6 +268,46 @@ TEST_F(ProgramWithALongTable, WhereBrokenPipesAreNoSignalTheyAreTold) {
 
 TEST_F(ProgramWithALongTable, PrintsEveryRow) {
     EXPECT_EQ(nlohmann::json::parse(run({"table", "long.csv"}).output)["rows"].size(), 20000U);
+}
+
+// A cell at the far end of each of a million rows: a few megabytes that claim a thousand million cells.
+class ProgramWithAHostileWorkbook : public Program {
+protected:
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    void SetUp() override { GTEST_SKIP() << "a sanitizer reserves terabytes of addresses"; }
+#else
+    void SetUp() override {
+        std::string rows;
+        for (int row = 1; row <= 1'048'576; ++row) {
+            const std::string number = std::to_string(row);
+            rows.append("<row r=\"").append(number).append("\"><c r=\"ALL").append(number);
+            rows.append("\"><v>1</v></c></row>");
+        }
+        m_folder.write("hostile.xlsx", Workbooks::package(Workbooks::oneSheet(rows)));
+    }
+#endif
+    // What it prints is 3 GB, and goes nowhere.
+    ProcessResult table(int kilobytes) const {
+        ProcessSettings limited = settings();
+        limited.limit = std::chrono::seconds(10);
+        const std::string script =
+            "ulimit -v " + std::to_string(kilobytes) + " && exec \"$0\" table hostile.xlsx > /dev/null";
+        return TestSupport::runProcess("sh", {"-c", script, TestFiles::program("corvale-cli").string()}, limited);
+    }
+};
+
+TEST_F(ProgramWithAHostileWorkbook, TwoGigabytesAndTenSecondsAreEnough) {
+    const ProcessResult result = table(2 * 1024 * 1024);
+    EXPECT_FALSE(result.wasKilled);
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.error, "");
+}
+
+TEST_F(ProgramWithAHostileWorkbook, TooLittleMemoryIsTold) {
+    const ProcessResult result = table(60 * 1024);
+    EXPECT_FALSE(result.wasKilled);
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.error, "corvale-cli: This computer doesn’t have enough memory for these files.\n");
 }
 
 }  // namespace
