@@ -1,0 +1,53 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "CorvaleKit/reports/XLSXWriter.h"
+
+namespace corvale {
+
+// Writes the XML of one worksheet, cell by cell and row by row, into one string: no cell is held, none takes memory of
+// its own.
+class WorksheetPart {
+public:
+    using Style = XLSXWriter::Style;
+
+    // What must be known before the first row. All rows announced have to come.
+    struct Layout {
+        std::size_t rows = 0;
+        std::size_t cellsOfFirstRow = 0;  // for a guess of the size
+        std::span<const double> widths;   // used by the constructor alone
+        bool freezeHeader = false;
+        bool autoFilter = false;
+    };
+
+    explicit WorksheetPart(const Layout& layout);
+
+    void beginRow();
+    // The next cell of the row. `value` is UTF-8; where `numeric` is set it may become a number or a date.
+    void cell(std::string_view value, Style style = Style::plain, bool numeric = false);
+    void endRow();
+
+    // The part; the writer is spent afterwards.
+    std::string finish();
+
+private:
+    void writeWidths(std::span<const double> widths);
+
+    std::string m_xml;
+    std::vector<std::string> m_columnStarts;  // up to the letters of the reference
+    std::array<char, 24> m_rowDigits{};       // with the closing quotation mark of the reference
+    std::size_t m_rowDigitCount = 0;
+    std::size_t m_announcedRows;
+    std::size_t m_row = 0;     // 1-based, 0 before the first
+    std::size_t m_column = 0;  // of the next cell
+    std::size_t m_widestRow = 0;
+    bool m_autoFilter;
+};
+
+}  // namespace corvale
