@@ -56,7 +56,7 @@ Exit status: 0 no differences, 1 differences (a row that is not the same on both
 sides, or a column on one side only), 2 trouble, 130 stopped with Ctrl-C.
 )";
 
-inline constexpr std::string_view report = "Saves a comparison as an Excel workbook or an HTML page.";
+inline constexpr std::string_view report = "Saves a comparison as a workbook or an HTML page.";
 
 inline constexpr std::string_view reportFooter =
     R"(Examples:

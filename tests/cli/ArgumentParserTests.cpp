@@ -173,10 +173,10 @@ TEST(ArgumentParser, AnEmptyTextIsASearchForNothing) {
     for (const std::vector<std::string>& options : {std::vector<std::string>{"--search="}, {"--search", ""}}) {
         const CompareCommand command = compared(options);
         EXPECT_EQ(command.list, ListChoice{});
-        EXPECT_EQ(command.files.after.path, "b.csv");
+        EXPECT_EQ(command.comparison.files.after.path, "b.csv");
     }
     const auto command = parsed<CompareCommand>({"compare", "--search=", "a.csv", "b.csv"});
-    EXPECT_EQ(command.files, (PairChoice{{"a.csv", {}, {}}, {"b.csv", {}, {}}}));
+    EXPECT_EQ(command.comparison.files, (PairChoice{{"a.csv", {}, {}}, {"b.csv", {}, {}}}));
 }
 
 TEST(ArgumentParser, NamesWhatIsWrong) {
@@ -215,7 +215,7 @@ TEST(ArgumentParser, NamesTheOptionThatIsGivenTooOften) {
     EXPECT_EQ(failureOf({"table", "a", "--sheet", "1", "--sheet", "1"}), "--sheet is given more than once.");
     EXPECT_EQ(failureOf({"key", "a", "b", "--after-header-row", "1", "--after-header-row", "2"}),
               "--after-header-row is given more than once.");
-    EXPECT_TRUE(compared({"--ignore-case", "--ignore-case"}).options.ignoreCase);
+    EXPECT_TRUE(compared({"--ignore-case", "--ignore-case"}).comparison.options.ignoreCase);
 }
 
 TEST(ArgumentParser, SaysWhatAnOptionNeeds) {

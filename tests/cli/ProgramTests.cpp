@@ -207,7 +207,7 @@ TEST_F(ProgramWithTables, TroubleIsOneLineAndNoOutput) {
         {{"compare", "no.csv", "."}, "“no.csv” doesn’t exist."},
         {{"compare", "empty.csv", "no.csv"}, "“empty.csv” is empty."},
         {{"compare", "a.csv"}, "AFTER is required; see corvale-cli compare --help"},
-        {{}, "A command is missing: it is one of sheets, table, key and compare."},
+        {{}, "A command is missing: it is one of sheets, table, key, compare and report."},
     };
     for (const auto& [arguments, message] : cases) {
         expectTrouble(arguments, message);
