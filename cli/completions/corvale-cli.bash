@@ -16,14 +16,14 @@ _corvale_cli() {
     esac
     if [[ -z ${words:-} ]]; then
         if ((COMP_CWORD == 1)); then
-            words='sheets table key compare --help --version'
+            words='sheets table key compare -h --help --version'
         elif [[ $current == -* ]]; then
             case $command in
-                sheets) words='--help' ;;
-                table) words="$one_table --help" ;;
-                key) words="$two_tables --help" ;;
+                sheets) words='-h --help' ;;
+                table) words="$one_table -h --help" ;;
+                key) words="$two_tables -h --help" ;;
                 compare) words="$two_tables --key --row-order --ignore-case --keep-whitespace --ignore-number-format
-                    --by-position --ignore-column --number-style --show --column --search --format --help" ;;
+                    --by-position --ignore-column --number-style --show --column --search --format -h --help" ;;
             esac
         else
             compopt -o filenames
