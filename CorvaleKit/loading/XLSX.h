@@ -26,7 +26,8 @@ struct Sheet {
     friend bool operator==(const Sheet&, const Sheet&) = default;
 };
 
-// How a numeric cell is shown.
+// How a numeric cell is shown. A workbook's code of more than 255 zeros, longer than any a spreadsheet program writes,
+// counts as general when cells are read.
 struct NumberFormat {
     enum class Kind : std::uint8_t { zeroPadded, general, date, dateTime, time, percent };
 

@@ -19,14 +19,14 @@ _corvale_cli() {
     esac
     if [[ -z ${words:-} ]]; then
         if ((COMP_CWORD == 1)); then
-            words='sheets table key compare report --help --version'
+            words='sheets table key compare report -h --help --version'
         elif [[ $current == -* ]]; then
             case $command in
-                sheets) words='--help' ;;
-                table) words="$one_table --help" ;;
-                key) words="$two_tables --help" ;;
-                compare) words="$two_tables $comparison --show --column --search --format --help" ;;
-                report) words="$two_tables $comparison --output --include-unchanged --lang --help" ;;
+                sheets) words='-h --help' ;;
+                table) words="$one_table -h --help" ;;
+                key) words="$two_tables -h --help" ;;
+                compare) words="$two_tables $comparison --show --column --search --format -h --help" ;;
+                report) words="$two_tables $comparison --output --include-unchanged --lang -h --help" ;;
             esac
         else
             compopt -o filenames

@@ -304,10 +304,13 @@ TEST_F(ProgramWithAHostileWorkbook, TwoGigabytesAndTenSecondsAreEnough) {
 }
 
 TEST_F(ProgramWithAHostileWorkbook, TooLittleMemoryIsTold) {
-    const ProcessResult result = table(60 * 1024);
-    EXPECT_FALSE(result.wasKilled);
-    EXPECT_EQ(result.status, 2);
-    EXPECT_EQ(result.error, "corvale-cli: This computer doesn’t have enough memory for these files.\n");
+    // It ends in one part of the program or another.
+    for (const int megabytes : {60, 100, 120}) {
+        const ProcessResult result = table(megabytes * 1024);
+        EXPECT_FALSE(result.wasKilled);
+        EXPECT_EQ(result.status, 2) << megabytes;
+        EXPECT_EQ(result.error, "corvale-cli: This computer doesn’t have enough memory for these files.\n");
+    }
 }
 
 }  // namespace
