@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 #include <system_error>
-#include <utility>
 #include <vector>
 
 #include "CorvaleKit/engine/Callbacks.h"
@@ -52,9 +51,7 @@ JsonWriter::Sink sinkTo(Output& output) {
     const Bytes bytes = readFile(command.path);
     std::vector<std::string> names;
     if (DataLoader::isWorkbook(bytes.view(), fileName)) {
-        for (XLSX::Sheet& sheet : XLSX::sheets(bytes.view())) {
-            names.push_back(std::move(sheet.name));
-        }
+        names = sheetNames(XLSX::sheets(bytes.view()));
     }
     JsonReport::writeSheets(names, sinkTo(output));
     end(output, ExitStatus::same);
