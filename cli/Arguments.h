@@ -6,11 +6,18 @@
 #include <variant>
 #include <vector>
 
+#include "CorvaleKit/base/Failures.h"
 #include "CorvaleKit/engine/DiffFilter.h"
 #include "CorvaleKit/engine/DiffOptions.h"
 
 // What a command line asks for. Texts are UTF-8, paths are as the system has them.
 namespace corvale::Cli {
+
+// A command line that cannot be carried out as it stands.
+class UsageFailure : public UserFailure {
+public:
+    using UserFailure::UserFailure;
+};
 
 // One file, and which table of it.
 struct FileChoice {
@@ -49,14 +56,30 @@ struct KeyCommand {
     PairChoice files;
 };
 
-struct CompareCommand {
-    enum class Format { text, summary, json };
-
+// Which comparison is wanted.
+struct ComparisonChoice {
     PairChoice files;
     std::optional<RowMatch> match;  // none: the suggested key, else row order
     DiffOptions options;
+};
+
+struct CompareCommand {
+    enum class Format { text, summary, json };
+
+    ComparisonChoice comparison;
     ListChoice list;
     Format format = Format::text;
+};
+
+struct ReportCommand {
+    enum class Kind { workbook, page };
+    enum class Language { english, spanish };
+
+    ComparisonChoice comparison;
+    std::string path;
+    Kind kind = Kind::workbook;
+    Language language = Language::english;
+    bool includeUnchanged = false;  // in a workbook; a page never does
 };
 
 // A text that was asked for in place of work: help, the version.
@@ -64,6 +87,6 @@ struct PrintCommand {
     std::string text;
 };
 
-using Command = std::variant<SheetsCommand, TableCommand, KeyCommand, CompareCommand, PrintCommand>;
+using Command = std::variant<SheetsCommand, TableCommand, KeyCommand, CompareCommand, ReportCommand, PrintCommand>;
 
 }  // namespace corvale::Cli

@@ -1,9 +1,10 @@
 #include "cli/Commands.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 #include <string_view>
-#include <utility>
+#include <system_error>
 #include <vector>
 
 #include "CorvaleKit/engine/Callbacks.h"
@@ -11,7 +12,9 @@
 #include "CorvaleKit/engine/KeySuggester.h"
 #include "CorvaleKit/loading/DataLoader.h"
 #include "CorvaleKit/loading/XLSX.h"
+#include "CorvaleKit/reports/Reports.h"
 #include "cli/FileReading.h"
+#include "cli/FileSaving.h"
 #include "cli/Interrupt.h"
 #include "cli/JsonReport.h"
 #include "cli/MatchChoice.h"
@@ -48,9 +51,7 @@ JsonWriter::Sink sinkTo(Output& output) {
     const Bytes bytes = readFile(command.path);
     std::vector<std::string> names;
     if (DataLoader::isWorkbook(bytes.view(), fileName)) {
-        for (XLSX::Sheet& sheet : XLSX::sheets(bytes.view())) {
-            names.push_back(std::move(sheet.name));
-        }
+        names = sheetNames(XLSX::sheets(bytes.view()));
     }
     JsonReport::writeSheets(names, sinkTo(output));
     end(output, ExitStatus::same);
@@ -86,7 +87,37 @@ DiffResult compare(const TablePair& tables, const RowMatch& match, const DiffOpt
     return result;
 }
 
-void report(const CompareCommand& command, const DiffResult& result, bool matchIsSuggested, Output& output) {
+// A wrong path shall not cost the time of a comparison, nor a slip of the hand one of the files.
+void refuseReportPath(const ReportCommand& command) {
+    refuseUnwritable(command.path);
+    for (const FileChoice& file : {command.comparison.files.before, command.comparison.files.after}) {
+        std::error_code error;
+        if (std::filesystem::equivalent(command.path, file.path, error)) {
+            throw FileFailure(quotedPath(command.path) + " is one of the files to compare.");
+        }
+    }
+}
+
+std::string reportBytes(const ReportCommand& command, const DiffResult& result) {
+    const bool isSpanish = command.language == ReportCommand::Language::spanish;
+    const ReportStrings strings = isSpanish ? ReportStrings::spanish() : ReportStrings();
+    return command.kind == ReportCommand::Kind::page ? Reports::htmlReport(result, strings, isSpanish ? "es" : "en")
+                                                     : Reports::excelReport(result, strings, command.includeUnchanged);
+}
+
+struct Comparison {
+    DiffResult result;
+    bool matchIsSuggested = false;
+};
+
+Comparison compare(const ComparisonChoice& choice, Progress& progress) {
+    const TablePair tables = loadPair(choice.files);
+    progress.phase("Comparing");
+    const MatchChoice match = chooseMatch(choice.match, choice.files, tables);
+    return {compare(tables, match.match, choice.options, progress), match.isSuggested};
+}
+
+void print(const CompareCommand& command, const DiffResult& result, bool matchIsSuggested, Output& output) {
     const DiffFilter filter = listFilter(command.list, result.columns);
     switch (command.format) {
         case CompareCommand::Format::summary:
@@ -98,7 +129,7 @@ void report(const CompareCommand& command, const DiffResult& result, bool matchI
         case CompareCommand::Format::text:
             writeTextReport(result,
                             filter.apply(result),
-                            {command.files, matchIsSuggested, command.list, Terminal::outputStyle()},
+                            {command.comparison.files, matchIsSuggested, command.list, Terminal::outputStyle()},
                             sinkTo(output));
             break;
     }
@@ -106,13 +137,20 @@ void report(const CompareCommand& command, const DiffResult& result, bool matchI
 
 [[noreturn]] void run(const CompareCommand& command, Output& output) {
     Progress progress(Terminal::canShowProgress(), "Reading");
-    const TablePair tables = loadPair(command.files);
-    progress.phase("Comparing");
-    const MatchChoice choice = chooseMatch(command.match, command.files, tables);
-    const DiffResult result = compare(tables, choice.match, command.options, progress);
+    const auto [result, matchIsSuggested] = compare(command.comparison, progress);
     progress.end();
-    report(command, result, choice.isSuggested, output);
+    print(command, result, matchIsSuggested, output);
     end(output, hasDifferences(result.summary) ? ExitStatus::different : ExitStatus::same);
+}
+
+[[noreturn]] void run(const ReportCommand& command, Output& output) {
+    refuseReportPath(command);
+    Progress progress(Terminal::canShowProgress(), "Reading");
+    const DiffResult result = compare(command.comparison, progress).result;
+    progress.phase("Writing");
+    saveFile(command.path, reportBytes(command, result));
+    progress.end();
+    end(output, ExitStatus::same);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "cli/FileReading.h"
 
 #include <algorithm>
+#include <cstring>
 #include <filesystem>
 #include <limits>
 #include <new>
@@ -15,6 +16,9 @@ namespace {
 
 // A system call that reads more keeps Ctrl-C waiting.
 constexpr std::size_t largestPiece = std::size_t{8} << 20U;
+
+// Holds most of what a system makes up, such as lists of its devices.
+constexpr std::size_t firstRoom = std::size_t{64} << 10U;
 
 FileFailure unreadable(const std::string& path, const std::error_code& error) {
     return FileFailure(quotedPath(path) + " can’t be read: " + error.message() + ".");
@@ -66,6 +70,16 @@ Bytes reserve(const std::string& path, std::uint64_t size) {
     }
 }
 
+// The same bytes with twice the room. Both blocks live while they are copied, so both count.
+Bytes grown(const std::string& path, const Bytes& bytes, std::uint64_t limit) {
+    if (bytes.size() > limit / 3) {
+        throw tooLarge(path);
+    }
+    Bytes larger = reserve(path, std::uint64_t{2} * bytes.size());
+    std::memcpy(larger.data(), bytes.data(), bytes.size());
+    return larger;
+}
+
 }  // namespace
 
 std::string quotedPath(const std::string& path) { return "“" + Utf8::repaired(path) + "”"; }
@@ -90,12 +104,29 @@ Bytes readExactly(const std::string& path, std::uint64_t size, const ReadPiece& 
     return bytes;
 }
 
+Bytes readToEnd(const std::string& path, std::uint64_t limit, const ReadPiece& read) {
+    Bytes bytes = reserve(path, firstRoom);
+    std::size_t filled = 0;
+    for (;;) {
+        if (filled == bytes.size()) {
+            bytes = grown(path, bytes, limit);
+        }
+        const std::size_t count = read(bytes.data() + filled, std::min(bytes.size() - filled, largestPiece));
+        if (count == 0) {
+            bytes.truncate(filled);
+            return bytes;
+        }
+        filled += count;
+    }
+}
+
 Bytes readFile(const std::string& path) {
     refuseOtherThanFiles(path);
     try {
         FileSource source(path);
-        return readExactly(
-            path, source.size(), [&](char* target, std::size_t room) { return source.read(target, room); });
+        const auto read = [&](char* target, std::size_t room) { return source.read(target, room); };
+        return source.size() == 0 ? readToEnd(path, FileSource::physicalMemory(), read)
+                                  : readExactly(path, source.size(), read);
     } catch (const std::system_error& failure) {
         throw unreadable(path, failure.code());
     }

@@ -17,7 +17,8 @@ public:
 };
 
 // The whole of a regular file. A folder, a pipe or a device is refused without waiting for it, and so is a file that
-// changes its length while it is read. Throws FileFailure.
+// changes its length while it is read. One that tells no length, as those that a system makes up do, is read to its
+// end. Throws FileFailure.
 Bytes readFile(const std::string& path);
 
 // Fills a part of `target`, at most `room` bytes, and says how much; 0 at the end of the file.
@@ -25,6 +26,10 @@ using ReadPiece = std::function<std::size_t(char* target, std::size_t room)>;
 
 // `size` bytes and then the end, or a FileFailure about `path`.
 Bytes readExactly(const std::string& path, std::uint64_t size, const ReadPiece& read);
+
+// All bytes up to the end, or a FileFailure about `path` before more than `limit` bytes of memory, which are at least
+// 64 KiB, are held at once.
+Bytes readToEnd(const std::string& path, std::uint64_t limit, const ReadPiece& read);
 
 // `path` between typographic quotes, valid UTF-8.
 std::string quotedPath(const std::string& path);

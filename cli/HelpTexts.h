@@ -56,4 +56,17 @@ Exit status: 0 no differences, 1 differences (a row that is not the same on both
 sides, or a column on one side only), 2 trouble, 130 stopped with Ctrl-C.
 )";
 
+inline constexpr std::string_view report = "Saves a comparison as a workbook or an HTML page.";
+
+inline constexpr std::string_view reportFooter =
+    R"(Examples:
+  corvale-cli report prices-october.csv prices-november.csv -o changes.xlsx
+  corvale-cli report old.xlsx new.xlsx --key SKU -o changes.html
+  corvale-cli report viejo.xlsx nuevo.xlsx --lang es -o cambios.xlsx
+
+A workbook has a summary, the rows that differ and each changed cell, coloured;
+a page shows the same in any browser. A file of that name is replaced.
+Exit status: 0 saved, 2 trouble.
+)";
+
 }  // namespace corvale::Cli::HelpTexts

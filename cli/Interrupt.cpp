@@ -9,6 +9,7 @@
 #endif
 
 #include "cli/Progress.h"
+#include "cli/UnfinishedFile.h"
 
 namespace corvale::Cli::Interrupt {
 
@@ -20,6 +21,7 @@ std::atomic<bool> isSet{false};
 static_assert(std::atomic<bool>::is_always_lock_free);
 
 void endNow() {
+    UnfinishedFile::removeFromSignalHandler();
     Progress::eraseFromSignalHandler();
     std::_Exit(exitStatus);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-// Ctrl-C. Nothing is left behind whenever the program ends, so it ends at once with status 130; only a comparison asks
-// for the time to stop by itself.
+// Ctrl-C. Nothing but an UnfinishedFile is left behind whenever the program ends, so it deletes that and ends at once
+// with status 130; only a comparison asks for the time to stop by itself.
 namespace corvale::Cli::Interrupt {
 
 inline constexpr int exitStatus = 130;

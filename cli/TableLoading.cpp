@@ -5,10 +5,8 @@
 #include <exception>
 #include <future>
 #include <utility>
-#include <vector>
 
 #include "CorvaleKit/loading/DataLoader.h"
-#include "CorvaleKit/loading/XLSX.h"
 #include "cli/FileReading.h"
 #include "cli/NameChoice.h"
 
@@ -28,14 +26,6 @@ std::int64_t numberOf(std::string_view digits) {
     return number;
 }
 
-std::vector<std::string> sheetNames(std::string_view workbook) {
-    std::vector<std::string> names;
-    for (XLSX::Sheet& sheet : XLSX::sheets(workbook)) {
-        names.push_back(std::move(sheet.name));
-    }
-    return names;
-}
-
 SheetFailure noSuchSheet(const std::string& path, std::string_view choice, const std::vector<std::string>& names) {
     return SheetFailure(quotedPath(path) + " has no sheet “" + std::string(choice) + "”. It has " + quotedList(names) +
                         ".");
@@ -43,11 +33,20 @@ SheetFailure noSuchSheet(const std::string& path, std::string_view choice, const
 
 }  // namespace
 
-std::int64_t sheetIndex(std::string_view workbook, const std::string& path, std::string_view choice) {
+std::vector<std::string> sheetNames(const std::vector<XLSX::Sheet>& sheets) {
+    std::vector<std::string> names;
+    names.reserve(sheets.size());
+    for (const XLSX::Sheet& sheet : sheets) {
+        names.push_back(sheet.name);
+    }
+    return names;
+}
+
+std::int64_t sheetIndex(const std::vector<XLSX::Sheet>& sheets, const std::string& path, std::string_view choice) {
     if (isNumber(choice)) {
         return numberOf(choice) - 1;
     }
-    const std::vector<std::string> names = sheetNames(workbook);
+    const std::vector<std::string> names = sheetNames(sheets);
     const auto index = indexOfName(names, choice);
     if (!index) {
         throw noSuchSheet(path, choice, names);
@@ -59,9 +58,10 @@ DataTable loadTable(const FileChoice& file) {
     const std::string name = fileNameOf(file.path);
     DataLoader::refuseByName(name);
     Bytes bytes = readFile(file.path);
-    const bool choosesSheet = file.sheet && DataLoader::isWorkbook(bytes.view(), name);
-    const std::int64_t sheet = choosesSheet ? sheetIndex(bytes.view(), file.path, *file.sheet) : 0;
-    return DataLoader::load(std::move(bytes), name, sheet, file.headerRow);
+    const auto choose = [&](const std::vector<XLSX::Sheet>& sheets) {
+        return file.sheet ? sheetIndex(sheets, file.path, *file.sheet) : 0;
+    };
+    return DataLoader::load(std::move(bytes), name, choose, file.headerRow);
 }
 
 TablePair loadPair(const PairChoice& files) {

@@ -3,9 +3,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "CorvaleKit/base/Failures.h"
 #include "CorvaleKit/loading/DataTable.h"
+#include "CorvaleKit/loading/XLSX.h"
 #include "cli/Arguments.h"
 
 namespace corvale::Cli {
@@ -27,8 +29,11 @@ struct TablePair {
 // Reads both files at the same time. When neither can be loaded, it is Before's failure that is thrown.
 TablePair loadPair(const PairChoice& files);
 
+// In workbook order.
+std::vector<std::string> sheetNames(const std::vector<XLSX::Sheet>& sheets);
+
 // The 0-based index of the sheet that `choice` names: a number from 1 when it is all digits, which need not exist, else
 // a name, equal as it stands or else ignoring letter case. Throws a SheetFailure about `path`.
-std::int64_t sheetIndex(std::string_view workbook, const std::string& path, std::string_view choice);
+std::int64_t sheetIndex(const std::vector<XLSX::Sheet>& sheets, const std::string& path, std::string_view choice);
 
 }  // namespace corvale::Cli

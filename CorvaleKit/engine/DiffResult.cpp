@@ -17,11 +17,11 @@ std::optional<std::int64_t> number(const DataTable& table, std::optional<std::in
 
 }  // namespace
 
-std::string_view DiffResult::cellBefore(const DiffRow& row, const ColumnPair& column) const {
+std::string_view DiffResult::cellBefore(const DiffRow& row, const ColumnPair& column) const& {
     return cell(before, row.left, column.left);
 }
 
-std::string_view DiffResult::cellAfter(const DiffRow& row, const ColumnPair& column) const {
+std::string_view DiffResult::cellAfter(const DiffRow& row, const ColumnPair& column) const& {
     return cell(after, row.right, column.right);
 }
 

@@ -115,8 +115,12 @@ struct DiffResult {
 
     // The cell of a result row in a result column; an empty text where that side has no such row or column. The view
     // lives as long as the table.
-    std::string_view cellBefore(const DiffRow& row, const ColumnPair& column) const;
-    std::string_view cellAfter(const DiffRow& row, const ColumnPair& column) const;
+    std::string_view cellBefore(const DiffRow& row, const ColumnPair& column) const&;
+    std::string_view cellAfter(const DiffRow& row, const ColumnPair& column) const&;
+
+    // A view into a result that nobody keeps would dangle.
+    std::string_view cellBefore(const DiffRow& row, const ColumnPair& column) const&& = delete;
+    std::string_view cellAfter(const DiffRow& row, const ColumnPair& column) const&& = delete;
 
     // The source row number to show for a result row: After's, else Before's.
     std::int64_t rowNumber(const DiffRow& row) const;

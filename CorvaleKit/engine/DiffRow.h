@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <iterator>
 #include <memory>
 #include <optional>
 #include <span>
@@ -10,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "CorvaleKit/base/IndexIterator.h"
 #include "CorvaleKit/engine/EnumTexts.h"
 #include "CorvaleKit/engine/RowPair.h"
 #include "CorvaleKit/loading/DataTable.h"
@@ -88,7 +88,7 @@ struct RowKeys {
 // other is kept here.
 class DiffRows {
 public:
-    class Iterator;
+    using Iterator = IndexIterator<DiffRows, DiffRow>;
     class Builder;
 
     DiffRows();
@@ -105,16 +105,15 @@ public:
     DiffRow operator[](std::size_t row) const&& = delete;
     std::span<const CellChange> changes(std::size_t row) const&& = delete;
 
-    Iterator begin() const;
-    Iterator end() const;
+    Iterator begin() const { return {*this, 0}; }
+    Iterator end() const { return {*this, size()}; }
 
     friend bool operator==(const DiffRows& a, const DiffRows& b);
 
     template <typename H>
     friend H AbslHashValue(H state, const DiffRows& rows) {
-        // NOLINTNEXTLINE(modernize-loop-convert): the iterator is complete only further down
-        for (std::size_t i = 0; i < rows.size(); ++i) {
-            state = H::combine(std::move(state), rows[i]);
+        for (const DiffRow row : rows) {
+            state = H::combine(std::move(state), row);
         }
         return H::combine(std::move(state), rows.size());
     }
@@ -125,30 +124,6 @@ private:
 
     std::shared_ptr<const Storage> m_storage;
 };
-
-class DiffRows::Iterator {
-public:
-    using iterator_category = std::input_iterator_tag;
-    using value_type = DiffRow;
-    using difference_type = std::ptrdiff_t;
-    using pointer = const DiffRow*;
-    using reference = DiffRow;
-
-    Iterator(const DiffRows& rows, std::size_t index) : m_rows(&rows), m_index(index) {}
-    DiffRow operator*() const { return (*m_rows)[m_index]; }
-    Iterator& operator++() {
-        ++m_index;
-        return *this;
-    }
-    bool operator==(const Iterator& other) const { return m_index == other.m_index; }
-
-private:
-    const DiffRows* m_rows;
-    std::size_t m_index;
-};
-
-inline DiffRows::Iterator DiffRows::begin() const { return {*this, 0}; }
-inline DiffRows::Iterator DiffRows::end() const { return {*this, size()}; }
 
 // Collects result rows in display order.
 class DiffRows::Builder {

@@ -2,12 +2,12 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "CorvaleKit/base/Bytes.h"
+#include "CorvaleKit/base/IndexIterator.h"
 
 namespace corvale {
 
@@ -17,14 +17,14 @@ class CellGrid;
 // A view: valid while the grid lives.
 class CellRow {
 public:
-    class Iterator;
+    using Iterator = IndexIterator<CellRow, std::string_view>;
 
     std::size_t size() const { return m_width; }
     bool empty() const { return m_width == 0; }
     // `column` is below size().
     std::string_view operator[](std::size_t column) const;
-    Iterator begin() const;
-    Iterator end() const;
+    Iterator begin() const { return {*this, 0}; }
+    Iterator end() const { return {*this, m_width}; }
     // The number of cells that the source has.
     std::size_t storedCells() const { return m_sparse ? m_stored / 2 : m_stored; }
     // Calls visit(column, text) for the cells that the source has, in column order: a thin row of a wide table costs
@@ -151,29 +151,5 @@ void CellRow::forEachStored(Visit visit) const {
         return false;
     });
 }
-
-class CellRow::Iterator {
-public:
-    using iterator_category = std::input_iterator_tag;
-    using value_type = std::string_view;
-    using difference_type = std::ptrdiff_t;
-    using pointer = const std::string_view*;
-    using reference = std::string_view;
-
-    Iterator(const CellRow& row, std::size_t column) : m_row(&row), m_column(column) {}
-    std::string_view operator*() const { return (*m_row)[m_column]; }
-    Iterator& operator++() {
-        ++m_column;
-        return *this;
-    }
-    bool operator==(const Iterator& other) const { return m_column == other.m_column; }
-
-private:
-    const CellRow* m_row;
-    std::size_t m_column;
-};
-
-inline CellRow::Iterator CellRow::begin() const { return {*this, 0}; }
-inline CellRow::Iterator CellRow::end() const { return {*this, m_width}; }
 
 }  // namespace corvale

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "CorvaleKit/base/IndexIterator.h"
 #include "CorvaleKit/loading/CellGrid.h"
 
 namespace corvale {
@@ -15,7 +16,7 @@ namespace corvale {
 // from it stays valid while this list, a copy of it or a table over the same grid lives.
 class CellRows {
 public:
-    class Iterator;
+    using Iterator = IndexIterator<CellRows, CellRow>;
 
     CellRows();
     // All rows of the grid, each as wide as the source has it.
@@ -35,8 +36,8 @@ public:
     }
     // `index` is below size().
     CellRow operator[](std::size_t index) const;
-    Iterator begin() const;
-    Iterator end() const;
+    Iterator begin() const { return {*this, 0}; }
+    Iterator end() const { return {*this, m_count}; }
 
     friend bool operator==(const CellRows& a, const CellRows& b);
 
@@ -50,30 +51,6 @@ private:
     std::size_t m_width = 0;
     Widths m_widths = Widths::asStored;
 };
-
-class CellRows::Iterator {
-public:
-    using iterator_category = std::input_iterator_tag;
-    using value_type = CellRow;
-    using difference_type = std::ptrdiff_t;
-    using pointer = const CellRow*;
-    using reference = CellRow;
-
-    Iterator(const CellRows& rows, std::size_t index) : m_rows(&rows), m_index(index) {}
-    CellRow operator*() const { return (*m_rows)[m_index]; }
-    Iterator& operator++() {
-        ++m_index;
-        return *this;
-    }
-    bool operator==(const Iterator& other) const { return m_index == other.m_index; }
-
-private:
-    const CellRows* m_rows;
-    std::size_t m_index;
-};
-
-inline CellRows::Iterator CellRows::begin() const { return {*this, 0}; }
-inline CellRows::Iterator CellRows::end() const { return {*this, m_count}; }
 
 inline CellRow CellRows::operator[](std::size_t index) const {
     CellRow row = m_grid->row(m_positions ? (*m_positions)[index] : m_first + index);

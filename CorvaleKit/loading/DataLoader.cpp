@@ -1,10 +1,10 @@
 #include "CorvaleKit/loading/DataLoader.h"
 
 #include <utility>
+#include <vector>
 
 #include "CorvaleKit/loading/CSV.h"
 #include "CorvaleKit/loading/TableBuilder.h"
-#include "CorvaleKit/loading/XLSX.h"
 #include "CorvaleKit/text/Text.h"
 
 namespace corvale::DataLoader {
@@ -36,9 +36,9 @@ std::string messageFor(Failure::Kind kind, std::string_view fileName) {
     return quoted;
 }
 
-DataTable loadWorkbook(Bytes bytes, std::string_view fileName, std::int64_t sheet,
+DataTable loadWorkbook(Bytes bytes, std::string_view fileName, const XLSX::SheetChoice& choose,
                        std::optional<std::int64_t> headerRow) {
-    const CellRows rows(XLSX::readSheet(bytes.view(), sheet));
+    const CellRows rows(XLSX::readSheet(bytes.view(), choose));
     DataTable table = TableBuilder::build(rows, std::string(fileName), headerRow);
     if (table.headers().empty()) {
         throw Failure(Failure::Kind::emptySheet, {});
@@ -66,8 +66,14 @@ Failure::Failure(Kind kind, std::string_view fileName)
     : UserFailure(messageFor(kind, fileName)), m_kind(kind), m_fileName(fileName) {}
 
 DataTable load(Bytes bytes, std::string_view fileName, std::int64_t sheet, std::optional<std::int64_t> headerRow) {
+    const auto choose = [sheet](const std::vector<XLSX::Sheet>&) { return sheet; };
+    return load(std::move(bytes), fileName, choose, headerRow);
+}
+
+DataTable load(Bytes bytes, std::string_view fileName, const XLSX::SheetChoice& choose,
+               std::optional<std::int64_t> headerRow) {
     refuseByName(fileName);
-    return isWorkbook(bytes.view(), fileName) ? loadWorkbook(std::move(bytes), fileName, sheet, headerRow)
+    return isWorkbook(bytes.view(), fileName) ? loadWorkbook(std::move(bytes), fileName, choose, headerRow)
                                               : loadText(std::move(bytes), fileName, headerRow);
 }
 

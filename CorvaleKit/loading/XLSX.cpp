@@ -20,7 +20,12 @@ std::string sheetNumber(std::int64_t index) {
 std::vector<Sheet> sheets(std::string_view bytes) { return openWorkbook(bytes).sheets; }
 
 CellGrid readSheet(std::string_view bytes, std::int64_t index) {
+    return readSheet(bytes, [index](const std::vector<Sheet>&) { return index; });
+}
+
+CellGrid readSheet(std::string_view bytes, const SheetChoice& choose) {
     Workbook workbook = openWorkbook(bytes);
+    const std::int64_t index = choose(workbook.sheets);
     if (index < 0 || static_cast<std::uint64_t>(index) >= workbook.sheets.size()) {
         throw Failure("The workbook has no sheet " + sheetNumber(index) + ".");
     }

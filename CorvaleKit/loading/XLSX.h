@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,7 +27,8 @@ struct Sheet {
     friend bool operator==(const Sheet&, const Sheet&) = default;
 };
 
-// How a numeric cell is shown.
+// How a numeric cell is shown. A workbook's code of more than 255 zeros, longer than any a spreadsheet program writes,
+// counts as general when cells are read.
 struct NumberFormat {
     enum class Kind : std::uint8_t { zeroPadded, general, date, dateTime, time, percent };
 
@@ -42,6 +44,12 @@ std::vector<Sheet> sheets(std::string_view bytes);
 // The rows of the sheet at a 0-based index, ragged, empty rows included. Reads the first 1,000 columns and 1,048,576
 // rows.
 CellGrid readSheet(std::string_view bytes, std::int64_t index);
+
+// Picks one of a workbook's sheets, of which there is at least one: a 0-based index.
+using SheetChoice = std::function<std::int64_t(const std::vector<Sheet>&)>;
+
+// The same for the sheet that `choose` picks; what it throws comes through.
+CellGrid readSheet(std::string_view bytes, const SheetChoice& choose);
 
 // The format of a style: a built-in id (ECMA-376 18.8.30), else the classified custom code.
 NumberFormat numberFormat(std::int64_t numFmtId, std::optional<std::string_view> code);

@@ -45,13 +45,20 @@ public:
             std::rethrow_exception(m_failure);
         }
         if (status != XML_STATUS_OK) {
-            const char* description = XML_ErrorString(XML_GetErrorCode(m_parser.get()));
-            throw XLSX::Failure(std::string("Part of the workbook couldn’t be read (") +
-                                (description != nullptr ? description : "bad XML") + ").");
+            fail(XML_GetErrorCode(m_parser.get()));
         }
     }
 
 private:
+    [[noreturn]] static void fail(XML_Error error) {
+        if (error == XML_ERROR_NO_MEMORY) {
+            throw std::bad_alloc();
+        }
+        const char* description = XML_ErrorString(error);
+        throw XLSX::Failure(std::string("Part of the workbook couldn’t be read (") +
+                            (description != nullptr ? description : "bad XML") + ").");
+    }
+
     static void onStart(void* self, const char* name, const char** attributes) {
         static_cast<Walk*>(self)->guarded([&](Walk& walk) { walk.start(withoutPrefix(name), Attributes(attributes)); });
     }

@@ -72,7 +72,8 @@ public:
 };
 
 // External entities are never read, and neither nested elements nor entities can make memory explode. The parser gets
-// the part in pieces of at most `piece` bytes. Throws XLSX::Failure when the part is no well-formed XML.
+// the part in pieces of at most `piece` bytes. Throws XLSX::Failure when the part is no well-formed XML, and
+// std::bad_alloc.
 void parse(std::string_view part, Handler& handler, std::size_t piece = INT_MAX);
 
 }  // namespace corvale::XMLEvents

@@ -144,6 +144,45 @@ TEST(FileReading, RefusesASparseGiant) {
     EXPECT_EQ(failureOf(path), "“" + path + "” is too large for this computer’s memory.");
 }
 
+// The limit for a file that tells no length; the pieces are small, the room is not.
+constexpr std::uint64_t megabyte = std::uint64_t{1} << 20U;
+
+TEST(FileReading, ReadsToTheEndWhatTellsNoLength) {
+    std::string all;
+    for (int i = 0; i < 300'000; ++i) {
+        all += static_cast<char>(i % 251);
+    }
+    for (const std::size_t size : {0U, 1U, 65535U, 65536U, 65537U, 131072U, 300'000U}) {
+        EXPECT_EQ(text(readToEnd("x.csv", megabyte, piecesOf(all.substr(0, size)))), all.substr(0, size));
+    }
+}
+
+TEST(FileReading, RefusesWhatHasNoEnd) {
+    std::size_t given = 0;
+    const auto endless = [&](char* target, std::size_t room) {
+        std::memset(target, 'x', room);
+        given += room;
+        return room;
+    };
+    try {
+        readToEnd("dir/x.csv", megabyte, endless);
+        ADD_FAILURE() << "it came to an end";
+    } catch (const FileFailure& failure) {
+        EXPECT_STREQ(failure.what(), "“dir/x.csv” is too large for this computer’s memory.");
+    }
+    EXPECT_LE(given, megabyte);
+}
+
+TEST(FileReading, ReadsFilesThatTheSystemMakesUp) {
+    const std::string path = "/proc/cpuinfo";
+    std::error_code error;
+    if (std::filesystem::file_size(path, error) != 0 || error) {
+        GTEST_SKIP() << "this system has no file that tells no length";
+    }
+    EXPECT_NE(readFile(path).size(), 0U);
+    EXPECT_EQ(text(readFile("/proc/version")).rfind("Linux version ", 0), 0U);
+}
+
 TEST(FileReading, ShowsNamesThatAreNoUtf8) {
     EXPECT_EQ(failureOf("no\xFF.csv"), "“no\uFFFD.csv” doesn’t exist.");
     EXPECT_EQ(fileNameOf("/dir/no\xFF.csv"), "no\uFFFD.csv");

@@ -40,6 +40,15 @@ TEST(JsonReport, ATableHasARowALine) {
               "\"topRows\":[]}\n");
 }
 
+TEST(JsonReport, ATableIsReadBackFromItsReport) {
+    const DataTable table({"ID", "“N”\n"}, {{"1", "a\t\\"}, {"2", ""}, {"", "é\""}}, "t.csv", {2, 4, 9}, 1);
+    const std::string document = written([&](const auto& sink) { writeTable(table, sink); });
+    EXPECT_EQ(DataTable::decoded(document), table);
+    auto form = nlohmann::json::parse(document);
+    form.erase("topRows");
+    EXPECT_EQ(form, nlohmann::json::parse(table.encoded()));
+}
+
 TEST(JsonReport, TopRowsAreAsWideAsTheyWere) {
     DataTable::Parts parts;
     parts.headers = {"A", "B"};

@@ -2,6 +2,7 @@
 #include <nlohmann/json.hpp>
 #include <sys/stat.h>
 
+#include <chrono>
 #include <csignal>
 
 #include "tests/cli/Program.h"
@@ -206,7 +207,7 @@ TEST_F(ProgramWithTables, TroubleIsOneLineAndNoOutput) {
         {{"compare", "no.csv", "."}, "“no.csv” doesn’t exist."},
         {{"compare", "empty.csv", "no.csv"}, "“empty.csv” is empty."},
         {{"compare", "a.csv"}, "AFTER is required; see corvale-cli compare --help"},
-        {{}, "A command is missing: it is one of sheets, table, key and compare."},
+        {{}, "A command is missing: it is one of sheets, table, key, compare and report."},
     };
     for (const auto& [arguments, message] : cases) {
         expectTrouble(arguments, message);
@@ -267,6 +268,49 @@ TEST_F(ProgramWithALongTable, WhereBrokenPipesAreNoSignalTheyAreTold) {
 
 TEST_F(ProgramWithALongTable, PrintsEveryRow) {
     EXPECT_EQ(nlohmann::json::parse(run({"table", "long.csv"}).output)["rows"].size(), 20000U);
+}
+
+// A cell at the far end of each of a million rows: a few megabytes that claim a thousand million cells.
+class ProgramWithAHostileWorkbook : public Program {
+protected:
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    void SetUp() override { GTEST_SKIP() << "a sanitizer reserves terabytes of addresses"; }
+#else
+    void SetUp() override {
+        std::string rows;
+        for (int row = 1; row <= 1'048'576; ++row) {
+            const std::string number = std::to_string(row);
+            rows.append("<row r=\"").append(number).append("\"><c r=\"ALL").append(number);
+            rows.append("\"><v>1</v></c></row>");
+        }
+        m_folder.write("hostile.xlsx", Workbooks::package(Workbooks::oneSheet(rows)));
+    }
+#endif
+    // What it prints is 3 GB, and goes nowhere.
+    ProcessResult table(int kilobytes) const {
+        ProcessSettings limited = settings();
+        limited.limit = std::chrono::seconds(10);
+        const std::string script =
+            "ulimit -v " + std::to_string(kilobytes) + " && exec \"$0\" table hostile.xlsx > /dev/null";
+        return TestSupport::runProcess("sh", {"-c", script, TestFiles::program("corvale-cli").string()}, limited);
+    }
+};
+
+TEST_F(ProgramWithAHostileWorkbook, TwoGigabytesAndTenSecondsAreEnough) {
+    const ProcessResult result = table(2 * 1024 * 1024);
+    EXPECT_FALSE(result.wasKilled);
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.error, "");
+}
+
+TEST_F(ProgramWithAHostileWorkbook, TooLittleMemoryIsTold) {
+    // It ends in one part of the program or another.
+    for (const int megabytes : {60, 100, 120}) {
+        const ProcessResult result = table(megabytes * 1024);
+        EXPECT_FALSE(result.wasKilled);
+        EXPECT_EQ(result.status, 2) << megabytes;
+        EXPECT_EQ(result.error, "corvale-cli: This computer doesn’t have enough memory for these files.\n");
+    }
 }
 
 }  // namespace

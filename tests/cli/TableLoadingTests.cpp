@@ -13,35 +13,35 @@ namespace {
 
 using TestSupport::ScratchFolder;
 
-std::string workbookOf(const std::vector<std::string>& names) {
-    std::vector<TextSheet> sheets;
+std::vector<XLSX::Sheet> sheetsNamed(const std::vector<std::string>& names) {
+    std::vector<XLSX::Sheet> sheets;
     for (const std::string& name : names) {
         sheets.push_back({name, {}});
     }
-    return textWorkbook(sheets);
+    return sheets;
 }
 
 TEST(TableLoading, ASheetOfDigitsIsANumber) {
-    const std::string workbook = workbookOf({"2", "1"});
-    EXPECT_EQ(sheetIndex(workbook, "b.xlsx", "1"), 0);
-    EXPECT_EQ(sheetIndex(workbook, "b.xlsx", "002"), 1);
-    EXPECT_EQ(sheetIndex(workbook, "b.xlsx", "0"), -1);
-    EXPECT_EQ(sheetIndex(workbook, "b.xlsx", "7"), 6);
-    EXPECT_THROW(sheetIndex(workbook, "b.xlsx", "99999999999999999999"), SheetFailure);
+    const auto sheets = sheetsNamed({"2", "1"});
+    EXPECT_EQ(sheetIndex(sheets, "b.xlsx", "1"), 0);
+    EXPECT_EQ(sheetIndex(sheets, "b.xlsx", "002"), 1);
+    EXPECT_EQ(sheetIndex(sheets, "b.xlsx", "0"), -1);
+    EXPECT_EQ(sheetIndex(sheets, "b.xlsx", "7"), 6);
+    EXPECT_THROW(sheetIndex(sheets, "b.xlsx", "99999999999999999999"), SheetFailure);
 }
 
 TEST(TableLoading, AnyOtherSheetIsAName) {
-    const std::string workbook = workbookOf({"stock", "Stock", "-1", "1.", ""});
-    EXPECT_EQ(sheetIndex(workbook, "b.xlsx", "Stock"), 1);
-    EXPECT_EQ(sheetIndex(workbook, "b.xlsx", "STOCK"), 0);
-    EXPECT_EQ(sheetIndex(workbook, "b.xlsx", "-1"), 2);
-    EXPECT_EQ(sheetIndex(workbook, "b.xlsx", "1."), 3);
-    EXPECT_EQ(sheetIndex(workbook, "b.xlsx", ""), 4);
+    const auto sheets = sheetsNamed({"stock", "Stock", "-1", "1.", ""});
+    EXPECT_EQ(sheetIndex(sheets, "b.xlsx", "Stock"), 1);
+    EXPECT_EQ(sheetIndex(sheets, "b.xlsx", "STOCK"), 0);
+    EXPECT_EQ(sheetIndex(sheets, "b.xlsx", "-1"), 2);
+    EXPECT_EQ(sheetIndex(sheets, "b.xlsx", "1."), 3);
+    EXPECT_EQ(sheetIndex(sheets, "b.xlsx", ""), 4);
 }
 
 TEST(TableLoading, AMissingSheetIsNamedWithThoseThatAreThere) {
     try {
-        sheetIndex(workbookOf({"A", "B"}), "dir/b.xlsx", "C");
+        sheetIndex(sheetsNamed({"A", "B"}), "dir/b.xlsx", "C");
         FAIL();
     } catch (const SheetFailure& failure) {
         EXPECT_STREQ(failure.what(), "“dir/b.xlsx” has no sheet “C”. It has “A” and “B”.");
@@ -53,6 +53,28 @@ TEST(TableLoading, ATableIsKnownByItsFileName) {
     const DataTable table = loadTable({folder.write("a.csv", "A\n1\n"), {}, {}});
     EXPECT_EQ(table.sourceName(), "a.csv");
     EXPECT_EQ(table.headers(), std::vector<std::string>{"A"});
+}
+
+TEST(TableLoading, TheSheetIsChosenAmongThoseOfAWorkbook) {
+    const ScratchFolder folder;
+    const std::string workbook = folder.write(
+        "book.xlsx", textWorkbook({{"One", {{"A"}, {"1"}}}, {"Two", {{"B"}, {"2"}}}, {"1", {{"C"}, {"3"}}}}));
+    const auto header = [&](std::optional<std::string> sheet) {
+        const DataTable table = loadTable({workbook, std::move(sheet), {}});
+        return table.headers().front();
+    };
+    EXPECT_EQ(header({}), "A");
+    EXPECT_EQ(header("two"), "B");
+    EXPECT_EQ(header("3"), "C");
+    EXPECT_EQ(header("1"), "A");
+    EXPECT_THROW(header("4"), XLSX::Failure);
+    EXPECT_THROW(header("Three"), SheetFailure);
+}
+
+TEST(TableLoading, TextFilesHaveNoSheetsToChooseFrom) {
+    const ScratchFolder folder;
+    const DataTable table = loadTable({folder.write("a.csv", "A\n1\n"), "No such sheet", {}});
+    EXPECT_EQ(table.headers().front(), "A");
 }
 
 TEST(TableLoading, BothSidesAreLoaded) {

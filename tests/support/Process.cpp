@@ -181,11 +181,11 @@ void Process::readOn() {
     killWhenLate();
 }
 
-bool Process::waitForError(std::string_view text) {
-    while (m_error.descriptor >= 0 && m_error.text.find(text) == std::string::npos) {
+bool Process::waitFor(const Channel& channel, std::string_view text) {
+    while (channel.descriptor >= 0 && channel.text.find(text) == std::string::npos) {
         readOn();
     }
-    return m_error.text.find(text) != std::string::npos;
+    return channel.text.find(text) != std::string::npos;
 }
 
 ProcessResult Process::finish() {

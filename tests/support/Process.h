@@ -43,7 +43,9 @@ public:
 
     void send(int signal) const;
     // Reads on until `text` has come on standard error; false when the program ended first.
-    bool waitForError(std::string_view text);
+    bool waitForError(std::string_view text) { return waitFor(m_error, text); }
+    // The same of standard output. What the program writes until finish() is called fills the pipe and then waits.
+    bool waitForOutput(std::string_view text) { return waitFor(m_output, text); }
     // Closes our end of its standard output.
     void closeOutput();
     ProcessResult finish();
@@ -56,6 +58,7 @@ private:
     };
 
     bool isOpen() const { return m_output.descriptor >= 0 || m_error.descriptor >= 0; }
+    bool waitFor(const Channel& channel, std::string_view text);
     void readOn();
     static void readPiece(Channel& channel);
     void killWhenLate();

@@ -122,6 +122,14 @@ TEST(Numbers, DecimalsOutOfRangeAreNoneOrZero) {
         "-1" + zeros + ".5",
         "0.001e400",
         "1" + zeros + "e-50",
+        "1e9223372036854775807",
+        "1e9223372036854775808",
+        "1e18446744073709551616",
+        "-1e99999999999999999999",
+        "0.001e9223372036854775807",
+        ".1e+9223372036854775808",
+        "1.e9223372036854775807",
+        zeros + "1e9223372036854775807",
     };
     for (const auto& text : tooLarge) {
         EXPECT_EQ(Numbers::decimal(text), std::nullopt) << text;
@@ -134,6 +142,14 @@ TEST(Numbers, DecimalsOutOfRangeAreNoneOrZero) {
         "1000e-400",
         "." + zeros + "1e50",
         "+1e-400",
+        "1e-9223372036854775808",
+        "1e-9223372036854775809",
+        "1e-18446744073709551616",
+        "-1e-99999999999999999999",
+        "0.001e-9223372036854775808",
+        "1000e-9223372036854775808",
+        ".1e-9223372036854775809",
+        "1" + zeros + "e-9223372036854775807",
     };
     for (const auto& text : tooSmall) {
         EXPECT_EQ(Numbers::decimal(text), 0.0) << text;
@@ -146,6 +162,28 @@ TEST(Numbers, LongMantissasAndExponentsMayCancelOut) {
     EXPECT_EQ(Numbers::decimal("0." + zeros + "1e401"), 1.0);
     EXPECT_EQ(Numbers::decimal("0e99999999999999999999"), 0.0);
     EXPECT_EQ(Numbers::decimal("0." + zeros + "e400"), 0.0);
+}
+
+TEST(Numbers, NothingTimesAnyPowerIsNothing) {
+    for (const std::string exponent : {"9223372036854775807",
+                                       "9223372036854775808",
+                                       "18446744073709551616",
+                                       "-9223372036854775808",
+                                       "-9223372036854775809",
+                                       "-99999999999999999999"}) {
+        for (const std::string nothing : {"0", "-0", "+0", "0.000", ".0", "0000."}) {
+            EXPECT_EQ(Numbers::decimal(nothing + "e" + exponent), 0.0) << nothing << "e" << exponent;
+        }
+    }
+}
+
+TEST(Numbers, AnExponentAloneIsNoNumber) {
+    for (const std::string exponent :
+         {"e9223372036854775807", "e9223372036854775808", "e-9223372036854775809", "E99999999999999999999"}) {
+        for (const std::string before : {"", "-", "+", ".", "-."}) {
+            EXPECT_EQ(Numbers::decimal(before + exponent), std::nullopt) << before << exponent;
+        }
+    }
 }
 
 }  // namespace

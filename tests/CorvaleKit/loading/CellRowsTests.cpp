@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,6 +15,8 @@ using Grids::Rows;
 using Grids::texts;
 
 const Rows source = {{"a", "b"}, {}, {"c", "d", "e"}, {"f"}, {"g", "h"}};
+
+static_assert(std::random_access_iterator<CellRows::Iterator> && std::random_access_iterator<CellRow::Iterator>);
 
 TEST(CellRows, AreEmptyByDefault) {
     const CellRows none;

@@ -1,0 +1,225 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <memory>
+#include <set>
+#include <string>
+#include <thread>
+
+#include "CorvaleKit/loading/DataLoader.h"
+#include "tests/cli/Program.h"
+#include "tests/support/ScratchFolder.h"
+
+namespace corvale::Cli {
+namespace {
+
+using TestSupport::Process;
+using TestSupport::ProcessResult;
+using TestSupport::ProcessSettings;
+using TestSupport::ScratchFolder;
+
+// Runs in the folder of two small tables, so that names are short.
+class Report : public testing::Test {
+protected:
+    Report() {
+        m_folder.write("a.csv", "ID,Name\n1,Ann\n2,Bo\n");
+        m_folder.write("b.csv", "ID,Name\n1,Ann\n2,Bob\n");
+    }
+
+    ProcessSettings settings() const {
+        ProcessSettings settings;
+        settings.folder = m_folder.path();
+        return settings;
+    }
+    ProcessResult report(std::vector<std::string> options) const {
+        options.insert(options.begin(), {"report", "a.csv", "b.csv"});
+        return runProgram(std::move(options), settings());
+    }
+    // Runs a shell script whose $0 is the program.
+    ProcessResult shell(const std::string& script) const {
+        return TestSupport::runProcess("bash", {"-c", script, TestFiles::program("corvale-cli").string()}, settings());
+    }
+    void expectTrouble(const ProcessResult& result, const std::string& message) const {
+        EXPECT_EQ(result.status, 2);
+        EXPECT_EQ(result.output, "");
+        EXPECT_EQ(result.error, "corvale-cli: " + message + "\n");
+    }
+    std::string content(const std::string& name) const { return TestFiles::read(m_folder.at(name)); }
+    std::set<std::string> names() const {
+        std::set<std::string> all;
+        for (const auto& entry : std::filesystem::directory_iterator(m_folder.path())) {
+            all.insert(entry.path().filename().string());
+        }
+        return all;
+    }
+
+    ScratchFolder m_folder;
+};
+
+TEST_F(Report, APageIsSavedWithoutAWord) {
+    const ProcessResult result = report({"-o", "r.html"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(result.error, "");
+    EXPECT_NE(content("r.html").find("<del>Bo</del> <ins>Bob</ins>"), std::string::npos);
+    EXPECT_EQ(names(), (std::set<std::string>{"a.csv", "b.csv", "r.html"}));
+}
+
+TEST_F(Report, AWorkbookListsTheRowsThatDifferAndOthersWhenAsked) {
+    const auto rows = [&](const std::vector<std::string>& options) {
+        EXPECT_EQ(report(options).status, 0);
+        const DataTable changes = DataLoader::load(Bytes(content("r.xlsx")), "r.xlsx", 1);
+        return changes.rows().size();
+    };
+    EXPECT_EQ(rows({"-o", "r.xlsx"}), 1U);
+    EXPECT_EQ(rows({"-o", "r.xlsx", "--include-unchanged"}), 2U);
+}
+
+TEST_F(Report, SpeaksSpanishWhenAsked) {
+    EXPECT_EQ(report({"-o", "r.html", "--lang", "es"}).status, 0);
+    EXPECT_NE(content("r.html").find("<html lang=\"es\">"), std::string::npos);
+    EXPECT_NE(content("r.html").find("Filas modificadas<b>1</b>"), std::string::npos);
+}
+
+TEST_F(Report, FollowsTheComparisonOptions) {
+    EXPECT_EQ(report({"-o", "r.html", "--ignore-column", "Name"}).status, 0);
+    EXPECT_NE(content("r.html").find("No differences."), std::string::npos);
+}
+
+TEST_F(Report, AnOldFileIsReplacedAndKeepsItsAccessRights) {
+    m_folder.write("r.html", std::string(1 << 20, 'x'));
+    ASSERT_EQ(::chmod(m_folder.at("r.html").c_str(), 0640), 0);
+    EXPECT_EQ(report({"-o", "r.html"}).status, 0);
+    EXPECT_TRUE(content("r.html").starts_with("<!doctype html>"));
+    struct stat status = {};
+    ASSERT_EQ(::stat(m_folder.at("r.html").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0640U);
+}
+
+TEST_F(Report, ALinkStaysALink) {
+    std::filesystem::create_directory(m_folder.path() / "kept");
+    m_folder.write("kept/real.html", "old");
+    std::filesystem::create_symlink("kept/real.html", m_folder.path() / "r.html");
+    EXPECT_EQ(report({"-o", "r.html"}).status, 0);
+    EXPECT_TRUE(std::filesystem::is_symlink(m_folder.path() / "r.html"));
+    EXPECT_TRUE(content("kept/real.html").starts_with("<!doctype html>"));
+}
+
+TEST_F(Report, WhereItCannotGoIsToldInOneLine) {
+    std::filesystem::create_directory(m_folder.path() / "folder.html");
+    expectTrouble(report({"-o", "folder.html"}), "“folder.html” is a folder, not a file.");
+    expectTrouble(report({"-o", "none/r.html"}), "The folder “none” doesn’t exist.");
+    expectTrouble(report({"-o", "r.pdf"}), "A report is a file .xlsx or .html, which “r.pdf” is not.");
+    expectTrouble(report({"-o", "a.csv/r.html"}), "“a.csv/r.html” can’t be written: Not a directory.");
+    ASSERT_EQ(::mkfifo(m_folder.at("pipe.html").c_str(), 0600), 0);
+    expectTrouble(report({"-o", "pipe.html"}), "“pipe.html” is not a file.");
+}
+
+TEST_F(Report, NeitherFileOfTheComparisonIsOverwritten) {
+    m_folder.write("old.html", content("a.csv"));
+    const ProcessResult result = runProgram({"report", "old.html", "b.csv", "-o", "./old.html"}, settings());
+    expectTrouble(result, "“./old.html” is one of the files to compare.");
+    EXPECT_EQ(content("old.html"), content("a.csv"));
+}
+
+TEST_F(Report, AReadOnlyFolderKeepsTheOldFile) {
+    std::filesystem::create_directory(m_folder.path() / "sealed");
+    m_folder.write("sealed/r.html", "old");
+    ASSERT_EQ(::chmod(m_folder.at("sealed").c_str(), 0555), 0);
+    // Folders are read-only to root as well where it has no rights beyond those of an owner.
+    const std::string wrapper = ::geteuid() == 0 ? "exec unshare --user " : "exec ";
+    const ProcessResult result = shell(wrapper + "\"$0\" report a.csv b.csv -o sealed/r.html");
+    ASSERT_EQ(::chmod(m_folder.at("sealed").c_str(), 0755), 0);
+    if (result.error.starts_with("unshare")) {
+        GTEST_SKIP() << "this system lets root not step down";
+    }
+    expectTrouble(result, "“sealed/r.html” can’t be written: Permission denied.");
+    EXPECT_EQ(content("sealed/r.html"), "old");
+}
+
+TEST_F(Report, ALimitOnFileSizesKeepsTheOldFile) {
+    m_folder.write("r.html", "old");
+    expectTrouble(shell("trap '' XFSZ; ulimit -f 1; exec \"$0\" report a.csv b.csv -o r.html"),
+                  "“r.html” can’t be written: File too large.");
+    EXPECT_EQ(content("r.html"), "old");
+    EXPECT_EQ(names(), (std::set<std::string>{"a.csv", "b.csv", "r.html"}));
+}
+
+TEST_F(Report, AFullDiskKeepsTheOldFile) {
+    std::filesystem::create_directory(m_folder.path() / "small");
+    const ProcessResult result = shell(
+        "exec unshare --user --map-root-user --mount bash -c '"
+        "mount -t tmpfs -o size=4k tmpfs small 2>&- || exit 99; printf %s old >small/r.html;"
+        "\"$0\" report a.csv b.csv -o small/r.html; code=$?; cat small/r.html; ls -A small | wc -l; exit $code' "
+        "\"$0\"");
+    if (result.status == 99 || result.error.starts_with("unshare")) {
+        GTEST_SKIP() << "this system lets nobody mount a small disk";
+    }
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.error, "corvale-cli: “small/r.html” can’t be written: No space left on device.\n");
+    EXPECT_EQ(result.output, "old1\n");
+}
+
+// Saving takes long enough to be stopped in the middle.
+class InterruptedReport : public Report {
+protected:
+    InterruptedReport() {
+        std::string before = "ID,A,B,C\n";
+        std::string after = before;
+        for (int i = 0; i < 300000; ++i) {
+            const std::string id = std::to_string(i);
+            before += id + "," + id + "0,text,x\n";
+            after += id + "," + id + "1,text,y\n";
+        }
+        m_folder.write("a.csv", before);
+        m_folder.write("b.csv", after);
+    }
+
+    bool hasUnfinishedFile() const {
+        const std::set<std::string> all = names();
+        return std::any_of(
+            all.begin(), all.end(), [](const std::string& name) { return name.starts_with(".r.html-"); });
+    }
+    // True when the signal came while the file was written.
+    bool stopWith(int signal, int expectedStatus) {
+        m_folder.write("r.html", "old");
+        Process process(
+            TestFiles::program("corvale-cli"), {"report", "a.csv", "b.csv", "--key", "ID", "-o", "r.html"}, settings());
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+        while (!hasUnfinishedFile() && std::chrono::steady_clock::now() < deadline) {
+            std::this_thread::sleep_for(std::chrono::microseconds(200));
+            if (content("r.html") != "old") {
+                process.finish();
+                return false;
+            }
+        }
+        process.send(signal);
+        const ProcessResult result = process.finish();
+        if (result.status == 0) {
+            return false;
+        }
+        EXPECT_EQ(expectedStatus == 0 ? result.signal : result.status, expectedStatus == 0 ? signal : expectedStatus);
+        EXPECT_EQ(content("r.html"), "old");
+        EXPECT_EQ(names(), (std::set<std::string>{"a.csv", "b.csv", "r.html"}));
+        return true;
+    }
+    void expectNoTraceOf(int signal, int expectedStatus) {
+        for (int attempt = 0; attempt < 20; ++attempt) {
+            if (stopWith(signal, expectedStatus)) {
+                return;
+            }
+        }
+        FAIL() << "the signal never came in time";
+    }
+};
+
+TEST_F(InterruptedReport, CtrlCLeavesTheOldFileAndNothingElse) { expectNoTraceOf(SIGINT, 130); }
+TEST_F(InterruptedReport, ATerminationLeavesTheOldFileAndNothingElse) { expectNoTraceOf(SIGTERM, 0); }
+TEST_F(InterruptedReport, AClosedTerminalLeavesTheOldFileAndNothingElse) { expectNoTraceOf(SIGHUP, 0); }
+
+}  // namespace
+}  // namespace corvale::Cli
