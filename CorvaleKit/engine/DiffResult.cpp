@@ -4,13 +4,6 @@ namespace corvale {
 
 namespace {
 
-std::string_view cell(const DataTable& table, std::optional<std::int64_t> row, std::optional<std::int64_t> column) {
-    if (!row || !column) {
-        return {};
-    }
-    return table.rows()[static_cast<std::size_t>(*row)][static_cast<std::size_t>(*column)];
-}
-
 std::optional<std::int64_t> number(const DataTable& table, std::optional<std::int64_t> row) {
     return row ? std::optional(table.rowNumber(static_cast<std::size_t>(*row))) : std::nullopt;
 }
@@ -18,11 +11,11 @@ std::optional<std::int64_t> number(const DataTable& table, std::optional<std::in
 }  // namespace
 
 std::string_view DiffResult::cellBefore(const DiffRow& row, const ColumnPair& column) const& {
-    return cell(before, row.left, column.left);
+    return RowCells(*this, row).before(column);
 }
 
 std::string_view DiffResult::cellAfter(const DiffRow& row, const ColumnPair& column) const& {
-    return cell(after, row.right, column.right);
+    return RowCells(*this, row).after(column);
 }
 
 std::optional<std::int64_t> DiffResult::rowNumber(DuplicateKey::Side side, const DiffRow& row) const {

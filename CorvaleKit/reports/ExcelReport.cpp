@@ -187,6 +187,7 @@ void ExcelReport::changesHeader(WorksheetPart& sheet) const {
 
 void ExcelReport::changesRow(WorksheetPart& sheet, const DiffRow& row) const {
     const Style style = rowStyle(row.status);
+    const RowCells cells(m_result, row);
     sheet.beginRow();
     sheet.cell(ReportTexts::statusLabel(row.status, m_strings),
                row.status == DiffRow::Status::changed ? Style::changed : style);
@@ -200,7 +201,7 @@ void ExcelReport::changesRow(WorksheetPart& sheet, const DiffRow& row) const {
             cellStyle = change->kind == ChangeKind::value ? Style::changed : Style::typeOnly;
             ++change;
         }
-        sheet.cell(ReportTexts::shownCell(m_result, row, m_result.columns[c]), cellStyle, true);
+        sheet.cell(cells.shown(m_result.columns[c]), cellStyle, true);
     }
     sheet.endRow();
 }

@@ -1,9 +1,13 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
+#include "CorvaleKit/base/Memory.h"
 #include "CorvaleKit/reports/ReportTexts.h"
 #include "CorvaleKit/reports/Reports.h"
 
@@ -12,6 +16,8 @@ namespace corvale::Reports {
 namespace {
 
 constexpr std::size_t shownDuplicates = 50;
+// Rows that differ are far apart in large tables, and fetching a cell takes longer than writing a few rows.
+constexpr std::size_t rowsAhead = 4;
 // The fixed pieces of a page; what the rows take is anybody's guess.
 constexpr std::size_t firstReserve = 1632;
 
@@ -52,33 +58,50 @@ constexpr std::string_view entity(char markup) {
     }
 }
 
-// Collects the page; what is not a literal goes through text().
+// Collects the page; what is not a literal goes through text(). A page is made of very short pieces, so they are put
+// together in a block first, and the long string is appended to once a block.
 class Page {
 public:
     Page() { m_html.reserve(firstReserve); }
 
     Page& literal(std::string_view html) {
-        m_html += html;
+        if (html.size() > m_block.size() - m_used) {
+            flush();
+        }
+        if (html.size() > m_block.size()) {
+            m_html += html;
+            return *this;
+        }
+        std::memcpy(m_block.data() + m_used, html.data(), html.size());
+        m_used += html.size();
         return *this;
     }
     Page& text(std::string_view value) {
         std::size_t begin = 0;
         for (std::size_t i = 0; i < value.size(); ++i) {
             if (isMarkup(value[i])) {
-                m_html += value.substr(begin, i - begin);
-                m_html += entity(value[i]);
+                literal(value.substr(begin, i - begin)).literal(entity(value[i]));
                 begin = i + 1;
             }
         }
-        m_html += value.substr(begin);
-        return *this;
+        return literal(value.substr(begin));
     }
     Page& number(std::int64_t value) { return literal(std::to_string(value)); }
 
-    std::string take() { return std::move(m_html); }
+    std::string take() {
+        flush();
+        return std::move(m_html);
+    }
 
 private:
+    void flush() {
+        m_html.append(m_block.data(), m_used);
+        m_used = 0;
+    }
+
     std::string m_html;
+    std::array<char, 4096> m_block;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled before it is read
+    std::size_t m_used = 0;
 };
 
 class HtmlReport {
@@ -110,9 +133,11 @@ private:
     void countIfAny(const std::string& label, std::int64_t count);
     void duplicates();
     void table();
+    std::vector<std::size_t> differingRows() const;
+    void prefetch(const DiffRow& row) const;
     void headerCell(const ColumnPair& column);
     void row(const DiffRow& row);
-    void changedCell(const DiffRow& row, const CellChange& change);
+    void changedCell(const RowCells& cells, const CellChange& change);
 
     const DiffResult& m_result;
     const ReportStrings& m_strings;
@@ -211,12 +236,32 @@ void HtmlReport::table() {
         headerCell(column);
     }
     m_page.literal("</tr></thead><tbody>\n");
-    for (std::size_t i = 0; i < m_result.rows.size(); ++i) {
-        if (m_result.rows.status(i) != DiffRow::Status::same) {
-            row(m_result.rows[i]);
+    const std::vector<std::size_t> rows = differingRows();
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (i + rowsAhead < rows.size()) {
+            prefetch(m_result.rows[rows[i + rowsAhead]]);
         }
+        row(m_result.rows[rows[i]]);
     }
     m_page.literal("</tbody></table>\n");
+}
+
+std::vector<std::size_t> HtmlReport::differingRows() const {
+    std::vector<std::size_t> rows;
+    for (std::size_t i = 0; i < m_result.rows.size(); ++i) {
+        if (m_result.rows.status(i) != DiffRow::Status::same) {
+            rows.push_back(i);
+        }
+    }
+    return rows;
+}
+
+void HtmlReport::prefetch(const DiffRow& row) const {
+    if (!m_result.columns.empty()) {
+        const RowCells cells(m_result, row);
+        Memory::prefetch(cells.before(m_result.columns.front()).data());
+        Memory::prefetch(cells.after(m_result.columns.front()).data());
+    }
 }
 
 void HtmlReport::headerCell(const ColumnPair& column) {
@@ -231,26 +276,26 @@ void HtmlReport::row(const DiffRow& row) {
                                                    : "<tr><td>");
     m_page.text(ReportTexts::statusLabel(row.status, m_strings)).literal("</td><td>");
     m_page.text(ReportTexts::keyText(row.key, m_strings)).literal("</td>");
+    const RowCells cells(m_result, row);
     auto change = row.changes.begin();
     for (std::size_t c = 0; c < m_result.columns.size(); ++c) {
         if (change != row.changes.end() && static_cast<std::size_t>(change->column) == c) {
-            changedCell(row, *change++);
+            changedCell(cells, *change++);
         } else {
-            const std::string_view shown = ReportTexts::shownCell(m_result, row, m_result.columns[c]);
-            m_page.literal("<td>").text(shown).literal("</td>");
+            m_page.literal("<td>").text(cells.shown(m_result.columns[c])).literal("</td>");
         }
     }
     m_page.literal("</tr>\n");
 }
 
-void HtmlReport::changedCell(const DiffRow& row, const CellChange& change) {
+void HtmlReport::changedCell(const RowCells& cells, const CellChange& change) {
     const ColumnPair& column = m_result.columns[static_cast<std::size_t>(change.column)];
     m_page.literal(change.kind == ChangeKind::value ? "<td class=\"c\" title=\"" : "<td class=\"t\" title=\"")
         .text(ReportTexts::kindLabel(change.kind, m_strings))
         .literal("\"><del>")
-        .text(m_result.cellBefore(row, column))
+        .text(cells.before(column))
         .literal("</del> <ins>")
-        .text(m_result.cellAfter(row, column))
+        .text(cells.after(column))
         .literal("</ins></td>");
 }
 

@@ -1,6 +1,6 @@
 #include "CorvaleKit/reports/ReportTexts.h"
 
-#include <vector>
+#include <cstddef>
 
 namespace corvale::ReportTexts {
 
@@ -83,10 +83,6 @@ std::string columnHeading(const ColumnPair& column) {
 
 std::string_view keyText(std::string_view key, const ReportStrings& strings) {
     return key.empty() ? std::string_view(strings.blankKey) : key;
-}
-
-std::string_view shownCell(const DiffResult& result, const DiffRow& row, const ColumnPair& column) {
-    return row.right && column.right ? result.cellAfter(row, column) : result.cellBefore(row, column);
 }
 
 std::string rowNumbers(const std::vector<std::int64_t>& numbers) {

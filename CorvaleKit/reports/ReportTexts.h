@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "CorvaleKit/engine/DiffResult.h"
 #include "CorvaleKit/reports/ReportStrings.h"
@@ -25,9 +26,6 @@ std::string columnHeading(const ColumnPair& column);
 
 // The key, or the words for a blank one.
 std::string_view keyText(std::string_view key, const ReportStrings& strings);
-
-// What an unchanged cell shows: After's text where After has the row and the column, else Before's.
-std::string_view shownCell(const DiffResult& result, const DiffRow& row, const ColumnPair& column);
 
 // "2, 5, 9"
 std::string rowNumbers(const std::vector<std::int64_t>& numbers);
