@@ -16,7 +16,7 @@
 #include "tests/support/Tables.h"
 #include "tests/support/TestFiles.h"
 
-// What other programs make of our workbooks. `./dev` tells which of these programs are missing.
+// What other programs make of our reports. `./dev` tells which of these programs are missing.
 namespace corvale {
 namespace {
 
@@ -42,10 +42,10 @@ bool runs(const std::string& program, const std::vector<std::string>& arguments)
     }
 }
 
-// Debian's own Python has the packages; another one may come first in the path. Empty when none can read workbooks.
-std::string pythonWithOpenpyxl() {
+// Debian's own Python has the packages; another one may come first in the path. Empty when none has that one.
+std::string pythonWith(const std::string& package) {
     for (const std::string python : {"python3", "/usr/bin/python3"}) {
-        if (runs(python, {"-c", "import openpyxl"})) {
+        if (runs(python, {"-c", "import " + package})) {
             return python;
         }
     }
@@ -53,7 +53,7 @@ std::string pythonWithOpenpyxl() {
 }
 
 // Rows of every status, changes of every kind, and texts that a careless writer turns into something else.
-std::string report() {
+DiffResult comparison() {
     DiffOptions options;
     options.ignoreWhitespace = false;
     const DataTable before = Tables::table(
@@ -64,9 +64,10 @@ std::string report() {
         "ID,Name,Price,Since,New\n1,pen,2.5,2024-02-29,+1\n3,Hat,5,,\n5,Zürich,007,2024-03-01 14:30,@SUM(A1)\n"
         "4,Ink ,2,x,-x\n",
         "new.csv");
-    return Reports::excelReport(
-        DiffEngine::compare(before, after, RowMatch::key({"ID"}), options, NumberStyle::dotDecimal), {}, true);
+    return DiffEngine::compare(before, after, RowMatch::key({"ID"}), options, NumberStyle::dotDecimal);
 }
+
+std::string report() { return Reports::excelReport(comparison(), {}, true); }
 
 // A line for every sheet with its pane and filter, then one for every row: the cells' types and values, and in brackets
 // what is not plain about them.
@@ -85,12 +86,24 @@ for sheet in openpyxl.load_workbook(sys.argv[1]):
         print(' | '.join(described(cell) for cell in row if cell.value is not None or cell.has_style))
 )";
 
+// Fails at the first thing that HTML forbids; then prints the names of the elements and attributes, and each table
+// cell.
+constexpr std::string_view describePage = R"(
+import sys, html5lib
+parser = html5lib.HTMLParser(tree=html5lib.getTreeBuilder('etree'), strict=True, namespaceHTMLElements=False)
+page = parser.parse(open(sys.argv[1], 'rb').read(), transport_encoding='utf-8')
+print(*sorted({element.tag for element in page.iter()}))
+print(*sorted({name for element in page.iter() for name in element.attrib}))
+for row in page.iter('tr'):
+    print(' | '.join(''.join(cell.itertext()) for cell in row))
+)";
+
 class OtherReaders : public testing::Test {
 protected:
     Lines readByOpenpyxl(const std::string& workbook) const {
         const std::string path = m_folder.write("report.xlsx", workbook);
         const ProcessResult result =
-            TestSupport::runProcess(pythonWithOpenpyxl(), {"-c", std::string(describeWorkbook), path});
+            TestSupport::runProcess(pythonWith("openpyxl"), {"-c", std::string(describeWorkbook), path});
         EXPECT_EQ(result.status, 0) << result.error;
         return lines(result.output);
     }
@@ -111,7 +124,7 @@ protected:
 };
 
 TEST_F(OtherReaders, OpenpyxlReadsTheReport) {
-    if (pythonWithOpenpyxl().empty()) {
+    if (pythonWith("openpyxl").empty()) {
         GTEST_SKIP() << "python3-openpyxl is missing";
     }
     EXPECT_EQ(readByOpenpyxl(report()),
@@ -161,7 +174,7 @@ TEST_F(OtherReaders, OpenpyxlReadsTheReport) {
 }
 
 TEST_F(OtherReaders, OpenpyxlReadsEveryStyle) {
-    if (pythonWithOpenpyxl().empty()) {
+    if (pythonWith("openpyxl").empty()) {
         GTEST_SKIP() << "python3-openpyxl is missing";
     }
     using Style = XLSXWriter::Style;
@@ -244,6 +257,24 @@ TEST_F(OtherReaders, LibreOfficePrintsTheReport) {
                                     "Letter case only\n"}) {
         EXPECT_NE(text.output.find(shown), std::string::npos) << shown << "\n\n" << text.output;
     }
+}
+
+TEST_F(OtherReaders, AStrictParserReadsThePage) {
+    const std::string python = pythonWith("html5lib");
+    if (python.empty()) {
+        GTEST_SKIP() << "python3-html5lib is missing";
+    }
+    const std::string path = m_folder.write("report.html", Reports::htmlReport(comparison(), {}, "en"));
+    const ProcessResult result = TestSupport::runProcess(python, {"-c", std::string(describePage), path});
+    EXPECT_EQ(result.error, "");
+    EXPECT_EQ(lines(result.output),
+              (Lines{"b body del div h1 head html ins meta p style table tbody td th thead title tr",
+                     "charset class content lang name title",
+                     "Status | Key | ID | Name | Price | Since | − Old | + New",
+                     "Changed | 1 | 1 | Pen pen | 2.50 2.5 | 2024-01-31 2024-02-29 | =1+1 | +1",
+                     "Removed | 2 | 2 | Cup | 3 | 2024-02-01 | <b>\"& | ",
+                     "Added | 5 | 5 | Zürich | 007 | 2024-03-01 14:30 |  | @SUM(A1)",
+                     "Changed | 4 | 4 | Ink Ink  | 1 2 | x |  | -x"}));
 }
 
 }  // namespace
