@@ -23,6 +23,11 @@ std::error_code lastError() { return {errno, std::generic_category()}; }
 
 Files::path folderOf(const Files::path& path) { return path.has_parent_path() ? path.parent_path() : Files::path("."); }
 
+bool isWritable(const std::string& path) {
+    std::FILE* const file = std::fopen(path.c_str(), "r+b");
+    return file != nullptr && std::fclose(file) == 0;
+}
+
 // A link stays a link: what it points to is replaced.
 Files::path linkedFile(const Files::path& path) {
     std::error_code error;
@@ -30,10 +35,11 @@ Files::path linkedFile(const Files::path& path) {
     return error ? path : target;
 }
 
-// Beside the file that it will replace, since a rename cannot cross file systems; hidden, and like no other's name.
+// Beside the file that it will replace, since a rename cannot cross file systems; hidden, like no other's name, and
+// short, since a file's own name may be as long as any can be.
 std::string temporaryPath(const Files::path& target) {
     std::random_device random;
-    return (folderOf(target) / ("." + target.filename().string() + "-" + std::to_string(random()))).string();
+    return (folderOf(target) / (".corvale-" + std::to_string(random()))).string();
 }
 
 // A new file, deleted when it goes, unless it was put in place of another.
@@ -98,6 +104,10 @@ void refuseUnwritable(const std::string& path) {
     }
     if (Files::exists(status) && !Files::is_regular_file(status)) {
         throw FileFailure(quotedPath(path) + " is not a file.");
+    }
+    // Replacing a file takes no right to write to it; who took that right away means it to stay.
+    if (Files::exists(status) && !isWritable(path)) {
+        throw FileFailure(quotedPath(path) + " can’t be written: " + lastError().message() + ".");
     }
     const Files::path folder = folderOf(path);
     if (!Files::exists(folder, error)) {

@@ -43,6 +43,11 @@ protected:
     ProcessResult shell(const std::string& script) const {
         return TestSupport::runProcess("bash", {"-c", script, TestFiles::program("corvale-cli").string()}, settings());
     }
+    // Root is kept from nothing, unless it has no rights beyond those of an owner.
+    ProcessResult reportWithoutPrivileges(const std::string& target) const {
+        const std::string wrapper = ::geteuid() == 0 ? "exec unshare --user " : "exec ";
+        return shell(wrapper + "\"$0\" report a.csv b.csv -o " + target);
+    }
     void expectTrouble(const ProcessResult& result, const std::string& message) const {
         EXPECT_EQ(result.status, 2);
         EXPECT_EQ(result.output, "");
@@ -130,15 +135,30 @@ TEST_F(Report, AReadOnlyFolderKeepsTheOldFile) {
     std::filesystem::create_directory(m_folder.path() / "sealed");
     m_folder.write("sealed/r.html", "old");
     ASSERT_EQ(::chmod(m_folder.at("sealed").c_str(), 0555), 0);
-    // Folders are read-only to root as well where it has no rights beyond those of an owner.
-    const std::string wrapper = ::geteuid() == 0 ? "exec unshare --user " : "exec ";
-    const ProcessResult result = shell(wrapper + "\"$0\" report a.csv b.csv -o sealed/r.html");
+    const ProcessResult result = reportWithoutPrivileges("sealed/r.html");
     ASSERT_EQ(::chmod(m_folder.at("sealed").c_str(), 0755), 0);
     if (result.error.starts_with("unshare")) {
         GTEST_SKIP() << "this system lets root not step down";
     }
     expectTrouble(result, "“sealed/r.html” can’t be written: Permission denied.");
     EXPECT_EQ(content("sealed/r.html"), "old");
+}
+
+TEST_F(Report, AReadOnlyFileStaysAsItIs) {
+    m_folder.write("r.html", "old");
+    ASSERT_EQ(::chmod(m_folder.at("r.html").c_str(), 0444), 0);
+    const ProcessResult result = reportWithoutPrivileges("r.html");
+    if (result.error.starts_with("unshare")) {
+        GTEST_SKIP() << "this system lets root not step down";
+    }
+    expectTrouble(result, "“r.html” can’t be written: Permission denied.");
+    EXPECT_EQ(content("r.html"), "old");
+}
+
+TEST_F(Report, ANameMayBeAsLongAsAnyCanBe) {
+    const std::string name = std::string(250, 'r') + ".html";
+    EXPECT_EQ(report({"-o", name}).status, 0);
+    EXPECT_TRUE(content(name).starts_with("<!doctype html>"));
 }
 
 TEST_F(Report, ALimitOnFileSizesKeepsTheOldFile) {
@@ -182,7 +202,7 @@ protected:
     bool hasUnfinishedFile() const {
         const std::set<std::string> all = names();
         return std::any_of(
-            all.begin(), all.end(), [](const std::string& name) { return name.starts_with(".r.html-"); });
+            all.begin(), all.end(), [](const std::string& name) { return name.starts_with(".corvale-"); });
     }
     // True when the signal came while the file was written.
     bool stopWith(int signal, int expectedStatus) {
