@@ -1,5 +1,6 @@
 #pragma once
 
+#include <absl/container/flat_hash_map.h>
 #include <absl/hash/hash.h>
 #include <absl/strings/string_view.h>
 
@@ -11,8 +12,6 @@
 #include <cstring>
 #include <string_view>
 #include <vector>
-
-#include "CorvaleKit/base/Memory.h"
 
 namespace corvale {
 
@@ -63,44 +62,30 @@ private:
 
 using CellValues = std::vector<CellValue>;
 
-// Numbers distinct values in order of first appearance. Open addressing over 8 bytes a slot, so that a column's table
-// stays in the cache and the next values' slots can be fetched ahead.
+// Numbers distinct values in order of first appearance.
 class DistinctValues {
 public:
     // Forgets all values and makes room for as many; the memory is used again.
     void reset(std::size_t expected) {
-        m_slots.assign(std::bit_ceil(2 * expected), Slot{});
-        m_values.clear();
+        m_numbers.clear();
+        m_numbers.reserve(expected);
     }
 
-    std::size_t size() const { return m_values.size(); }
+    std::size_t size() const { return m_numbers.size(); }
 
-    void prefetch(const CellValue& value) const { Memory::prefetch(&m_slots[slotOf(value.hash())]); }
+    // Starts fetching what insert(value) will look at.
+    void prefetch(const CellValue& value) const { m_numbers.prefetch(value); }
 
     std::uint32_t insert(const CellValue& value) {
-        for (std::size_t i = slotOf(value.hash());; i = (i + 1) & (m_slots.size() - 1)) {
-            Slot& slot = m_slots[i];
-            if (slot.number == 0) {
-                m_values.push_back(value);
-                slot = {value.hash(), static_cast<std::uint32_t>(m_values.size())};
-                return slot.number - 1;
-            }
-            if (slot.hash == value.hash() && m_values[slot.number - 1] == value) {
-                return slot.number - 1;
-            }
-        }
+        return m_numbers.try_emplace(value, static_cast<std::uint32_t>(m_numbers.size())).first->second;
     }
 
 private:
-    struct Slot {
-        std::uint32_t hash = 0;
-        std::uint32_t number = 0;  // 1-based; 0: free
+    struct StoredHash {
+        std::size_t operator()(const CellValue& value) const { return absl::HashOf(value.hash()); }
     };
 
-    std::size_t slotOf(std::uint32_t hash) const { return hash & (m_slots.size() - 1); }
-
-    std::vector<Slot> m_slots;  // a power of two, at most half full
-    CellValues m_values;
+    absl::flat_hash_map<CellValue, std::uint32_t, StoredHash> m_numbers;
 };
 
 }  // namespace corvale
