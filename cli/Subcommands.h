@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include <array>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,7 +11,6 @@
 
 #include "CorvaleKit/engine/EnumTexts.h"
 #include "CorvaleKit/text/Text.h"
-#include "CorvaleKit/text/Utf8.h"
 #include "cli/Arguments.h"
 #include "cli/FileReading.h"
 #include "cli/HelpTexts.h"
@@ -215,11 +215,11 @@ public:
 
 private:
     static ReportCommand::Kind kind(const std::string& path) {
-        const std::string name = Text::lowercased(Utf8::repaired(path));
-        if (name.ends_with(".xlsx")) {
+        const std::string extension = Text::lowercased(std::filesystem::path(path).extension().string());
+        if (extension == ".xlsx") {
             return ReportCommand::Kind::workbook;
         }
-        if (name.ends_with(".html")) {
+        if (extension == ".html") {
             return ReportCommand::Kind::page;
         }
         throw UsageFailure("A report is a file .xlsx or .html, which " + quotedPath(path) + " is not.");

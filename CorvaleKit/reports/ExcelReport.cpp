@@ -27,7 +27,7 @@ void numberCell(WorksheetPart& sheet, std::int64_t number, Style style = Style::
     sheet.cell({digits.data(), static_cast<std::size_t>(end - digits.data())}, style, true);
 }
 
-void row(WorksheetPart& sheet, const std::vector<std::string_view>& texts, Style style = Style::plain) {
+void textRow(WorksheetPart& sheet, const std::vector<std::string_view>& texts, Style style = Style::plain) {
     sheet.beginRow();
     for (const auto text : texts) {
         sheet.cell(text, style);
@@ -48,6 +48,9 @@ Style rowStyle(DiffRow::Status status) {
     return Style::plain;
 }
 
+// Of status, key and the two row numbers, before the compared columns.
+constexpr std::array columnWidthsBefore = {12.0, 18.0, 10.0, 10.0};
+
 double columnWidth(const ColumnPair& column) {
     constexpr std::size_t margin = 4;
     constexpr std::size_t narrowest = 10;
@@ -63,6 +66,7 @@ public:
             ++m_listedRows;
             m_listedChanges += m_result.rows.changes(i).size();
         });
+        requireRoom();
     }
 
     std::string workbook() const {
@@ -83,6 +87,26 @@ private:
         }
     }
 
+    // Spreadsheet programs drop what lies beyond their bounds, or refuse the workbook.
+    void requireRoom() const {
+        constexpr std::size_t mostRows = 1'048'576;
+        constexpr std::size_t mostColumns = 16'384;
+        constexpr std::size_t header = 1;
+        if (std::max({summaryRows(), m_listedRows + header, m_listedChanges + header}) > mostRows) {
+            throw Failure("A workbook holds 1,048,576 rows at most. Save the report as an HTML page instead.");
+        }
+        if (columnWidthsBefore.size() + m_result.columns.size() > mostColumns) {
+            throw Failure("A workbook holds 16,384 columns at most. Save the report as an HTML page instead.");
+        }
+    }
+
+    std::size_t summaryRows() const {
+        constexpr std::size_t rowsAlways = 14;
+        constexpr std::size_t rowsAboveDuplicates = 2;
+        const std::size_t duplicates = m_result.duplicates.size();
+        return rowsAlways + (m_result.columnOrderChanged ? 1 : 0) +
+               (duplicates == 0 ? 0 : rowsAboveDuplicates + duplicates);
+    }
     std::string summarySheet() const;
     void settings(WorksheetPart& sheet) const;
     void counts(WorksheetPart& sheet) const;
@@ -105,16 +129,12 @@ private:
 
 std::string ExcelReport::summarySheet() const {
     constexpr std::array widths = {44.0, 36.0, 30.0};
-    constexpr std::size_t rowsAlways = 14;
-    constexpr std::size_t rowsAboveDuplicates = 2;
-    const std::size_t duplicateRows =
-        m_result.duplicates.empty() ? 0 : rowsAboveDuplicates + m_result.duplicates.size();
-    WorksheetPart sheet({rowsAlways + (m_result.columnOrderChanged ? 1 : 0) + duplicateRows, 2, widths});
+    WorksheetPart sheet({summaryRows(), 2, widths});
     settings(sheet);
-    row(sheet, {});
+    textRow(sheet, {});
     counts(sheet);
     if (m_result.columnOrderChanged) {
-        row(sheet, {m_strings.columnOrderChanged, m_strings.yes});
+        textRow(sheet, {m_strings.columnOrderChanged, m_strings.yes});
     }
     if (!m_result.duplicates.empty()) {
         duplicates(sheet);
@@ -123,11 +143,11 @@ std::string ExcelReport::summarySheet() const {
 }
 
 void ExcelReport::settings(WorksheetPart& sheet) const {
-    row(sheet, {m_strings.title}, Style::bold);
-    row(sheet, {m_strings.beforeFile, m_result.before.sourceName()});
-    row(sheet, {m_strings.afterFile, m_result.after.sourceName()});
-    row(sheet, {m_strings.matchedBy, ReportTexts::matchDescription(m_result.match, m_strings)});
-    row(sheet, {m_strings.ignored, ReportTexts::optionsDescription(m_result.options, m_strings)});
+    textRow(sheet, {m_strings.title}, Style::bold);
+    textRow(sheet, {m_strings.beforeFile, m_result.before.sourceName()});
+    textRow(sheet, {m_strings.afterFile, m_result.after.sourceName()});
+    textRow(sheet, {m_strings.matchedBy, ReportTexts::matchDescription(m_result.match, m_strings)});
+    textRow(sheet, {m_strings.ignored, ReportTexts::optionsDescription(m_result.options, m_strings)});
 }
 
 void ExcelReport::counts(WorksheetPart& sheet) const {
@@ -154,18 +174,18 @@ void ExcelReport::counts(WorksheetPart& sheet) const {
 }
 
 void ExcelReport::duplicates(WorksheetPart& sheet) const {
-    row(sheet, {});
-    row(sheet, {m_strings.duplicateKeys, m_strings.key, m_strings.rows}, Style::bold);
+    textRow(sheet, {});
+    textRow(sheet, {m_strings.duplicateKeys, m_strings.key, m_strings.rows}, Style::bold);
     for (const DuplicateKey& duplicate : m_result.duplicates) {
-        row(sheet,
-            {ReportTexts::sideLabel(duplicate.side, m_strings),
-             duplicate.key,
-             ReportTexts::rowNumbers(duplicate.rowNumbers)});
+        textRow(sheet,
+                {ReportTexts::sideLabel(duplicate.side, m_strings),
+                 duplicate.key,
+                 ReportTexts::rowNumbers(duplicate.rowNumbers)});
     }
 }
 
 std::string ExcelReport::changesSheet() const {
-    std::vector<double> widths = {12, 18, 10, 10};
+    std::vector<double> widths(columnWidthsBefore.begin(), columnWidthsBefore.end());
     const std::size_t cellsOfRow = widths.size() + m_result.columns.size();
     std::transform(m_result.columns.begin(), m_result.columns.end(), std::back_inserter(widths), columnWidth);
     WorksheetPart sheet({m_listedRows + 1, cellsOfRow, widths, true, true});
@@ -176,8 +196,8 @@ std::string ExcelReport::changesSheet() const {
 
 void ExcelReport::changesHeader(WorksheetPart& sheet) const {
     sheet.beginRow();
-    for (const std::string& text : {m_strings.status, m_strings.key, m_strings.rowBefore, m_strings.rowAfter}) {
-        sheet.cell(text, Style::header);
+    for (const std::string* text : {&m_strings.status, &m_strings.key, &m_strings.rowBefore, &m_strings.rowAfter}) {
+        sheet.cell(*text, Style::header);
     }
     for (const ColumnPair& column : m_result.columns) {
         sheet.cell(ReportTexts::columnHeading(column), Style::header);
@@ -217,11 +237,11 @@ void ExcelReport::rowNumber(WorksheetPart& sheet, Side side, const DiffRow& row,
 std::string ExcelReport::cellChangesSheet() const {
     constexpr std::array widths = {18.0, 20.0, 28.0, 28.0, 22.0};
     WorksheetPart sheet({std::max<std::size_t>(m_listedChanges, 1) + 1, widths.size(), widths, true, true});
-    row(sheet,
-        {m_strings.key, m_strings.column, m_strings.before, m_strings.after, m_strings.difference},
-        Style::header);
+    textRow(sheet,
+            {m_strings.key, m_strings.column, m_strings.before, m_strings.after, m_strings.difference},
+            Style::header);
     if (m_listedChanges == 0) {
-        row(sheet, {m_strings.noDifferences}, Style::muted);
+        textRow(sheet, {m_strings.noDifferences}, Style::muted);
     }
     forEachListed([&](std::size_t i) {
         for (const CellChange& change : m_result.rows.changes(i)) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "CorvaleKit/base/Memory.h"
+#include "CorvaleKit/reports/Markup.h"
 #include "CorvaleKit/reports/ReportTexts.h"
 #include "CorvaleKit/reports/Reports.h"
 
@@ -43,21 +44,6 @@ constexpr std::string_view styleBlock =
     "</style></head><body>\n<h1>";
 static_assert(styleBlock.size() == 1167);
 
-constexpr bool isMarkup(char c) { return c == '&' || c == '<' || c == '>' || c == '"'; }
-
-constexpr std::string_view entity(char markup) {
-    switch (markup) {
-        case '&':
-            return "&amp;";
-        case '<':
-            return "&lt;";
-        case '>':
-            return "&gt;";
-        default:
-            return "&quot;";
-    }
-}
-
 // Collects the page; what is not a literal goes through text(). A page is made of very short pieces, so they are put
 // together in a block first, and the long string is appended to once a block.
 class Page {
@@ -79,8 +65,8 @@ public:
     Page& text(std::string_view value) {
         std::size_t begin = 0;
         for (std::size_t i = 0; i < value.size(); ++i) {
-            if (isMarkup(value[i])) {
-                literal(value.substr(begin, i - begin)).literal(entity(value[i]));
+            if (Markup::isSpecial(value[i])) {
+                literal(value.substr(begin, i - begin)).literal(Markup::escape(value[i]));
                 begin = i + 1;
             }
         }

@@ -92,10 +92,9 @@ WorkbookPackage::WorkbookPackage(const std::vector<std::string>& sheetNames) : m
     m_archive.add("xl/styles.xml", styleSheet());
 }
 
-void WorkbookPackage::addSheet(std::string part) {
+void WorkbookPackage::addSheet(std::string_view part) {
     ++m_addedSheets;
     m_archive.add("xl/worksheets/sheet" + std::to_string(m_addedSheets) + ".xml", part);
-    std::string().swap(part);
 }
 
 std::string WorkbookPackage::finish() {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "CorvaleKit/reports/ZipWriter.h"
@@ -14,9 +15,8 @@ public:
     // Names as wished, in tab order; SheetNames cleans them.
     explicit WorkbookPackage(const std::vector<std::string>& sheetNames);
 
-    // The XML of the next worksheet; one call a name. The part is let go of before this returns. Throws
-    // ZipWriter::TooLarge.
-    void addSheet(std::string part);
+    // The XML of the next worksheet; one call a name. Throws ZipWriter::TooLarge.
+    void addSheet(std::string_view part);
 
     // The file's bytes; the package is spent afterwards. Throws ZipWriter::TooLarge.
     std::string finish();

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 
+#include "CorvaleKit/reports/Markup.h"
 #include "CorvaleKit/text/Utf8.h"
 
 namespace corvale::XMLText {
@@ -12,29 +13,13 @@ namespace {
 constexpr std::array<bool, 256> plainBytes = [] {
     std::array<bool, 256> plain{};
     for (std::size_t byte = 0x20; byte < 0x80; ++byte) {
-        plain[byte] = byte != '&' && byte != '<' && byte != '>' && byte != '"';
+        plain[byte] = !Markup::isSpecial(static_cast<char>(byte));
     }
     plain['\t'] = plain['\n'] = plain['\r'] = true;
     return plain;
 }();
 
 constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
-
-// What stands for a byte of ASCII that is not plain.
-std::string_view escape(char byte) {
-    switch (byte) {
-        case '&':
-            return "&amp;";
-        case '<':
-            return "&lt;";
-        case '>':
-            return "&gt;";
-        case '"':
-            return "&quot;";
-        default:
-            return {};
-    }
-}
 
 // How many bytes at `position` can be copied as they stand; 0 when something else stands for them.
 std::size_t copiedLength(std::string_view text, std::size_t position) {
@@ -50,7 +35,8 @@ std::size_t copiedLength(std::string_view text, std::size_t position) {
 // Appends what stands for the bytes at `position`, and returns their number.
 std::size_t appendReplacement(std::string& target, std::string_view text, std::size_t position) {
     if (static_cast<unsigned char>(text[position]) < 0x80) {
-        target += escape(text[position]);
+        // Anything else is a control character, which XML cannot hold.
+        target += Markup::isSpecial(text[position]) ? Markup::escape(text[position]) : std::string_view();
         return 1;
     }
     const auto [scalar, length] = Utf8::scalarAt(text, position);

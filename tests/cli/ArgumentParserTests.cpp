@@ -129,6 +129,8 @@ TEST(ArgumentParser, AReportIsOfTheKindThatItsNameSays) {
               "A report is a file .xlsx or .html, which “r.pdf” is not.");
     EXPECT_EQ(failureOf({"report", "a.csv", "b.csv", "-o", "xlsx"}),
               "A report is a file .xlsx or .html, which “xlsx” is not.");
+    EXPECT_EQ(failureOf({"report", "a.csv", "b.csv", "-o", "folder/.xlsx"}),
+              "A report is a file .xlsx or .html, which “folder/.xlsx” is not.");
 }
 
 TEST(ArgumentParser, AReportIsEnglishAndOfDifferencesUnlessAskedOtherwise) {

@@ -298,5 +298,32 @@ TEST(ExcelReport, ReadsBackAsATable) {
                            {"Changed", "4", "5", "5", "4", "Ink ", "2", "x"}}));
 }
 
+std::string failureOf(const DiffResult& result) {
+    try {
+        Reports::excelReport(result, {}, false);
+    } catch (const Reports::Failure& failure) {
+        return failure.message();
+    }
+    return "no failure";
+}
+
+TEST(ExcelReport, HoldsAsManyRowsAsSpreadsheetProgramsRead) {
+    constexpr std::size_t rowsBesideDuplicates = 16;
+    DiffResult result;
+    result.duplicates.resize(1'048'576 - rowsBesideDuplicates);
+    EXPECT_EQ(failureOf(result), "no failure");
+    result.duplicates.emplace_back();
+    EXPECT_EQ(failureOf(result), "A workbook holds 1,048,576 rows at most. Save the report as an HTML page instead.");
+}
+
+TEST(ExcelReport, HoldsAsManyColumnsAsSpreadsheetProgramsRead) {
+    constexpr std::size_t otherColumns = 4;
+    DiffResult result;
+    result.columns.resize(16'384 - otherColumns);
+    EXPECT_EQ(failureOf(result), "no failure");
+    result.columns.emplace_back();
+    EXPECT_EQ(failureOf(result), "A workbook holds 16,384 columns at most. Save the report as an HTML page instead.");
+}
+
 }  // namespace
 }  // namespace corvale::Reports
