@@ -1,7 +1,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -58,8 +57,7 @@ public:
             m_html += html;
             return *this;
         }
-        std::memcpy(m_block.data() + m_used, html.data(), html.size());
-        m_used += html.size();
+        m_used += html.copy(m_block.data() + m_used, html.size());
         return *this;
     }
     Page& text(std::string_view value) {
