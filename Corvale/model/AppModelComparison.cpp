@@ -1,0 +1,190 @@
+// How AppModel compares and filters.
+
+#include <chrono>
+#include <utility>
+
+#include "Corvale/model/AppModel.h"
+#include "Corvale/model/FailureTexts.h"
+#include "Corvale/model/ModelOperation.h"
+#include "Corvale/model/ProgressThrottle.h"
+#include "CorvaleKit/base/Failures.h"
+#include "CorvaleKit/engine/DiffEngine.h"
+
+namespace corvale {
+
+void AppModel::setMatch(const MatchChoice& choice) {
+    const Operation operation(*this);
+    set(m_match, choice, &AppModel::matchChanged);
+    // The user's word counts more than a suggestion that is still being looked for.
+    m_rowOrder = RowOrder::kept;
+    compareWhenSettled();
+}
+
+void AppModel::compare() {
+    const Operation operation(*this);
+    m_compareOwed = false;
+    if (!hasBothFiles()) {
+        return;
+    }
+    stopComparing();
+    const auto flag = std::make_shared<CancelFlag>();
+    set(m_compareFlag, flag, &AppModel::compareFlagChanged);
+    const std::uint64_t run = m_compareGeneration + 1;
+    set(m_compareGeneration, run, &AppModel::compareGenerationChanged);
+    set(m_progress, std::optional(0.0), &AppModel::progressChanged);
+
+    const auto forward = m_jobs.relay(std::function([this, run](double fraction) {
+        const Operation delivery(*this);
+        if (run == m_compareGeneration && m_compareFlag) {
+            set(m_progress, std::optional(fraction), &AppModel::progressChanged);
+        }
+    }));
+    const auto report = [forward, throttle = ProgressThrottle()](double fraction) mutable {
+        if (throttle.lets(fraction, std::chrono::steady_clock::now())) {
+            forward(fraction);
+        }
+    };
+    m_jobs.run(
+        [before = before()->table, after = after()->table, match = m_match.rowMatch(), options = m_settings.options,
+         style = m_platform.numberStyle(), view = resultView(), flag, report] {
+            const DiffEngine::Callbacks callbacks{report, [flag] { return flag->isCancelled(); }};
+            return show(std::make_shared<const DiffResult>(
+                            DiffEngine::compare(before, after, match, options, style, callbacks)),
+                        view);
+        },
+        [this, run, flag](Outcome<ShownResult>& outcome) { finishComparison(run, flag, outcome); });
+}
+
+void AppModel::finishComparison(std::uint64_t run, const std::shared_ptr<CancelFlag>& flag,
+                                Outcome<ShownResult>& outcome) {
+    const Operation operation(*this);
+    if (run != m_compareGeneration || flag->isCancelled()) {
+        return;
+    }
+    if (!outcome.value) {
+        set(m_problem, std::optional(FailureTexts::ofComparing(outcome.failure)), &AppModel::problemChanged);
+        endComparison();
+        return;
+    }
+    ShownResult& shown = *outcome.value;
+    if (shown.view != resultView()) {
+        // The user filtered or selected meanwhile.
+        m_jobs.run([result = shown.result, view = resultView()] { return show(result, view); },
+                   [this, run, flag](Outcome<ShownResult>& again) { finishComparison(run, flag, again); });
+        return;
+    }
+    adopt(shown);
+    endComparison();
+}
+
+void AppModel::adopt(ShownResult& shown) {
+    set(m_filter, std::move(shown.filter), &AppModel::filterChanged);
+    // A filtering of the older result comes too late now.
+    set(m_filterGeneration, m_filterGeneration + 1, &AppModel::filterGenerationChanged);
+    replaceResult(std::move(shown.result));
+    set(m_visible, std::move(shown.visible), &AppModel::visibleChanged);
+    set(m_selectedRow, shown.selectedRow, &AppModel::selectedRowChanged);
+}
+
+void AppModel::endComparison() {
+    set(m_compareFlag, std::shared_ptr<CancelFlag>(), &AppModel::compareFlagChanged);
+    set(m_progress, std::optional<double>(), &AppModel::progressChanged);
+}
+
+void AppModel::stopComparing() {
+    if (m_compareFlag) {
+        m_compareFlag->cancel();
+        endComparison();
+    }
+}
+
+void AppModel::compareWhenSettled() {
+    if (isSettled()) {
+        compare();
+    } else {
+        m_compareOwed = hasBothFiles();
+        m_comparesAfterSuggestion = true;
+    }
+}
+
+void AppModel::cancel() {
+    const Operation operation(*this);
+    if (m_pendingLoads.empty()) {
+        m_comparesAfterSuggestion = false;
+        stopComparing();
+        return;
+    }
+    m_pendingLoads.drop(Side::before);
+    m_pendingLoads.drop(Side::after);
+    storeArrivedFiles();
+}
+
+ResultView AppModel::resultView() const {
+    ResultView view;
+    view.filter = m_filter;
+    if (m_result && m_filter.column) {
+        view.columnName = m_result->columns[static_cast<std::size_t>(*m_filter.column)].name;
+    }
+    if (m_result && m_selectedRow) {
+        view.selectedRow = RowIdentity::of(m_result->rows[static_cast<std::size_t>(*m_selectedRow)]);
+    }
+    return view;
+}
+
+void AppModel::clearResult() {
+    if (!m_result) {
+        return;
+    }
+    DiffFilter filter = m_filter;
+    filter.column.reset();
+    set(m_filter, std::move(filter), &AppModel::filterChanged);
+    set(m_filterGeneration, m_filterGeneration + 1, &AppModel::filterGenerationChanged);
+    replaceResult(nullptr);
+    set(m_visible, std::vector<std::int64_t>(), &AppModel::visibleChanged);
+    set(m_selectedRow, std::optional<std::int64_t>(), &AppModel::selectedRowChanged);
+}
+
+void AppModel::replaceResult(std::shared_ptr<const DiffResult> result) {
+    m_retired.push_back(std::exchange(m_result, std::move(result)));
+    noteChange(&AppModel::resultChanged);
+}
+
+void AppModel::setFilter(const DiffFilter& filter) {
+    const Operation operation(*this);
+    if (filter == m_filter) {
+        return;
+    }
+    DiffFilter wanted = filter;
+    const auto columns = m_result ? static_cast<std::int64_t>(m_result->columns.size()) : 0;
+    if (wanted.column && (*wanted.column < 0 || *wanted.column >= columns)) {
+        wanted.column.reset();
+    }
+    set(m_filter, std::move(wanted), &AppModel::filterChanged);
+    refilter();
+}
+
+void AppModel::refilter() {
+    const std::uint64_t run = m_filterGeneration + 1;
+    set(m_filterGeneration, run, &AppModel::filterGenerationChanged);
+    if (!m_result) {
+        return;
+    }
+    if (m_filterFlag) {
+        m_filterFlag->cancel();
+    }
+    m_filterFlag = std::make_shared<CancelFlag>();
+    m_jobs.run(
+        [result = m_result, filter = m_filter, flag = m_filterFlag] {
+            // Whoever types quickly leaves a row of these behind.
+            stopIfCancelled([&flag] { return flag->isCancelled(); });
+            return filter.apply(*result);
+        },
+        [this, run](Outcome<std::vector<std::int64_t>>& outcome) {
+            const Operation delivery(*this);
+            if (run == m_filterGeneration && outcome.value) {
+                set(m_visible, std::move(*outcome.value), &AppModel::visibleChanged);
+            }
+        });
+}
+
+}  // namespace corvale

@@ -1,0 +1,271 @@
+// What AppModel does with files: opening, choosing sheets and header rows, closing, swapping.
+
+#include <algorithm>
+#include <utility>
+
+#include "Corvale/model/AppModel.h"
+#include "Corvale/model/FailureTexts.h"
+#include "Corvale/model/FileLoading.h"
+#include "Corvale/model/ModelOperation.h"
+#include "CorvaleKit/engine/KeySuggester.h"
+#include "CorvaleKit/loading/DataLoader.h"
+#include "CorvaleKit/reports/SampleData.h"
+#include "CorvaleKit/text/Text.h"
+
+namespace corvale {
+
+namespace {
+
+LoadedFile sampleFile(const DataTable& table) {
+    LoadedFile file;
+    file.name = table.sourceName();
+    file.table = table;
+    return file;
+}
+
+}  // namespace
+
+void AppModel::choose(Side side) {
+    const Operation operation(*this);
+    const bool isBefore = side == Side::before;
+    Platform::OpenPanel panel;
+    panel.message = isBefore ? tr("Choose the older file (Before), or select two files to fill both sides.")
+                             : tr("Choose the newer file (After).");
+    panel.allowsSeveral = isBefore;
+    panel.extensions = {QStringLiteral("xlsx"), QStringLiteral("csv"), QStringLiteral("tsv"), QStringLiteral("txt")};
+    m_platform.showOpenPanel(panel, m_jobs.whileAlive(std::function([this, side](const QList<QUrl>& urls) {
+                                 open(urls, side);
+                             })));
+}
+
+void AppModel::open(const QList<QUrl>& urls, Side side) {
+    const Operation operation(*this);
+    if (urls.size() == 1) {
+        load(urls.front(), side);
+    } else if (urls.size() > 1) {
+        load(urls[0], Side::before);
+        load(urls[1], Side::after);
+    }
+}
+
+void AppModel::load(const QUrl& url, Side side) {
+    const Operation operation(*this);
+    try {
+        DataLoader::refuseByName(FileLoading::nameOf(url));
+    } catch (const DataLoader::Failure&) {
+        set(m_problem, std::optional(FailureTexts::ofLoading(std::current_exception())), &AppModel::problemChanged);
+        return;
+    }
+    interruptComparison();
+    m_rowOrder = RowOrder::replacedBySuggestion;
+    startLoad(m_pendingLoads.start(side), [&platform = m_platform, url] { return FileLoading::read(platform, url); });
+}
+
+void AppModel::setSheet(std::int64_t index, Side side) {
+    const Operation operation(*this);
+    const auto& current = file(side);
+    if (current && index >= 0 && index < static_cast<std::int64_t>(current->sheetNames.size()) &&
+        index != current->sheet) {
+        reparse(side, index, std::nullopt);
+    }
+}
+
+void AppModel::setHeaderRow(std::optional<std::int64_t> row, Side side) {
+    const Operation operation(*this);
+    if (file(side) && row != file(side)->headerRow) {
+        reparse(side, file(side)->sheet, row);
+    }
+}
+
+void AppModel::reparse(Side side, std::int64_t sheet, std::optional<std::int64_t> headerRow) {
+    if (!file(side)->data) {
+        return;
+    }
+    interruptComparison();
+    m_rowOrder = RowOrder::replacedBySuggestion;
+    startLoad(m_pendingLoads.start(side),
+              [old = *file(side), sheet, headerRow] { return FileLoading::reparsed(old, sheet, headerRow); });
+}
+
+void AppModel::close(Side side) {
+    const Operation operation(*this);
+    m_pendingLoads.drop(side);
+    if (file(side)) {
+        stopComparing();
+        abandonSuggestion();
+        m_compareOwed = false;
+        setFile(side, std::nullopt);
+        set(m_suggestedKey, std::optional<std::string>(), &AppModel::suggestedKeyChanged);
+        clearResult();
+    }
+    storeArrivedFiles();
+}
+
+void AppModel::swap() {
+    const Operation operation(*this);
+    interruptComparison();
+    std::swap(m_files[0], m_files[1]);
+    if (m_files[0] || m_files[1]) {
+        noteChange(&AppModel::beforeChanged);
+        noteChange(&AppModel::afterChanged);
+    }
+    m_pendingLoads.swap();
+    followNamesOfBefore();
+    m_compareOwed = hasBothFiles();
+    storeArrivedFiles();
+}
+
+void AppModel::openSamples() {
+    const Operation operation(*this);
+    interruptComparison();
+    m_pendingLoads.drop(Side::before);
+    m_pendingLoads.drop(Side::after);
+    const SampleData::Pair samples = SampleData::stock();
+    setFile(Side::before, sampleFile(samples.before));
+    setFile(Side::after, sampleFile(samples.after));
+    m_rowOrder = RowOrder::replacedBySuggestion;
+    m_pairChanged = true;
+    storeArrivedFiles();
+}
+
+void AppModel::compareAgain() {
+    const Operation operation(*this);
+    std::vector<Side> sides;
+    for (const Side side : {Side::before, Side::after}) {
+        if (file(side) && file(side)->data && !m_pendingLoads.isPending(side)) {
+            sides.push_back(side);
+        }
+    }
+    if (sides.empty()) {
+        compareWhenSettled();
+        return;
+    }
+    interruptComparison();
+    if (m_pendingLoads.empty()) {
+        m_rowOrder = RowOrder::kept;
+    }
+    for (const auto& [side, id] : m_pendingLoads.startTogether(sides)) {
+        startLoad(id, [&platform = m_platform, old = *file(side)] { return FileLoading::readAgain(platform, old); });
+    }
+}
+
+void AppModel::startLoad(PendingLoads::Id id, std::function<LoadedFile()> work) {
+    updateLoading();
+    m_jobs.run(std::move(work), [this, id](Outcome<LoadedFile>& outcome) { finishLoad(id, outcome); });
+}
+
+void AppModel::finishLoad(PendingLoads::Id id, Outcome<LoadedFile>& outcome) {
+    const Operation operation(*this);
+    if (!m_pendingLoads.isCurrent(id)) {
+        return;
+    }
+    if (outcome.value) {
+        m_pendingLoads.arrive(id, std::move(*outcome.value));
+    } else {
+        m_pendingLoads.fail(id);
+        set(m_problem, std::optional(FailureTexts::ofLoading(outcome.failure)), &AppModel::problemChanged);
+    }
+    storeArrivedFiles();
+}
+
+void AppModel::storeArrivedFiles() {
+    for (auto& [side, file] : m_pendingLoads.takeArrived()) {
+        setFile(side, std::move(file));
+        m_pairChanged = true;
+    }
+    updateLoading();
+    if (!m_pendingLoads.empty()) {
+        return;
+    }
+    if (m_pairChanged) {
+        suggestKey();
+    } else if (m_compareOwed) {
+        compare();
+    }
+}
+
+void AppModel::setFile(Side side, std::optional<LoadedFile> file) {
+    auto& current = m_files[static_cast<std::size_t>(side)];
+    if (!current && !file) {
+        return;
+    }
+    m_retired.push_back(std::make_shared<std::optional<LoadedFile>>(std::exchange(current, std::move(file))));
+    noteChange(side == Side::before ? &AppModel::beforeChanged : &AppModel::afterChanged);
+}
+
+void AppModel::updateLoading() {
+    std::set<std::string> loading;
+    for (const Side side : {Side::before, Side::after}) {
+        if (m_pendingLoads.isPending(side)) {
+            loading.insert(side == Side::before ? "before" : "after");
+        }
+    }
+    set(m_loading, std::move(loading), &AppModel::loadingChanged);
+}
+
+// While files are read, no result of older ones may appear. What was under way is taken up again if reading fails.
+void AppModel::interruptComparison() {
+    if (m_compareFlag) {
+        m_compareOwed = true;
+    }
+    stopComparing();
+    if (m_isSuggesting) {
+        abandonSuggestion();
+        m_pairChanged = true;
+    }
+}
+
+void AppModel::suggestKey() {
+    m_pairChanged = false;
+    if (!hasBothFiles()) {
+        m_compareOwed = false;
+        set(m_suggestedKey, std::optional<std::string>(), &AppModel::suggestedKeyChanged);
+        clearResult();
+        return;
+    }
+    m_isSuggesting = true;
+    m_comparesAfterSuggestion = true;
+    const std::uint64_t generation = ++m_suggestGeneration;
+    m_jobs.run([before = before()->table, after = after()->table] { return KeySuggester::suggestedKey(before, after); },
+               [this, generation](Outcome<std::optional<std::string>>& outcome) {
+                   const Operation operation(*this);
+                   if (generation == m_suggestGeneration && m_isSuggesting) {
+                       m_isSuggesting = false;
+                       takeSuggestion(outcome.value.value_or(std::nullopt));
+                   }
+               });
+}
+
+void AppModel::abandonSuggestion() {
+    m_isSuggesting = false;
+    ++m_suggestGeneration;
+}
+
+void AppModel::takeSuggestion(std::optional<std::string> proposal) {
+    const std::vector<std::string> shared = sharedColumns();
+    const auto& chosen = m_match.column();
+    const bool isKept = chosen ? std::find(shared.begin(), shared.end(), *chosen) != shared.end()
+                               : m_rowOrder == RowOrder::kept;
+    if (!isKept) {
+        set(m_match, proposal ? MatchChoice::key(*proposal) : MatchChoice::rowOrder(), &AppModel::matchChanged);
+    }
+    m_rowOrder = RowOrder::replacedBySuggestion;
+    set(m_suggestedKey, std::move(proposal), &AppModel::suggestedKeyChanged);
+    if (m_comparesAfterSuggestion) {
+        compare();
+    }
+}
+
+// The key is named as Before has it, and the two files may differ in letter case.
+void AppModel::followNamesOfBefore() {
+    for (const std::string& name : sharedColumns()) {
+        if (m_match.column() && Text::equalIgnoringCase(name, *m_match.column())) {
+            set(m_match, MatchChoice::key(name), &AppModel::matchChanged);
+        }
+        if (m_suggestedKey && Text::equalIgnoringCase(name, *m_suggestedKey)) {
+            set(m_suggestedKey, std::optional(name), &AppModel::suggestedKeyChanged);
+        }
+    }
+}
+
+}  // namespace corvale

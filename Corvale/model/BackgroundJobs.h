@@ -1,0 +1,84 @@
+#pragma once
+
+#include <exception>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <type_traits>
+#include <utility>
+
+#include "Corvale/model/Platform.h"
+
+namespace corvale {
+
+// What background work came to: a value, or the exception that it ended with.
+template <typename Value>
+struct Outcome {
+    std::optional<Value> value;
+    std::exception_ptr failure;
+};
+
+// Background work of one owner on the main thread: what it comes to is delivered only while the owner lives. Values
+// that nobody took are destroyed off the main thread, where freeing a million rows disturbs nobody.
+class BackgroundJobs {
+public:
+    // The platform outlives this object.
+    explicit BackgroundJobs(Platform& platform) : m_platform(platform) {}
+
+    // Runs `work` off the main thread, then `done` with its Outcome by reference on it.
+    template <typename Work, typename Done>
+    void run(Work work, Done done) {
+        using Value = std::invoke_result_t<Work>;
+        auto outcome = std::make_shared<Outcome<Value>>();
+        m_platform.runInBackground([alive = std::weak_ptr(m_alive), &platform = m_platform, outcome,
+                                    work = std::move(work), done = std::move(done)]() mutable {
+            try {
+                outcome->value.emplace(work());
+            } catch (...) {
+                outcome->failure = std::current_exception();
+            }
+            platform.runOnMain([alive, &platform, outcome, done]() mutable {
+                if (alive.lock()) {
+                    done(*outcome);
+                }
+                discardOn(platform, std::exchange(outcome->value, std::nullopt));
+            });
+        });
+    }
+
+    // Lets `deliver` run on the main thread while the owner lives. The returned function may be called on any thread.
+    template <typename Value>
+    std::function<void(Value)> relay(std::function<void(Value)> deliver) {
+        return [&platform = m_platform, guarded = whileAlive(std::move(deliver))](Value value) {
+            platform.runOnMain([guarded, value] { guarded(value); });
+        };
+    }
+
+    // The same function, which does nothing once the owner is gone. Called on the main thread.
+    template <typename... Values>
+    std::function<void(Values...)> whileAlive(std::function<void(Values...)> function) {
+        return [alive = std::weak_ptr(m_alive), function = std::move(function)](Values... values) {
+            if (alive.lock()) {
+                function(values...);
+            }
+        };
+    }
+
+    // Destroys the value off the main thread.
+    template <typename Value>
+    void discard(Value value) {
+        discardOn(m_platform, std::move(value));
+    }
+
+private:
+    template <typename Value>
+    static void discardOn(Platform& platform, Value value) {
+        auto box = std::make_shared<std::optional<Value>>(std::move(value));
+        platform.runInBackground([box] { box->reset(); });
+    }
+
+    Platform& m_platform;
+    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
+};
+
+}  // namespace corvale

@@ -1,0 +1,82 @@
+#include "Corvale/model/FileLoading.h"
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "CorvaleKit/loading/DataLoader.h"
+#include "CorvaleKit/loading/XLSX.h"
+
+namespace corvale::FileLoading {
+
+namespace {
+
+// Picks a sheet by the names of all; asked about workbooks only.
+using SheetByName = std::function<std::int64_t(const std::vector<std::string>& names)>;
+
+// Fills in what follows from name, bytes and choices. The table works in its own copy of the bytes, because quoted
+// cells are unfolded in place.
+void parse(LoadedFile& file, const SheetByName& choose) {
+    file.sheetNames.clear();
+    file.sheet = 0;
+    const auto chooseSheet = [&file, &choose](const std::vector<XLSX::Sheet>& sheets) {
+        for (const XLSX::Sheet& sheet : sheets) {
+            file.sheetNames.push_back(sheet.name);
+        }
+        file.sheet = choose(file.sheetNames);
+        return file.sheet;
+    };
+    file.table = DataLoader::load(Bytes(file.data->view()), file.name, chooseSheet, file.headerRow);
+}
+
+std::shared_ptr<const Bytes> bytesOf(Platform& platform, const QUrl& url) {
+    return std::make_shared<const Bytes>(platform.readFile(url));
+}
+
+}  // namespace
+
+std::string nameOf(const QUrl& url) { return url.fileName().toStdString(); }
+
+LoadedFile read(Platform& platform, const QUrl& url) {
+    LoadedFile file;
+    file.url = url;
+    file.name = nameOf(url);
+    file.data = bytesOf(platform, url);
+    parse(file, [](const auto&) { return 0; });
+    return file;
+}
+
+LoadedFile readAgain(Platform& platform, const LoadedFile& old) {
+    LoadedFile file;
+    file.url = old.url;
+    file.name = old.name;
+    file.headerRow = old.headerRow;
+    file.data = bytesOf(platform, old.url);
+    const SheetByName sameSheet = [&old](const std::vector<std::string>& names) -> std::int64_t {
+        const auto index = static_cast<std::size_t>(old.sheet);
+        const auto found = index < old.sheetNames.size()
+                               ? std::find(names.begin(), names.end(), old.sheetNames[index])
+                               : names.end();
+        return found == names.end() ? 0 : found - names.begin();
+    };
+    parse(file, sameSheet);
+    if (file.headerRow && *file.headerRow != file.table.headerRowNumber()) {
+        file.headerRow.reset();
+        parse(file, sameSheet);
+    }
+    return file;
+}
+
+LoadedFile reparsed(const LoadedFile& old, std::int64_t sheet, std::optional<std::int64_t> headerRow) {
+    LoadedFile file;
+    file.url = old.url;
+    file.name = old.name;
+    file.data = old.data;
+    file.headerRow = headerRow;
+    parse(file, [sheet](const auto&) { return sheet; });
+    return file;
+}
+
+}  // namespace corvale::FileLoading

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "CorvaleKit/engine/DiffFilter.h"
+#include "CorvaleKit/engine/DiffResult.h"
+
+namespace corvale {
+
+// A row as the user knows it, whatever its index in a result.
+struct RowIdentity {
+    std::string key;
+    std::optional<std::int64_t> left;  // row indexes, to tell repeated keys apart
+    std::optional<std::int64_t> right;
+
+    static RowIdentity of(const DiffRow& row) { return {std::string(row.key), row.left, row.right}; }
+
+    friend bool operator==(const RowIdentity&, const RowIdentity&) = default;
+};
+
+// How the user was looking at a result, in terms that also hold for the next one.
+struct ResultView {
+    DiffFilter filter;                        // its column counts only through columnName
+    std::optional<std::string> columnName;    // of the filter's column
+    std::optional<RowIdentity> selectedRow;
+
+    friend bool operator==(const ResultView&, const ResultView&) = default;
+};
+
+// A result with all that is shown of it.
+struct ShownResult {
+    std::shared_ptr<const DiffResult> result;
+    DiffFilter filter;
+    std::vector<std::int64_t> visible;  // indexes into the result's rows that pass the filter, ascending
+    std::optional<std::int64_t> selectedRow;
+    ResultView view;  // from which the rest follows
+};
+
+// Carries a view over to a result: a column that is gone no longer filters, and a row that is gone is not selected.
+// Linear in the rows; on any thread.
+ShownResult show(std::shared_ptr<const DiffResult> result, ResultView view);
+
+}  // namespace corvale

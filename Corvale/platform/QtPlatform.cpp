@@ -1,0 +1,105 @@
+#include "Corvale/platform/QtPlatform.h"
+
+#include <QApplication>
+#include <QCoreApplication>
+#include <QFileDialog>
+#include <QLocale>
+
+#include <algorithm>
+#include <utility>
+
+#include "Corvale/platform/LocalFile.h"
+
+namespace corvale {
+
+namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(QtPlatform)
+};
+
+// A comparison, a filtering and a report at once leave room for the destruction of what they replace.
+constexpr int fewestThreads = 4;
+
+QString patterns(const QStringList& extensions) {
+    QStringList patterns;
+    for (const QString& extension : extensions) {
+        patterns.append(QStringLiteral("*.") + extension);
+    }
+    return patterns.join(u' ');
+}
+
+// Deletes itself when it closes.
+QFileDialog* panel(const QString& title) {
+    auto* const dialog = new QFileDialog(QApplication::activeWindow(), title);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    return dialog;
+}
+
+void answer(QFileDialog* dialog, std::function<void(const QList<QUrl>&)> whenChosen) {
+    QObject::connect(dialog, &QFileDialog::finished, dialog, [dialog, whenChosen = std::move(whenChosen)](int result) {
+        whenChosen(result == QDialog::Accepted ? dialog->selectedUrls() : QList<QUrl>());
+    });
+    dialog->open();
+}
+
+}  // namespace
+
+QtPlatform::QtPlatform(std::unique_ptr<QSettings> settings) : m_settings(std::move(settings)) {
+    m_pool.setMaxThreadCount(std::max(fewestThreads, m_pool.maxThreadCount()));
+}
+
+QtPlatform::~QtPlatform() {
+    m_pool.clear();
+    m_pool.waitForDone();
+}
+
+void QtPlatform::showOpenPanel(const OpenPanel& request, std::function<void(const QList<QUrl>&)> whenChosen) {
+    QFileDialog* const dialog = panel(request.message);
+    dialog->setAcceptMode(QFileDialog::AcceptOpen);
+    dialog->setFileMode(request.allowsSeveral ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
+    dialog->setLabelText(QFileDialog::Accept, Texts::tr("Open"));
+    dialog->setNameFilters({Texts::tr("Spreadsheets (%1)").arg(patterns(request.extensions)), Texts::tr("All files (*)")});
+    answer(dialog, std::move(whenChosen));
+}
+
+void QtPlatform::showSavePanel(const SavePanel& request, std::function<void(const QUrl&)> whenChosen) {
+    QFileDialog* const dialog = panel(Texts::tr("Export Report"));
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setFileMode(QFileDialog::AnyFile);
+    dialog->setDefaultSuffix(request.extension);
+    dialog->setNameFilters({QStringLiteral("*.") + request.extension});
+    dialog->selectFile(request.defaultName);
+    answer(dialog, [whenChosen = std::move(whenChosen)](const QList<QUrl>& urls) {
+        whenChosen(urls.isEmpty() ? QUrl() : urls.front());
+    });
+}
+
+Bytes QtPlatform::readFile(const QUrl& url) { return LocalFile::read(url); }
+
+void QtPlatform::writeFile(const QUrl& url, std::string_view bytes) { LocalFile::write(url, bytes); }
+
+std::optional<std::string> QtPlatform::storedData(const std::string& key) {
+    const QVariant value = m_settings->value(QString::fromStdString(key));
+    return value.isValid() ? std::optional(value.toByteArray().toStdString()) : std::nullopt;
+}
+
+void QtPlatform::storeData(const std::string& key, std::string_view data) {
+    m_settings->setValue(QString::fromStdString(key), QByteArray(data.data(), static_cast<qsizetype>(data.size())));
+    // At once, so that a crash later takes nothing along.
+    m_settings->sync();
+}
+
+std::string QtPlatform::language() const { return QLocale::system().name().section(u'_', 0, 0).toStdString(); }
+
+NumberStyle QtPlatform::numberStyle() const {
+    return QLocale::system().decimalPoint() == u"," ? NumberStyle::commaDecimal : NumberStyle::dotDecimal;
+}
+
+void QtPlatform::runInBackground(std::function<void()> work) { m_pool.start(std::move(work)); }
+
+void QtPlatform::runOnMain(std::function<void()> work) {
+    QMetaObject::invokeMethod(&m_main, std::move(work), Qt::QueuedConnection);
+}
+
+}  // namespace corvale

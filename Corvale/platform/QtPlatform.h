@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QObject>
+#include <QSettings>
+#include <QThreadPool>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "Corvale/model/Platform.h"
+
+namespace corvale {
+
+// The system as Qt knows it. Lives on the thread of the application object, which it needs; its panels belong to the
+// window that is active.
+class QtPlatform : public Platform {
+public:
+    // `settings` is the store of the data blobs.
+    explicit QtPlatform(std::unique_ptr<QSettings> settings);
+    ~QtPlatform() override;
+    QtPlatform(const QtPlatform&) = delete;
+    QtPlatform& operator=(const QtPlatform&) = delete;
+
+    void showOpenPanel(const OpenPanel& panel, std::function<void(const QList<QUrl>&)> whenChosen) override;
+    void showSavePanel(const SavePanel& panel, std::function<void(const QUrl&)> whenChosen) override;
+
+    Bytes readFile(const QUrl& url) override;
+    void writeFile(const QUrl& url, std::string_view bytes) override;
+
+    std::optional<std::string> storedData(const std::string& key) override;
+    void storeData(const std::string& key, std::string_view data) override;
+
+    std::string language() const override;
+    NumberStyle numberStyle() const override;
+
+    void runInBackground(std::function<void()> work) override;
+    void runOnMain(std::function<void()> work) override;
+
+private:
+    std::unique_ptr<QSettings> m_settings;
+    QObject m_main;  // lives on the main thread; what is posted to it dies with it
+    QThreadPool m_pool;
+};
+
+}  // namespace corvale
