@@ -31,8 +31,7 @@ std::optional<AppModel::Sheet> sheetFor(const AppSettings& settings) {
 
 }  // namespace
 
-AppModel::AppModel(Platform& platform)
-    : m_platform(platform), m_settings(storedSettings(platform)), m_jobs(platform) {
+AppModel::AppModel(Platform& platform) : m_platform(platform), m_settings(storedSettings(platform)), m_jobs(platform) {
     m_sheet = sheetFor(m_settings);
 }
 
@@ -62,8 +61,8 @@ void AppModel::select(std::optional<std::int64_t> row) {
 
 void AppModel::selectNext() {
     const Operation operation(*this);
-    const auto next = m_selectedRow ? std::upper_bound(m_visible.begin(), m_visible.end(), *m_selectedRow)
-                                    : m_visible.begin();
+    const auto next =
+        m_selectedRow ? std::upper_bound(m_visible.begin(), m_visible.end(), *m_selectedRow) : m_visible.begin();
     if (next != m_visible.end()) {
         select(*next);
     }
@@ -71,8 +70,8 @@ void AppModel::selectNext() {
 
 void AppModel::selectPrevious() {
     const Operation operation(*this);
-    const auto end = m_selectedRow ? std::lower_bound(m_visible.begin(), m_visible.end(), *m_selectedRow)
-                                   : m_visible.end();
+    const auto end =
+        m_selectedRow ? std::lower_bound(m_visible.begin(), m_visible.end(), *m_selectedRow) : m_visible.end();
     if (end != m_visible.begin()) {
         select(*(end - 1));
     }
@@ -115,14 +114,16 @@ void AppModel::noteChange(Signal changed) {
 }
 
 void AppModel::announce() {
-    // A receiver may begin another operation, which announces what is left here together with its own.
+    // Large values live until every receiver was told that they are gone. One of them may begin another operation,
+    // which announces what is left here together with its own.
+    auto retired = std::exchange(m_retired, {});
     while (!m_changes.empty()) {
         const Signal changed = m_changes.front();
         m_changes.erase(m_changes.begin());
         Q_EMIT(this->*changed)();
     }
-    if (!m_retired.empty()) {
-        m_jobs.discard(std::exchange(m_retired, {}));
+    if (!retired.empty()) {
+        m_jobs.discard(std::move(retired));
     }
 }
 

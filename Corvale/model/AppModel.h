@@ -4,7 +4,6 @@
 #include <QObject>
 #include <QString>
 #include <QUrl>
-
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -33,7 +32,8 @@ namespace corvale {
 
 // The state of the window and its whole workflow: open, read, choose sheet and header row, suggest a key, compare,
 // filter and browse, export. Lives on the main thread; a call of an operation from another one ends the process. A
-// signal is sent once an operation is done and the state whole, and only where the field has another value.
+// signal is sent once an operation is done and the state whole, and only where the field has another value. Operations
+// may be called while one is being received.
 class AppModel : public QObject {
     Q_OBJECT
 
@@ -100,9 +100,10 @@ public:
     void open(const QList<QUrl>& urls, Side side);
     // The side keeps its file until the new one is read, and for good when that fails.
     void load(const QUrl& url, Side side);
-    // `index` is one of the file's sheets. A header row chosen for another sheet is forgotten.
+    // `index` is one of the file's sheets. A header row chosen for another sheet is forgotten. Nothing happens while
+    // another file is read for the side, nor with a sample.
     void setSheet(std::int64_t index, Side side);
-    // A 1-based source row number; none for automatic.
+    // A 1-based source row number; none for automatic. Else like setSheet().
     void setHeaderRow(std::optional<std::int64_t> row, Side side);
     void close(Side side);
     // Exchanges the files with their choices, also those still being read.
@@ -113,7 +114,7 @@ public:
     // --- Comparing
 
     void setMatch(const MatchChoice& choice);
-    // Nothing happens while a side is missing.
+    // Nothing happens while a side is missing. Waits until reading has ended.
     void compare();
     // Reads both files from disk again, all or none, then compares.
     void compareAgain();
@@ -165,41 +166,46 @@ private:
     using Signal = void (AppModel::*)();
     // Every operation holds one: it checks the thread, and when the outermost ends, what changed is announced.
     class Operation;
-    // What becomes of the match when new tables lack the chosen key, or none was chosen.
-    enum class RowOrder : std::uint8_t { replacedBySuggestion, kept };
 
     template <typename Value>
     void set(Value& field, Value value, Signal changed);
     void noteChange(Signal changed);
     void announce();
     bool hasBothFiles() const { return m_files[0] && m_files[1]; }
+    // No comparison runs before.
     bool isSettled() const { return m_pendingLoads.empty() && !m_isSuggesting; }
 
     void startLoad(PendingLoads::Id id, std::function<LoadedFile()> work);
     void finishLoad(PendingLoads::Id id, Outcome<LoadedFile>& outcome);
     void storeArrivedFiles();
     void setFile(Side side, std::optional<LoadedFile> file);
-    void updateLoading();
+    void followPendingLoads();
     void interruptComparison();
-    void reparse(Side side, std::int64_t sheet, std::optional<std::int64_t> headerRow);
+    void interruptSuggestion();
+    bool canReread(Side side) const;
+    // Of a side that can be read anew.
+    PendingLoads::Reread wantedReading(Side side) const;
+    void restart(Side side, const PendingLoads::Reread& reread);
+    void startReread(Side side, PendingLoads::Id id, const PendingLoads::Reread& reread);
     void suggestKey();
     void abandonSuggestion();
     void takeSuggestion(std::optional<std::string> proposal);
     void followNamesOfBefore();
 
     void compareWhenSettled();
+    void startComparing();
     void stopComparing();
     // `run` is the number of the comparison.
     void finishComparison(std::uint64_t run, const std::shared_ptr<CancelFlag>& flag, Outcome<ShownResult>& outcome);
     void endComparison();
-    void adopt(ShownResult& shown);
+    void adopt(ShownResult shown);
     void clearResult();
     void replaceResult(std::shared_ptr<const DiffResult> result);
     ResultView resultView() const;
     void refilter();
     void selectVisible(std::ptrdiff_t place);
-    void saveReport(const std::shared_ptr<const DiffResult>& result, ReportKind kind, const QUrl& url);
-    bool isComparedFile(const QUrl& url) const;
+    void saveReport(std::shared_ptr<const DiffResult> result, ReportKind kind, const QUrl& url);
+    std::vector<QUrl> comparedFiles() const;
 
     Platform& m_platform;
     std::thread::id m_mainThread = std::this_thread::get_id();
@@ -228,9 +234,10 @@ private:
 
     PendingLoads m_pendingLoads;
     std::shared_ptr<CancelFlag> m_filterFlag;  // of the newest filtering
-    bool m_pairChanged = false;                // since the last suggestion was asked for
-    RowOrder m_rowOrder = RowOrder::replacedBySuggestion;
-    bool m_compareOwed = false;  // a comparison waits until reading ends
+    bool m_isPairNew = false;                  // no key was suggested for it yet
+    bool m_isRowOrderOpen = false;  // files came since the match was chosen, so that a suggestion may replace row order
+    bool m_isResultSwapped = false;  // its Before is After now
+    bool m_compareOwed = false;      // a comparison waits until reading ends
     bool m_isSuggesting = false;
     bool m_comparesAfterSuggestion = true;
     std::uint64_t m_suggestGeneration = 0;

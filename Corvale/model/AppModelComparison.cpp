@@ -16,17 +16,34 @@ void AppModel::setMatch(const MatchChoice& choice) {
     const Operation operation(*this);
     set(m_match, choice, &AppModel::matchChanged);
     // The user's word counts more than a suggestion that is still being looked for.
-    m_rowOrder = RowOrder::kept;
+    m_isRowOrderOpen = false;
+    m_pendingLoads.keepRowOrder();
     compareWhenSettled();
 }
 
 void AppModel::compare() {
     const Operation operation(*this);
+    compareWhenSettled();
+}
+
+// While files are read or a key is looked for, a comparison could only show what is about to change.
+void AppModel::compareWhenSettled() {
+    if (isSettled()) {
+        startComparing();
+    } else {
+        m_compareOwed = hasBothFiles();
+        m_comparesAfterSuggestion = true;
+    }
+}
+
+void AppModel::startComparing() {
     m_compareOwed = false;
     if (!hasBothFiles()) {
         return;
     }
-    stopComparing();
+    if (m_compareFlag) {
+        m_compareFlag->cancel();
+    }
     const auto flag = std::make_shared<CancelFlag>();
     set(m_compareFlag, flag, &AppModel::compareFlagChanged);
     const std::uint64_t run = m_compareGeneration + 1;
@@ -45,8 +62,14 @@ void AppModel::compare() {
         }
     };
     m_jobs.run(
-        [before = before()->table, after = after()->table, match = m_match.rowMatch(), options = m_settings.options,
-         style = m_platform.numberStyle(), view = resultView(), flag, report] {
+        [before = before()->table,
+         after = after()->table,
+         match = m_match.rowMatch(),
+         options = m_settings.options,
+         style = m_platform.numberStyle(),
+         view = resultView(),
+         flag,
+         report] {
             const DiffEngine::Callbacks callbacks{report, [flag] { return flag->isCancelled(); }};
             return show(std::make_shared<const DiffResult>(
                             DiffEngine::compare(before, after, match, options, style, callbacks)),
@@ -66,18 +89,17 @@ void AppModel::finishComparison(std::uint64_t run, const std::shared_ptr<CancelF
         endComparison();
         return;
     }
-    ShownResult& shown = *outcome.value;
-    if (shown.view != resultView()) {
+    if (outcome.value->view != resultView()) {
         // The user filtered or selected meanwhile.
-        m_jobs.run([result = shown.result, view = resultView()] { return show(result, view); },
+        m_jobs.run([result = outcome.value->result, view = resultView()] { return show(result, view); },
                    [this, run, flag](Outcome<ShownResult>& again) { finishComparison(run, flag, again); });
         return;
     }
-    adopt(shown);
+    adopt(outcome.take());
     endComparison();
 }
 
-void AppModel::adopt(ShownResult& shown) {
+void AppModel::adopt(ShownResult shown) {
     set(m_filter, std::move(shown.filter), &AppModel::filterChanged);
     // A filtering of the older result comes too late now.
     set(m_filterGeneration, m_filterGeneration + 1, &AppModel::filterGenerationChanged);
@@ -98,18 +120,10 @@ void AppModel::stopComparing() {
     }
 }
 
-void AppModel::compareWhenSettled() {
-    if (isSettled()) {
-        compare();
-    } else {
-        m_compareOwed = hasBothFiles();
-        m_comparesAfterSuggestion = true;
-    }
-}
-
 void AppModel::cancel() {
     const Operation operation(*this);
     if (m_pendingLoads.empty()) {
+        m_compareOwed = false;
         m_comparesAfterSuggestion = false;
         stopComparing();
         return;
@@ -120,15 +134,8 @@ void AppModel::cancel() {
 }
 
 ResultView AppModel::resultView() const {
-    ResultView view;
-    view.filter = m_filter;
-    if (m_result && m_filter.column) {
-        view.columnName = m_result->columns[static_cast<std::size_t>(*m_filter.column)].name;
-    }
-    if (m_result && m_selectedRow) {
-        view.selectedRow = RowIdentity::of(m_result->rows[static_cast<std::size_t>(*m_selectedRow)]);
-    }
-    return view;
+    return m_result ? viewOf(*m_result, m_filter, m_selectedRow, {m_match.rowMatch(), m_isResultSwapped})
+                    : ResultView{m_filter, std::nullopt, std::nullopt};
 }
 
 void AppModel::clearResult() {
@@ -145,22 +152,24 @@ void AppModel::clearResult() {
 }
 
 void AppModel::replaceResult(std::shared_ptr<const DiffResult> result) {
-    m_retired.push_back(std::exchange(m_result, std::move(result)));
+    if (auto old = std::exchange(m_result, std::move(result))) {
+        m_retired.push_back(std::move(old));
+    }
+    m_isResultSwapped = false;
     noteChange(&AppModel::resultChanged);
 }
 
 void AppModel::setFilter(const DiffFilter& filter) {
     const Operation operation(*this);
-    if (filter == m_filter) {
-        return;
-    }
     DiffFilter wanted = filter;
     const auto columns = m_result ? static_cast<std::int64_t>(m_result->columns.size()) : 0;
     if (wanted.column && (*wanted.column < 0 || *wanted.column >= columns)) {
         wanted.column.reset();
     }
-    set(m_filter, std::move(wanted), &AppModel::filterChanged);
-    refilter();
+    if (wanted != m_filter) {
+        set(m_filter, std::move(wanted), &AppModel::filterChanged);
+        refilter();
+    }
 }
 
 void AppModel::refilter() {
@@ -182,7 +191,7 @@ void AppModel::refilter() {
         [this, run](Outcome<std::vector<std::int64_t>>& outcome) {
             const Operation delivery(*this);
             if (run == m_filterGeneration && outcome.value) {
-                set(m_visible, std::move(*outcome.value), &AppModel::visibleChanged);
+                set(m_visible, outcome.take(), &AppModel::visibleChanged);
             }
         });
 }

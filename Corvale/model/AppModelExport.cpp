@@ -1,7 +1,6 @@
 // How AppModel writes reports.
 
 #include <QFileInfo>
-
 #include <algorithm>
 #include <utility>
 
@@ -12,33 +11,51 @@
 
 namespace corvale {
 
+namespace {
+
+// On any thread. Throws UserFailure.
+void refuseToReplace(const std::vector<QUrl>& files, const QUrl& target) {
+    const QString path = QFileInfo(target.toLocalFile()).canonicalFilePath();
+    const bool isOneOfThem = !path.isEmpty() && std::any_of(files.begin(), files.end(), [&path](const QUrl& file) {
+        return QFileInfo(file.toLocalFile()).canonicalFilePath() == path;
+    });
+    if (isOneOfThem) {
+        throw UserFailure(AppModel::tr("It would replace a file that is being compared.").toStdString());
+    }
+}
+
+}  // namespace
+
 void AppModel::exportReport(ReportKind kind) {
     const Operation operation(*this);
     if (!m_result || m_exporting) {
         return;
     }
     const Platform::SavePanel panel{ReportExport::defaultName(*m_result, kind), ReportExport::extension(kind)};
-    // The result that the user saw when asking for it; a newer one may come while the panel is open.
-    m_platform.showSavePanel(panel, m_jobs.whileAlive(std::function([this, result = m_result, kind](const QUrl& url) {
-                                 saveReport(result, kind, url);
-                             })));
+    // The result that the user saw when asking for it; a newer one may come while the panel is open. Whoever copies the
+    // function shares the one reference to it.
+    const auto asked = std::make_shared<std::shared_ptr<const DiffResult>>(m_result);
+    m_platform.showSavePanel(panel, m_jobs.whileAlive(std::function([this, asked, kind](const QUrl& url) {
+        saveReport(std::exchange(*asked, nullptr), kind, url);
+    })));
 }
 
-void AppModel::saveReport(const std::shared_ptr<const DiffResult>& result, ReportKind kind, const QUrl& url) {
+void AppModel::saveReport(std::shared_ptr<const DiffResult> result, ReportKind kind, const QUrl& url) {
     const Operation operation(*this);
     if (url.isEmpty() || m_exporting) {
-        return;
-    }
-    if (isComparedFile(url)) {
-        const UserFailure failure(tr("It would replace a file that is being compared.").toStdString());
-        set(m_problem, std::optional(FailureTexts::ofExporting(std::make_exception_ptr(failure))),
-            &AppModel::problemChanged);
+        m_retired.push_back(std::move(result));
         return;
     }
     set(m_exporting, true, &AppModel::exportingChanged);
     m_jobs.run(
-        [&platform = m_platform, result, kind, url, language = m_platform.language(),
+        [&platform = m_platform,
+         result = std::move(result),
+         kind,
+         url,
+         compared = comparedFiles(),
+         language = m_platform.language(),
          includeUnchanged = m_settings.includeUnchangedInReports] {
+            refuseToReplace(compared, url);
             platform.writeFile(url, ReportExport::bytes(*result, kind, includeUnchanged, language));
             return true;
         },
@@ -51,11 +68,14 @@ void AppModel::saveReport(const std::shared_ptr<const DiffResult>& result, Repor
         });
 }
 
-bool AppModel::isComparedFile(const QUrl& url) const {
-    const QString path = QFileInfo(url.toLocalFile()).canonicalFilePath();
-    return !path.isEmpty() && std::any_of(m_files.begin(), m_files.end(), [&path](const auto& file) {
-        return file && QFileInfo(file->url.toLocalFile()).canonicalFilePath() == path;
-    });
+std::vector<QUrl> AppModel::comparedFiles() const {
+    std::vector<QUrl> urls;
+    for (const auto& file : m_files) {
+        if (file) {
+            urls.push_back(file->url);
+        }
+    }
+    return urls;
 }
 
 }  // namespace corvale

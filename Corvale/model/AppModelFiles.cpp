@@ -33,9 +33,8 @@ void AppModel::choose(Side side) {
                              : tr("Choose the newer file (After).");
     panel.allowsSeveral = isBefore;
     panel.extensions = {QStringLiteral("xlsx"), QStringLiteral("csv"), QStringLiteral("tsv"), QStringLiteral("txt")};
-    m_platform.showOpenPanel(panel, m_jobs.whileAlive(std::function([this, side](const QList<QUrl>& urls) {
-                                 open(urls, side);
-                             })));
+    m_platform.showOpenPanel(
+        panel, m_jobs.whileAlive(std::function([this, side](const QList<QUrl>& urls) { open(urls, side); })));
 }
 
 void AppModel::open(const QList<QUrl>& urls, Side side) {
@@ -57,34 +56,55 @@ void AppModel::load(const QUrl& url, Side side) {
         return;
     }
     interruptComparison();
-    m_rowOrder = RowOrder::replacedBySuggestion;
     startLoad(m_pendingLoads.start(side), [&platform = m_platform, url] { return FileLoading::read(platform, url); });
 }
 
 void AppModel::setSheet(std::int64_t index, Side side) {
     const Operation operation(*this);
-    const auto& current = file(side);
-    if (current && index >= 0 && index < static_cast<std::int64_t>(current->sheetNames.size()) &&
-        index != current->sheet) {
-        reparse(side, index, std::nullopt);
+    if (!canReread(side) || index < 0 || index >= static_cast<std::int64_t>(file(side)->sheetNames.size())) {
+        return;
+    }
+    const PendingLoads::Reread wanted = wantedReading(side);
+    if (index != wanted.sheet) {
+        restart(side, {index, std::nullopt, wanted.fromDisk});
     }
 }
 
 void AppModel::setHeaderRow(std::optional<std::int64_t> row, Side side) {
     const Operation operation(*this);
-    if (file(side) && row != file(side)->headerRow) {
-        reparse(side, file(side)->sheet, row);
+    if (!canReread(side)) {
+        return;
+    }
+    const PendingLoads::Reread wanted = wantedReading(side);
+    if (row != wanted.headerRow) {
+        restart(side, {wanted.sheet, row, wanted.fromDisk});
     }
 }
 
-void AppModel::reparse(Side side, std::int64_t sheet, std::optional<std::int64_t> headerRow) {
-    if (!file(side)->data) {
-        return;
-    }
+// A sample has no bytes, and a file that another one is about to replace is not worth reading.
+bool AppModel::canReread(Side side) const {
+    return file(side) && file(side)->data && (!m_pendingLoads.isPending(side) || m_pendingLoads.reread(side));
+}
+
+// The choices that the file will have once all is read.
+PendingLoads::Reread AppModel::wantedReading(Side side) const {
+    return m_pendingLoads.reread(side).value_or(PendingLoads::Reread{file(side)->sheet, file(side)->headerRow, false});
+}
+
+void AppModel::restart(Side side, const PendingLoads::Reread& reread) {
     interruptComparison();
-    m_rowOrder = RowOrder::replacedBySuggestion;
-    startLoad(m_pendingLoads.start(side),
-              [old = *file(side), sheet, headerRow] { return FileLoading::reparsed(old, sheet, headerRow); });
+    startReread(side, m_pendingLoads.restart(side, reread), reread);
+}
+
+void AppModel::startReread(Side side, PendingLoads::Id id, const PendingLoads::Reread& reread) {
+    LoadedFile old = *file(side);
+    old.sheet = reread.sheet;
+    old.headerRow = reread.headerRow;
+    if (reread.fromDisk) {
+        startLoad(id, [&platform = m_platform, old] { return FileLoading::readAgain(platform, old); });
+    } else {
+        startLoad(id, [old] { return FileLoading::reparsed(old); });
+    }
 }
 
 void AppModel::close(Side side) {
@@ -103,13 +123,14 @@ void AppModel::close(Side side) {
 
 void AppModel::swap() {
     const Operation operation(*this);
-    interruptComparison();
+    interruptSuggestion();
     std::swap(m_files[0], m_files[1]);
     if (m_files[0] || m_files[1]) {
         noteChange(&AppModel::beforeChanged);
         noteChange(&AppModel::afterChanged);
     }
     m_pendingLoads.swap();
+    m_isResultSwapped = !m_isResultSwapped;
     followNamesOfBefore();
     m_compareOwed = hasBothFiles();
     storeArrivedFiles();
@@ -123,34 +144,32 @@ void AppModel::openSamples() {
     const SampleData::Pair samples = SampleData::stock();
     setFile(Side::before, sampleFile(samples.before));
     setFile(Side::after, sampleFile(samples.after));
-    m_rowOrder = RowOrder::replacedBySuggestion;
-    m_pairChanged = true;
+    m_isPairNew = true;
+    m_isRowOrderOpen = true;
     storeArrivedFiles();
 }
 
 void AppModel::compareAgain() {
     const Operation operation(*this);
-    std::vector<Side> sides;
+    std::vector<std::pair<Side, PendingLoads::Reread>> rereads;
     for (const Side side : {Side::before, Side::after}) {
-        if (file(side) && file(side)->data && !m_pendingLoads.isPending(side)) {
-            sides.push_back(side);
+        if (canReread(side)) {
+            rereads.emplace_back(side, wantedReading(side));
+            rereads.back().second.fromDisk = true;
         }
     }
-    if (sides.empty()) {
+    if (rereads.empty()) {
         compareWhenSettled();
         return;
     }
     interruptComparison();
-    if (m_pendingLoads.empty()) {
-        m_rowOrder = RowOrder::kept;
-    }
-    for (const auto& [side, id] : m_pendingLoads.startTogether(sides)) {
-        startLoad(id, [&platform = m_platform, old = *file(side)] { return FileLoading::readAgain(platform, old); });
+    for (const auto& [side, id] : m_pendingLoads.startTogether(rereads)) {
+        startReread(side, id, *m_pendingLoads.reread(side));
     }
 }
 
 void AppModel::startLoad(PendingLoads::Id id, std::function<LoadedFile()> work) {
-    updateLoading();
+    followPendingLoads();
     m_jobs.run(std::move(work), [this, id](Outcome<LoadedFile>& outcome) { finishLoad(id, outcome); });
 }
 
@@ -160,7 +179,7 @@ void AppModel::finishLoad(PendingLoads::Id id, Outcome<LoadedFile>& outcome) {
         return;
     }
     if (outcome.value) {
-        m_pendingLoads.arrive(id, std::move(*outcome.value));
+        m_pendingLoads.arrive(id, outcome.take());
     } else {
         m_pendingLoads.fail(id);
         set(m_problem, std::optional(FailureTexts::ofLoading(outcome.failure)), &AppModel::problemChanged);
@@ -169,18 +188,19 @@ void AppModel::finishLoad(PendingLoads::Id id, Outcome<LoadedFile>& outcome) {
 }
 
 void AppModel::storeArrivedFiles() {
-    for (auto& [side, file] : m_pendingLoads.takeArrived()) {
+    for (auto& [side, file, keepsRowOrder] : m_pendingLoads.takeArrived()) {
         setFile(side, std::move(file));
-        m_pairChanged = true;
+        m_isPairNew = true;
+        m_isRowOrderOpen = m_isRowOrderOpen || !keepsRowOrder;
     }
-    updateLoading();
+    followPendingLoads();
     if (!m_pendingLoads.empty()) {
         return;
     }
-    if (m_pairChanged) {
+    if (m_isPairNew) {
         suggestKey();
     } else if (m_compareOwed) {
-        compare();
+        startComparing();
     }
 }
 
@@ -189,11 +209,16 @@ void AppModel::setFile(Side side, std::optional<LoadedFile> file) {
     if (!current && !file) {
         return;
     }
-    m_retired.push_back(std::make_shared<std::optional<LoadedFile>>(std::exchange(current, std::move(file))));
+    if (auto old = std::exchange(current, std::move(file))) {
+        m_retired.push_back(std::make_shared<LoadedFile>(std::move(*old)));
+    }
     noteChange(side == Side::before ? &AppModel::beforeChanged : &AppModel::afterChanged);
 }
 
-void AppModel::updateLoading() {
+void AppModel::followPendingLoads() {
+    for (LoadedFile& file : m_pendingLoads.takeUnwanted()) {
+        m_retired.push_back(std::make_shared<LoadedFile>(std::move(file)));
+    }
     std::set<std::string> loading;
     for (const Side side : {Side::before, Side::after}) {
         if (m_pendingLoads.isPending(side)) {
@@ -209,14 +234,18 @@ void AppModel::interruptComparison() {
         m_compareOwed = true;
     }
     stopComparing();
+    interruptSuggestion();
+}
+
+void AppModel::interruptSuggestion() {
     if (m_isSuggesting) {
         abandonSuggestion();
-        m_pairChanged = true;
+        m_isPairNew = true;
     }
 }
 
 void AppModel::suggestKey() {
-    m_pairChanged = false;
+    m_isPairNew = false;
     if (!hasBothFiles()) {
         m_compareOwed = false;
         set(m_suggestedKey, std::optional<std::string>(), &AppModel::suggestedKeyChanged);
@@ -244,15 +273,14 @@ void AppModel::abandonSuggestion() {
 void AppModel::takeSuggestion(std::optional<std::string> proposal) {
     const std::vector<std::string> shared = sharedColumns();
     const auto& chosen = m_match.column();
-    const bool isKept = chosen ? std::find(shared.begin(), shared.end(), *chosen) != shared.end()
-                               : m_rowOrder == RowOrder::kept;
+    const bool isKept = chosen ? std::find(shared.begin(), shared.end(), *chosen) != shared.end() : !m_isRowOrderOpen;
     if (!isKept) {
         set(m_match, proposal ? MatchChoice::key(*proposal) : MatchChoice::rowOrder(), &AppModel::matchChanged);
     }
-    m_rowOrder = RowOrder::replacedBySuggestion;
+    m_isRowOrderOpen = false;
     set(m_suggestedKey, std::move(proposal), &AppModel::suggestedKeyChanged);
     if (m_comparesAfterSuggestion) {
-        compare();
+        startComparing();
     }
 }
 

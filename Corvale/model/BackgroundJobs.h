@@ -16,6 +16,13 @@ template <typename Value>
 struct Outcome {
     std::optional<Value> value;
     std::exception_ptr failure;
+
+    // The value, which the caller has to destroy from now on. There is one.
+    Value take() {
+        Value taken = std::move(*value);
+        value.reset();
+        return taken;
+    }
 };
 
 // Background work of one owner on the main thread: what it comes to is delivered only while the owner lives. Values
@@ -30,18 +37,23 @@ public:
     void run(Work work, Done done) {
         using Value = std::invoke_result_t<Work>;
         auto outcome = std::make_shared<Outcome<Value>>();
-        m_platform.runInBackground([alive = std::weak_ptr(m_alive), &platform = m_platform, outcome,
-                                    work = std::move(work), done = std::move(done)]() mutable {
+        m_platform.runInBackground([alive = std::weak_ptr(m_alive),
+                                    &platform = m_platform,
+                                    outcome,
+                                    work = std::move(work),
+                                    done = std::move(done)]() mutable {
             try {
                 outcome->value.emplace(work());
             } catch (...) {
                 outcome->failure = std::current_exception();
             }
-            platform.runOnMain([alive, &platform, outcome, done]() mutable {
+            platform.runOnMain([alive, &platform, outcome, done = std::move(done)]() mutable {
                 if (alive.lock()) {
                     done(*outcome);
                 }
-                discardOn(platform, std::exchange(outcome->value, std::nullopt));
+                if (!std::is_trivially_destructible_v<Value> && outcome->value) {
+                    discardOn(platform, outcome->take());
+                }
             });
         });
     }

@@ -1,7 +1,6 @@
 #include "Corvale/model/FailureTexts.h"
 
 #include <QCoreApplication>
-
 #include <new>
 
 #include "CorvaleKit/base/Failures.h"
@@ -24,12 +23,14 @@ QString ownText(const DataLoader::Failure& failure) {
         case DataLoader::Failure::Kind::emptySheet:
             return Texts::tr("That sheet is empty. Pick another sheet from the menu under the file name.");
         case DataLoader::Failure::Kind::oldExcel:
-            return Texts::tr("“%1” is an older Excel file (.xls). Open it in Excel or Numbers, save it as .xlsx or "
-                             "CSV, then open that here.")
+            return Texts::tr(
+                       "“%1” is an older Excel file (.xls). Open it in Excel or Numbers, save it as .xlsx or "
+                       "CSV, then open that here.")
                 .arg(name);
         case DataLoader::Failure::Kind::numbersFile:
-            return Texts::tr("“%1” is a Numbers file. In Numbers, choose File › Export To › Excel… (or CSV…), then "
-                             "open the exported file here.")
+            return Texts::tr(
+                       "“%1” is a Numbers file. In Numbers, choose File › Export To › Excel… (or CSV…), then "
+                       "open the exported file here.")
                 .arg(name);
         case DataLoader::Failure::Kind::empty:
             return Texts::tr("“%1” is empty.").arg(name);

@@ -54,28 +54,29 @@ LoadedFile readAgain(Platform& platform, const LoadedFile& old) {
     file.name = old.name;
     file.headerRow = old.headerRow;
     file.data = bytesOf(platform, old.url);
-    const SheetByName sameSheet = [&old](const std::vector<std::string>& names) -> std::int64_t {
+    bool isSameSheet = true;
+    const SheetByName sameSheet = [&old, &isSameSheet](const std::vector<std::string>& names) -> std::int64_t {
         const auto index = static_cast<std::size_t>(old.sheet);
-        const auto found = index < old.sheetNames.size()
-                               ? std::find(names.begin(), names.end(), old.sheetNames[index])
-                               : names.end();
-        return found == names.end() ? 0 : found - names.begin();
+        const auto found =
+            index < old.sheetNames.size() ? std::find(names.begin(), names.end(), old.sheetNames[index]) : names.end();
+        isSameSheet = found != names.end();
+        return isSameSheet ? found - names.begin() : 0;
     };
     parse(file, sameSheet);
-    if (file.headerRow && *file.headerRow != file.table.headerRowNumber()) {
+    if (file.headerRow && !(isSameSheet && *file.headerRow == file.table.headerRowNumber())) {
         file.headerRow.reset();
         parse(file, sameSheet);
     }
     return file;
 }
 
-LoadedFile reparsed(const LoadedFile& old, std::int64_t sheet, std::optional<std::int64_t> headerRow) {
+LoadedFile reparsed(const LoadedFile& old) {
     LoadedFile file;
     file.url = old.url;
     file.name = old.name;
     file.data = old.data;
-    file.headerRow = headerRow;
-    parse(file, [sheet](const auto&) { return sheet; });
+    file.headerRow = old.headerRow;
+    parse(file, [&old](const auto&) { return old.sheet; });
     return file;
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QUrl>
-
 #include <cstdint>
 #include <optional>
 
@@ -18,10 +17,10 @@ std::string nameOf(const QUrl& url);
 LoadedFile read(Platform& platform, const QUrl& url);
 
 // Reads `file` from disk anew with its choices: the sheet of the same name, else the first one, and the chosen header
-// row, else the automatic one where that row is gone or blank now.
+// row, else the automatic one where that row or its sheet is gone, or the row is blank now.
 LoadedFile readAgain(Platform& platform, const LoadedFile& file);
 
-// The same bytes with other choices. `file` has its bytes.
-LoadedFile reparsed(const LoadedFile& file, std::int64_t sheet, std::optional<std::int64_t> headerRow);
+// The bytes of `file`, which it has, read with the choices that it has now; its table may come from others.
+LoadedFile reparsed(const LoadedFile& file);
 
 }  // namespace corvale::FileLoading

@@ -14,9 +14,8 @@ constexpr std::size_t longestText = 18;  // in characters
 constexpr std::size_t keptOfLonger = 17;
 
 std::string shortened(std::string_view text) {
-    return Text::hasMoreCharactersThan(text, longestText)
-               ? std::string(Text::firstCharacters(text, keptOfLonger)) + "…"
-               : std::string(text);
+    return Text::hasMoreCharactersThan(text, longestText) ? std::string(Text::firstCharacters(text, keptOfLonger)) + "…"
+                                                          : std::string(text);
 }
 
 std::string previewOf(const CellRow& row) {

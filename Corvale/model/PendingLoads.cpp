@@ -4,16 +4,42 @@
 
 namespace corvale {
 
-PendingLoads::Id PendingLoads::start(Side side) { return startTogether({side}).front().second; }
+PendingLoads::Id PendingLoads::start(Side side) {
+    const Id id = ++m_lastId;
+    put(side, {id, id, std::nullopt, false, std::nullopt});
+    return id;
+}
 
-std::vector<std::pair<Side, PendingLoads::Id>> PendingLoads::startTogether(const std::vector<Side>& sides) {
+PendingLoads::Id PendingLoads::restart(Side side, const Reread& reread) {
+    const auto& older = m_loads[place(side)];
+    const Id id = ++m_lastId;
+    const Id group = older && older->reread ? older->group : id;
+    put(side, {id, group, reread, false, std::nullopt});
+    return id;
+}
+
+std::vector<std::pair<Side, PendingLoads::Id>> PendingLoads::startTogether(
+    const std::vector<std::pair<Side, Reread>>& rereads) {
     const Id group = m_lastId + 1;
     std::vector<std::pair<Side, Id>> started;
-    for (const Side side : sides) {
-        m_loads[place(side)] = Load{++m_lastId, group, std::nullopt};
+    for (const auto& [side, reread] : rereads) {
+        put(side, {++m_lastId, group, reread, true, std::nullopt});
         started.emplace_back(side, m_lastId);
     }
     return started;
+}
+
+std::optional<PendingLoads::Reread> PendingLoads::reread(Side side) const {
+    const auto& load = m_loads[place(side)];
+    return load ? load->reread : std::nullopt;
+}
+
+void PendingLoads::keepRowOrder() {
+    for (auto& load : m_loads) {
+        if (load) {
+            load->keepsRowOrder = true;
+        }
+    }
 }
 
 void PendingLoads::arrive(Id id, LoadedFile file) {
@@ -26,14 +52,23 @@ void PendingLoads::arrive(Id id, LoadedFile file) {
 
 void PendingLoads::fail(Id id) {
     const Id group = find(id)->group;
-    for (auto& load : m_loads) {
+    for (const Side side : {Side::before, Side::after}) {
+        const auto& load = m_loads[place(side)];
         if (load && load->group == group) {
-            load.reset();
+            drop(side);
         }
     }
 }
 
-std::vector<std::pair<Side, LoadedFile>> PendingLoads::takeArrived() {
+void PendingLoads::drop(Side side) {
+    auto& load = m_loads[place(side)];
+    if (load && load->file) {
+        m_unwanted.push_back(std::move(*load->file));
+    }
+    load.reset();
+}
+
+std::vector<PendingLoads::Arrived> PendingLoads::takeArrived() {
     std::vector<Side> ready;
     for (const Side side : {Side::before, Side::after}) {
         const auto& load = m_loads[place(side)];
@@ -41,12 +76,18 @@ std::vector<std::pair<Side, LoadedFile>> PendingLoads::takeArrived() {
             ready.push_back(side);
         }
     }
-    std::vector<std::pair<Side, LoadedFile>> files;
+    std::vector<Arrived> arrived;
     for (const Side side : ready) {
-        files.emplace_back(side, std::move(*m_loads[place(side)]->file));
-        drop(side);
+        auto& load = m_loads[place(side)];
+        arrived.push_back({side, std::move(*load->file), load->keepsRowOrder});
+        load.reset();
     }
-    return files;
+    return arrived;
+}
+
+void PendingLoads::put(Side side, Load load) {
+    drop(side);
+    m_loads[place(side)] = std::move(load);
 }
 
 const PendingLoads::Load* PendingLoads::find(Id id) const {

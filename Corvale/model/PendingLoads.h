@@ -16,37 +16,66 @@ class PendingLoads {
 public:
     using Id = std::uint64_t;
 
+    // How the file of a side is read anew.
+    struct Reread {
+        std::int64_t sheet = 0;  // index into the names that the file has now
+        std::optional<std::int64_t> headerRow;
+        bool fromDisk = false;  // else from the bytes at hand
+
+        friend bool operator==(const Reread&, const Reread&) = default;
+    };
+
+    struct Arrived {
+        Side side = Side::before;  // the one that wants it now
+        LoadedFile file;
+        bool keepsRowOrder = false;
+    };
+
+    // Of another file.
     Id start(Side side);
-    std::vector<std::pair<Side, Id>> startTogether(const std::vector<Side>& sides);
+    // Of the side's own file with other choices. In place of an older such read it stays with those started together.
+    Id restart(Side side, const Reread& reread);
+    // Of the same files as they are on disk now; such reads keep a match by row order.
+    std::vector<std::pair<Side, Id>> startTogether(const std::vector<std::pair<Side, Reread>>& rereads);
 
     // False once the read was superseded or dropped.
     bool isCurrent(Id id) const { return find(id) != nullptr; }
     bool isPending(Side side) const { return m_loads[place(side)].has_value(); }
     bool empty() const { return !m_loads[0] && !m_loads[1]; }
+    // None when nothing is read for the side, or another file.
+    std::optional<Reread> reread(Side side) const;
 
+    // The match that the user chose meanwhile is to be kept by all that are under way.
+    void keepRowOrder();
     // `id` is current.
     void arrive(Id id, LoadedFile file);
     // Drops it and those started together with it. `id` is current.
     void fail(Id id);
-    void drop(Side side) { m_loads[place(side)].reset(); }
+    void drop(Side side);
     // What is being read for one side is wanted for the other.
     void swap() { std::swap(m_loads[0], m_loads[1]); }
 
-    // The files that wait for no other one any more, with the side that wants them now.
-    std::vector<std::pair<Side, LoadedFile>> takeArrived();
+    // The files that wait for no other one any more.
+    std::vector<Arrived> takeArrived();
+    // Files that had arrived and were dropped while they waited: large values, for the caller to destroy elsewhere.
+    std::vector<LoadedFile> takeUnwanted() { return std::exchange(m_unwanted, {}); }
 
 private:
     struct Load {
         Id id = 0;
         Id group = 0;
+        std::optional<Reread> reread;
+        bool keepsRowOrder = false;
         std::optional<LoadedFile> file;
     };
 
     static std::size_t place(Side side) { return static_cast<std::size_t>(side); }
+    void put(Side side, Load load);
     const Load* find(Id id) const;
     bool isWaiting(Id group) const;
 
     std::array<std::optional<Load>, 2> m_loads;
+    std::vector<LoadedFile> m_unwanted;
     Id m_lastId = 0;
 };
 

@@ -3,40 +3,87 @@
 #include <algorithm>
 #include <utility>
 
+#include "CorvaleKit/text/Text.h"
+
 namespace corvale {
 
 namespace {
 
 std::optional<std::int64_t> columnNamed(const DiffResult& result, const std::optional<std::string>& name) {
-    const auto found = std::find_if(result.columns.begin(), result.columns.end(),
-                                    [&name](const ColumnPair& column) { return column.name == name; });
+    const auto found = std::find_if(result.columns.begin(), result.columns.end(), [&name](const ColumnPair& column) {
+        return column.name == name;
+    });
     return found == result.columns.end() ? std::nullopt : std::optional(found - result.columns.begin());
 }
 
-bool isAtSamePlace(const DiffRow& row, const RowIdentity& wanted) {
+// True when the same key names the same row in both; the row numbers that stand for keys are those of one side.
+bool keysAreComparable(const RowMatch& match, const NextResult& next) {
+    const auto isSame = [](const std::string& a, const std::string& b) { return Text::equalIgnoringCase(a, b); };
+    return match.isKey() == next.match.isKey() && (match.isKey() || !next.isSwapped) &&
+           std::equal(match.columns().begin(),
+                      match.columns().end(),
+                      next.match.columns().begin(),
+                      next.match.columns().end(),
+                      isSame);
+}
+
+std::string nameInNext(const DiffResult& result, const ColumnPair& column, const NextResult& next) {
+    return next.isSwapped && column.right ? result.after.headers()[static_cast<std::size_t>(*column.right)]
+                                          : column.name;
+}
+
+RowIdentity identityInNext(const DiffResult& result, const DiffRow& row, const NextResult& next) {
+    RowIdentity identity;
+    identity.left = next.isSwapped ? row.right : row.left;
+    identity.right = next.isSwapped ? row.left : row.right;
+    if (keysAreComparable(result.match, next)) {
+        identity.key = std::string(row.key);
+    }
+    return identity;
+}
+
+bool isInOneSamePlace(const DiffRow& row, const RowIdentity& wanted) {
     return (row.left && row.left == wanted.left) || (row.right && row.right == wanted.right);
 }
 
-// The row with that key at the same place in a file; else the first with that key, for repeated keys move together, but
-// rows without a key have nothing in common.
+// The row at the same place in both files, else in one of them; else the first with that key, for repeated keys move
+// together, but rows without a key have nothing in common.
 std::optional<std::int64_t> rowLike(const DiffRows& rows, const RowIdentity& wanted) {
+    std::optional<std::int64_t> nearby;
     std::optional<std::int64_t> first;
-    std::int64_t index = 0;
+    std::int64_t index = -1;
     for (const DiffRow row : rows) {
-        if (row.key == wanted.key) {
-            if (isAtSamePlace(row, wanted)) {
-                return index;
-            }
-            if (!first && !row.key.empty()) {
-                first = index;
-            }
-        }
         ++index;
+        if (wanted.key && row.key != *wanted.key) {
+            continue;
+        }
+        if (row.left == wanted.left && row.right == wanted.right) {
+            return index;
+        }
+        if (!nearby && isInOneSamePlace(row, wanted)) {
+            nearby = index;
+        }
+        if (!first && wanted.key && !row.key.empty()) {
+            first = index;
+        }
     }
-    return first;
+    return nearby ? nearby : first;
 }
 
 }  // namespace
+
+ResultView viewOf(const DiffResult& result, const DiffFilter& filter, std::optional<std::int64_t> selectedRow,
+                  const NextResult& next) {
+    ResultView view;
+    view.filter = filter;
+    if (filter.column) {
+        view.columnName = nameInNext(result, result.columns[static_cast<std::size_t>(*filter.column)], next);
+    }
+    if (selectedRow) {
+        view.selectedRow = identityInNext(result, result.rows[static_cast<std::size_t>(*selectedRow)], next);
+    }
+    return view;
+}
 
 ShownResult show(std::shared_ptr<const DiffResult> result, ResultView view) {
     ShownResult shown;

@@ -13,23 +13,31 @@ namespace corvale {
 
 // A row as the user knows it, whatever its index in a result.
 struct RowIdentity {
-    std::string key;
+    std::optional<std::string> key;    // none where the keys of the next result mean something else
     std::optional<std::int64_t> left;  // row indexes, to tell repeated keys apart
     std::optional<std::int64_t> right;
-
-    static RowIdentity of(const DiffRow& row) { return {std::string(row.key), row.left, row.right}; }
 
     friend bool operator==(const RowIdentity&, const RowIdentity&) = default;
 };
 
 // How the user was looking at a result, in terms that also hold for the next one.
 struct ResultView {
-    DiffFilter filter;                        // its column counts only through columnName
-    std::optional<std::string> columnName;    // of the filter's column
+    DiffFilter filter;                      // its column counts only through columnName
+    std::optional<std::string> columnName;  // of the filter's column
     std::optional<RowIdentity> selectedRow;
 
     friend bool operator==(const ResultView&, const ResultView&) = default;
 };
+
+// What is known of the next result.
+struct NextResult {
+    RowMatch match;
+    bool isSwapped = false;  // its Before is the After of the result at hand
+};
+
+// `filter` and `selectedRow` are of that result.
+ResultView viewOf(const DiffResult& result, const DiffFilter& filter, std::optional<std::int64_t> selectedRow,
+                  const NextResult& next);
 
 // A result with all that is shown of it.
 struct ShownResult {
