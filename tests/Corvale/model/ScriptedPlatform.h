@@ -2,7 +2,6 @@
 
 #include <QList>
 #include <QUrl>
-
 #include <cstddef>
 #include <deque>
 #include <functional>
@@ -22,8 +21,8 @@ class ScriptedPlatform : public Platform {
 public:
     // --- What the test sets up
 
-    // Files by name, under file:///. Reading one that is not here fails with "“NAME” couldn’t be opened: No such file or
-    // directory".
+    // Files by name, under file:///. Reading one that is not here fails with "“NAME” couldn’t be opened: No such file
+    // or directory".
     std::map<std::string, std::string> files;
     std::map<std::string, std::string> stored;
     std::string languageCode = "en";
