@@ -1,11 +1,10 @@
 #include <gtest/gtest.h>
-#include <langinfo.h>
 
 #include <QApplication>
 #include <QString>
+
 #include <cstdlib>
 #include <iostream>
-#include <string_view>
 
 namespace {
 
