@@ -16,7 +16,7 @@ TEST_P(RandomOperations, LeaveTheModelInOrder) {
     ThreadPlatform platform;
     AppModel model(platform);
     RandomUser user(model, {[&] { platform.deliver(); }, [&] { platform.settle(); }, platform.answers}, GetParam());
-    user.work(1000);
+    user.work(2000);
     user.expectVariety();
 }
 

@@ -50,6 +50,9 @@ std::string longList(int step) {
     return csv;
 }
 
+// The first ones, whose column names differ in letter case alone or not at all.
+constexpr std::size_t similarContents = 2;
+
 // What a file may hold; any name may get any of them.
 const std::vector<std::string>& contents() {
     static const std::vector<std::string> all = {
@@ -120,14 +123,14 @@ RandomUser::Mirror RandomUser::Mirror::of(const AppModel& model) {
 RandomUser::RandomUser(AppModel& model, Surroundings surroundings, unsigned seed)
     : m_model(model), m_surroundings(std::move(surroundings)), m_random(seed), m_mirror(Mirror::of(model)) {
     for (const char* const name : names) {
-        m_folder.write(name, contents()[below(contents().size())]);
+        m_folder.write(name, contents()[anyContent()]);
     }
     follow();
 }
 
 void RandomUser::work(int operations) {
     for (int done = 0; done < operations && !testing::Test::HasFailure();) {
-        const int some = 1 + static_cast<int>(below(10));
+        const int some = 1 + static_cast<int>(below(6));
         rush(some);
         done += some;
         m_surroundings.settle();
@@ -146,6 +149,9 @@ void RandomUser::rush(int operations) {
 }
 
 void RandomUser::expectVariety() const {
+    if (testing::Test::HasFailure()) {
+        return;
+    }
     EXPECT_GT(m_tally.looks, 100);
     EXPECT_GT(m_tally.withResult, m_tally.looks / 4);
     EXPECT_LT(m_tally.withResult, m_tally.looks);
@@ -183,13 +189,15 @@ QUrl RandomUser::anyTarget() {
     return QUrl::fromLocalFile(QString::fromStdString(m_folder.at(name)));
 }
 
+std::size_t RandomUser::anyContent() { return below(chance(2) ? similarContents : contents().size()); }
+
 void RandomUser::changeFile() {
     const std::string name = names[below(names.size())];
     if (chance(4)) {
         log("remove " + name);
         std::filesystem::remove(m_folder.at(name));
     } else {
-        const std::size_t place = below(contents().size());
+        const std::size_t place = anyContent();
         log("write " + std::to_string(place) + " to " + name);
         std::filesystem::rename(m_folder.write("unfinished", contents()[place]), m_folder.at(name));
     }
@@ -273,6 +281,7 @@ void RandomUser::setFilter() {
         filter.column = static_cast<std::int64_t>(below(5)) - 1;
     }
     log("filter");
+    m_filter = filter;
     m_model.setFilter(filter);
 }
 
@@ -362,6 +371,9 @@ void RandomUser::expectOrder() {
         const auto& column = m_model.match().column();
         EXPECT_TRUE(!column || std::find(shared.begin(), shared.end(), *column) != shared.end()) << *column;
     }
+    // A column may have gone; the rest is the user's own.
+    EXPECT_EQ(m_model.filter().show, m_filter.show);
+    EXPECT_EQ(m_model.filter().search, m_filter.search);
     expectKnownProblem();
     expectAnnounced();
 }

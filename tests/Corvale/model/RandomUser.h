@@ -57,6 +57,7 @@ private:
     void act();
     QUrl anyFile();
     QUrl anyTarget();
+    std::size_t anyContent();
     void changeFile();
     void choose();
     void open();
@@ -112,6 +113,7 @@ private:
     ScratchFolder m_folder;
     std::string m_log;  // of the operations since the last look
     bool m_wasCancelled = false;
+    DiffFilter m_filter;  // as last asked for
     std::set<QString> m_problems;
     Mirror m_mirror;
     QObject m_receiver;
