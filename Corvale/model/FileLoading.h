@@ -17,11 +17,11 @@ std::string nameOf(const QUrl& url);
 // A file as it is when it is opened: first sheet, header row chosen automatically.
 LoadedFile read(Platform& platform, const QUrl& url);
 
-// Reads `file` from disk anew with its choices: the sheet of the same name, else the first one, and the chosen header
+// Reads `old` from disk anew with its choices: the sheet of the same name, else the first one, and the chosen header
 // row, else the automatic one where that row is gone or blank now.
-LoadedFile readAgain(Platform& platform, const LoadedFile& file);
+LoadedFile readAgain(Platform& platform, const LoadedFile& old);
 
-// The same bytes with other choices. `file` has its bytes.
-LoadedFile reparsed(const LoadedFile& file, std::int64_t sheet, std::optional<std::int64_t> headerRow);
+// The same bytes with other choices. `old` has its bytes.
+LoadedFile reparsed(const LoadedFile& old, std::int64_t sheet, std::optional<std::int64_t> headerRow);
 
 }  // namespace corvale::FileLoading

@@ -29,7 +29,7 @@ QString patterns(const QStringList& extensions) {
 }
 
 // Deletes itself when it closes.
-QFileDialog* panel(const QString& title) {
+QFileDialog* newDialog(const QString& title) {
     auto* const dialog = new QFileDialog(QApplication::activeWindow(), title);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     return dialog;
@@ -52,23 +52,23 @@ QtPlatform::~QtPlatform() {
     m_pool.waitForDone();
 }
 
-void QtPlatform::showOpenPanel(const OpenPanel& request, std::function<void(const QList<QUrl>&)> whenChosen) {
-    QFileDialog* const dialog = panel(request.message);
+void QtPlatform::showOpenPanel(const OpenPanel& panel, std::function<void(const QList<QUrl>&)> whenChosen) {
+    QFileDialog* const dialog = newDialog(panel.message);
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
-    dialog->setFileMode(request.allowsSeveral ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
+    dialog->setFileMode(panel.allowsSeveral ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
     dialog->setLabelText(QFileDialog::Accept, Texts::tr("Open"));
     dialog->setNameFilters(
-        {Texts::tr("Spreadsheets (%1)").arg(patterns(request.extensions)), Texts::tr("All files (*)")});
+        {Texts::tr("Spreadsheets (%1)").arg(patterns(panel.extensions)), Texts::tr("All files (*)")});
     show(dialog, std::move(whenChosen));
 }
 
-void QtPlatform::showSavePanel(const SavePanel& request, std::function<void(const QUrl&)> whenChosen) {
-    QFileDialog* const dialog = panel(Texts::tr("Export Report"));
+void QtPlatform::showSavePanel(const SavePanel& panel, std::function<void(const QUrl&)> whenChosen) {
+    QFileDialog* const dialog = newDialog(Texts::tr("Export Report"));
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
-    dialog->setDefaultSuffix(request.extension);
-    dialog->setNameFilters({QStringLiteral("*.") + request.extension});
-    dialog->selectFile(request.defaultName);
+    dialog->setDefaultSuffix(panel.extension);
+    dialog->setNameFilters({QStringLiteral("*.") + panel.extension});
+    dialog->selectFile(panel.defaultName);
     show(dialog, [whenChosen = std::move(whenChosen)](const QList<QUrl>& urls) {
         whenChosen(urls.isEmpty() ? QUrl() : urls.front());
     });
