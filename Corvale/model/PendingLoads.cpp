@@ -46,6 +46,7 @@ void PendingLoads::arrive(Id id, LoadedFile file) {
     for (auto& load : m_loads) {
         if (load && load->id == id) {
             load->file = std::move(file);
+            return;
         }
     }
 }

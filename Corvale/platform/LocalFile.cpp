@@ -17,17 +17,29 @@ struct Texts {
 
 UserFailure failure(const QString& message) { return UserFailure(message.toStdString()); }
 
-UserFailure notOpened(const QString& name, const QString& reason) {
-    return failure(Texts::tr("“%1” couldn’t be opened: %2").arg(name, reason));
+QString shownName(const QUrl& url) {
+    return url.fileName().isEmpty() ? url.toDisplayString(QUrl::PreferLocalFile) : url.fileName();
+}
+
+// What the system says, as the sentence that our own texts are.
+QString reasonOf(const QFileDevice& file) {
+    const QString reason = file.errorString();
+    return reason.endsWith(u'.') ? reason : reason + u'.';
+}
+
+UserFailure notOpened(const QString& name, const QFileDevice& file) {
+    return failure(Texts::tr("“%1” couldn’t be opened: %2").arg(name, reasonOf(file)));
 }
 
 UserFailure changed(const QString& name) {
     return failure(Texts::tr("“%1” changed while it was being read. Try again.").arg(name));
 }
 
-void requireRegular(const QUrl& url, const QString& name) {
+// Told before opening: opening a pipe waits for its other end.
+void requireRegular(const QUrl& url) {
+    const QString name = shownName(url);
     if (!url.isLocalFile()) {
-        throw failure(Texts::tr("“%1” isn’t on this computer. Copy it here first.").arg(name));
+        throw failure(Texts::tr("“%1” isn’t on this computer.").arg(name));
     }
     const QFileInfo info(url.toLocalFile());
     if (info.isDir()) {
@@ -38,27 +50,41 @@ void requireRegular(const QUrl& url, const QString& name) {
     }
 }
 
-}  // namespace
-
-Bytes read(const QUrl& url) {
-    const QString name = url.fileName().isEmpty() ? url.toDisplayString(QUrl::PreferLocalFile) : url.fileName();
-    requireRegular(url, name);
-    QFile file(url.toLocalFile());
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        throw notOpened(name, file.errorString());
-    }
-    const qint64 size = file.size();
-    Bytes bytes(static_cast<std::size_t>(size));
+// Fills `bytes`, or fails.
+void readExactly(QFile& file, Bytes& bytes, const QString& name) {
+    const auto size = static_cast<qint64>(bytes.size());
     for (qint64 done = 0; done < size;) {
         const qint64 count = file.read(bytes.data() + done, size - done);
         if (count < 0) {
-            throw notOpened(name, file.errorString());
+            throw notOpened(name, file);
         }
         if (count == 0) {
             throw changed(name);
         }
         done += count;
     }
+}
+
+void requireWritable(const QUrl& url) {
+    requireRegular(url);
+    const QFileInfo info(url.toLocalFile());
+    // Replacing a file takes no right to write to it; who took that right away means it to stay.
+    if (info.exists() && !info.isWritable()) {
+        throw failure(Texts::tr("“%1” is write-protected.").arg(shownName(url)));
+    }
+}
+
+}  // namespace
+
+Bytes read(const QUrl& url) {
+    requireRegular(url);
+    const QString name = shownName(url);
+    QFile file(url.toLocalFile());
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+        throw notOpened(name, file);
+    }
+    Bytes bytes(static_cast<std::size_t>(file.size()));
+    readExactly(file, bytes, name);
     if (char more = 0; file.read(&more, 1) > 0) {
         throw changed(name);
     }
@@ -66,13 +92,21 @@ Bytes read(const QUrl& url) {
 }
 
 void write(const QUrl& url, std::string_view bytes) {
+    requireWritable(url);
     QSaveFile file(url.toLocalFile());
-    if (!file.open(QIODevice::WriteOnly)) {
-        throw failure(file.errorString());
+    // Without a buffer, so that a full disk is told by the write that meets it, and with its reason.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+        throw failure(reasonOf(file));
     }
-    file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+    while (!bytes.empty()) {
+        const qint64 count = file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+        if (count < 0) {
+            throw failure(reasonOf(file));
+        }
+        bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
     if (!file.commit()) {
-        throw failure(file.errorString());
+        throw failure(reasonOf(file));
     }
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QUrl>
-
 #include <string_view>
 
 #include "CorvaleKit/base/Bytes.h"
@@ -14,7 +13,8 @@ namespace corvale::LocalFile {
 Bytes read(const QUrl& url);
 
 // Replaces the file, or makes it, in one step; access rights are those of the old one, and a link stays a link. Throws
-// UserFailure, the reason alone.
+// UserFailure, the reason alone, a sentence. A process that ignores SIGXFSZ is told of limits on file sizes this way
+// too.
 void write(const QUrl& url, std::string_view bytes);
 
 }  // namespace corvale::LocalFile

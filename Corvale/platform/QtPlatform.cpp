@@ -4,7 +4,6 @@
 #include <QCoreApplication>
 #include <QFileDialog>
 #include <QLocale>
-
 #include <algorithm>
 #include <utility>
 
@@ -30,17 +29,16 @@ QString patterns(const QStringList& extensions) {
 }
 
 // Deletes itself when it closes.
-QFileDialog* panel(const QString& title) {
+QFileDialog* newDialog(const QString& title) {
     auto* const dialog = new QFileDialog(QApplication::activeWindow(), title);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     return dialog;
 }
 
-void answer(QFileDialog* dialog, std::function<void(const QList<QUrl>&)> whenChosen) {
-    QObject::connect(dialog, &QFileDialog::finished, dialog, [dialog, whenChosen = std::move(whenChosen)](int result) {
-        whenChosen(result == QDialog::Accepted ? dialog->selectedUrls() : QList<QUrl>());
-    });
-    dialog->open();
+// ISO 639, of a name such as "es-MX".
+std::string languageOf(const QString& localeName) {
+    const QString language = localeName.section(u'-', 0, 0).section(u'_', 0, 0);
+    return language == u"C" ? "en" : language.toStdString();
 }
 
 }  // namespace
@@ -54,25 +52,33 @@ QtPlatform::~QtPlatform() {
     m_pool.waitForDone();
 }
 
-void QtPlatform::showOpenPanel(const OpenPanel& request, std::function<void(const QList<QUrl>&)> whenChosen) {
-    QFileDialog* const dialog = panel(request.message);
+void QtPlatform::showOpenPanel(const OpenPanel& panel, std::function<void(const QList<QUrl>&)> whenChosen) {
+    QFileDialog* const dialog = newDialog(panel.message);
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
-    dialog->setFileMode(request.allowsSeveral ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
+    dialog->setFileMode(panel.allowsSeveral ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
     dialog->setLabelText(QFileDialog::Accept, Texts::tr("Open"));
-    dialog->setNameFilters({Texts::tr("Spreadsheets (%1)").arg(patterns(request.extensions)), Texts::tr("All files (*)")});
-    answer(dialog, std::move(whenChosen));
+    dialog->setNameFilters(
+        {Texts::tr("Spreadsheets (%1)").arg(patterns(panel.extensions)), Texts::tr("All files (*)")});
+    show(dialog, std::move(whenChosen));
 }
 
-void QtPlatform::showSavePanel(const SavePanel& request, std::function<void(const QUrl&)> whenChosen) {
-    QFileDialog* const dialog = panel(Texts::tr("Export Report"));
+void QtPlatform::showSavePanel(const SavePanel& panel, std::function<void(const QUrl&)> whenChosen) {
+    QFileDialog* const dialog = newDialog(Texts::tr("Export Report"));
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
-    dialog->setDefaultSuffix(request.extension);
-    dialog->setNameFilters({QStringLiteral("*.") + request.extension});
-    dialog->selectFile(request.defaultName);
-    answer(dialog, [whenChosen = std::move(whenChosen)](const QList<QUrl>& urls) {
+    dialog->setDefaultSuffix(panel.extension);
+    dialog->setNameFilters({QStringLiteral("*.") + panel.extension});
+    dialog->selectFile(panel.defaultName);
+    show(dialog, [whenChosen = std::move(whenChosen)](const QList<QUrl>& urls) {
         whenChosen(urls.isEmpty() ? QUrl() : urls.front());
     });
+}
+
+void QtPlatform::show(QFileDialog* dialog, std::function<void(const QList<QUrl>&)> whenChosen) {
+    QObject::connect(dialog, &QFileDialog::finished, &m_main, [dialog, whenChosen = std::move(whenChosen)](int result) {
+        whenChosen(result == QDialog::Accepted ? dialog->selectedUrls() : QList<QUrl>());
+    });
+    dialog->open();
 }
 
 Bytes QtPlatform::readFile(const QUrl& url) { return LocalFile::read(url); }
@@ -81,7 +87,7 @@ void QtPlatform::writeFile(const QUrl& url, std::string_view bytes) { LocalFile:
 
 std::optional<std::string> QtPlatform::storedData(const std::string& key) {
     const QVariant value = m_settings->value(QString::fromStdString(key));
-    return value.isValid() ? std::optional(value.toByteArray().toStdString()) : std::nullopt;
+    return value.canConvert<QByteArray>() ? std::optional(value.toByteArray().toStdString()) : std::nullopt;
 }
 
 void QtPlatform::storeData(const std::string& key, std::string_view data) {
@@ -90,7 +96,8 @@ void QtPlatform::storeData(const std::string& key, std::string_view data) {
     m_settings->sync();
 }
 
-std::string QtPlatform::language() const { return QLocale::system().name().section(u'_', 0, 0).toStdString(); }
+// The language of texts, which need not be that of numbers.
+std::string QtPlatform::language() const { return languageOf(QLocale::system().uiLanguages().value(0)); }
 
 NumberStyle QtPlatform::numberStyle() const {
     return QLocale::system().decimalPoint() == u"," ? NumberStyle::commaDecimal : NumberStyle::dotDecimal;

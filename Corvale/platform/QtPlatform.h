@@ -3,7 +3,6 @@
 #include <QObject>
 #include <QSettings>
 #include <QThreadPool>
-
 #include <functional>
 #include <memory>
 #include <optional>
@@ -11,6 +10,8 @@
 #include <string_view>
 
 #include "Corvale/model/Platform.h"
+
+class QFileDialog;
 
 namespace corvale {
 
@@ -40,8 +41,10 @@ public:
     void runOnMain(std::function<void()> work) override;
 
 private:
+    void show(QFileDialog* dialog, std::function<void(const QList<QUrl>&)> whenChosen);
+
     std::unique_ptr<QSettings> m_settings;
-    QObject m_main;  // lives on the main thread; what is posted to it dies with it
+    QObject m_main;  // what is posted to it is delivered on its thread, or dies with it
     QThreadPool m_pool;
 };
 
