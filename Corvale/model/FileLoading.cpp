@@ -35,6 +35,20 @@ std::shared_ptr<const Bytes> bytesOf(Platform& platform, const QUrl& url) {
     return std::make_shared<const Bytes>(platform.readFile(url));
 }
 
+// Sheets may have the same name; then the one at the same place is meant, else the first one.
+std::optional<std::int64_t> placeOfSameSheet(const LoadedFile& old, const std::vector<std::string>& names) {
+    const auto index = static_cast<std::size_t>(old.sheet);
+    if (index >= old.sheetNames.size()) {
+        return std::nullopt;
+    }
+    const std::string& name = old.sheetNames[index];
+    if (index < names.size() && names[index] == name) {
+        return old.sheet;
+    }
+    const auto found = std::find(names.begin(), names.end(), name);
+    return found == names.end() ? std::nullopt : std::optional<std::int64_t>(found - names.begin());
+}
+
 }  // namespace
 
 std::string nameOf(const QUrl& url) { return url.fileName().toStdString(); }
@@ -55,12 +69,10 @@ LoadedFile readAgain(Platform& platform, const LoadedFile& old) {
     file.headerRow = old.headerRow;
     file.data = bytesOf(platform, old.url);
     bool isSameSheet = true;
-    const SheetByName sameSheet = [&old, &isSameSheet](const std::vector<std::string>& names) -> std::int64_t {
-        const auto index = static_cast<std::size_t>(old.sheet);
-        const auto found =
-            index < old.sheetNames.size() ? std::find(names.begin(), names.end(), old.sheetNames[index]) : names.end();
-        isSameSheet = found != names.end();
-        return isSameSheet ? found - names.begin() : 0;
+    const SheetByName sameSheet = [&old, &isSameSheet](const std::vector<std::string>& names) {
+        const auto found = placeOfSameSheet(old, names);
+        isSameSheet = found.has_value();
+        return found.value_or(0);
     };
     parse(file, sameSheet);
     if (file.headerRow && !(isSameSheet && *file.headerRow == file.table.headerRowNumber())) {

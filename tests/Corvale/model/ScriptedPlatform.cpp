@@ -21,9 +21,8 @@ void ScriptedPlatform::chooseFiles(const std::vector<std::string>& names) {
 void ScriptedPlatform::chooseTarget(const std::string& name) { std::exchange(m_whenTargetChosen, nullptr)(url(name)); }
 
 void ScriptedPlatform::work(std::size_t place) {
-    const auto chosen = m_background.begin() + static_cast<std::ptrdiff_t>(place);
-    const std::function<void()> work = std::move(*chosen);
-    m_background.erase(chosen);
+    const std::function<void()> work = std::move(m_background.at(place));
+    m_background.erase(m_background.begin() + static_cast<std::ptrdiff_t>(place));
     work();
 }
 

@@ -1,0 +1,40 @@
+#include <gtest/gtest.h>
+
+#include "Corvale/model/Columns.h"
+
+namespace corvale {
+namespace {
+
+using Names = std::vector<std::string>;
+
+DataTable table(const Names& headers) { return {headers, {}, "table.csv"}; }
+
+TEST(Columns, SharedOnesAreBeforesInItsOrderWithoutRegardToLetterCase) {
+    struct Case {
+        Names before;
+        Names after;
+        Names shared;
+    };
+    const std::vector<Case> cases = {
+        {{"ID", "Name", "Price"}, {"Price", "ID"}, {"ID", "Price"}},
+        {{"id", "NAME"}, {"Name", "ID"}, {"id", "NAME"}},
+        {{"Größe"}, {"GRÖSSE", "GRÖßE"}, {"Größe"}},
+        {{"ID "}, {"ID"}, {}},
+        {{"a"}, {"b"}, {}},
+        {{}, {"b"}, {}},
+        {{"a"}, {}, {}},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(Columns::shared(table(c.before), table(c.after)), c.shared);
+    }
+}
+
+TEST(Columns, AllAreBeforesAndThenThoseThatBeforeLacks) {
+    EXPECT_EQ(Columns::all(table({"ID", "Price"}), table({"New", "PRICE", "Qty", "id"})),
+              (Names{"ID", "Price", "New", "Qty"}));
+    EXPECT_EQ(Columns::all(table({}), table({"a"})), (Names{"a"}));
+    EXPECT_EQ(Columns::all(table({"a"}), table({})), (Names{"a"}));
+}
+
+}  // namespace
+}  // namespace corvale
