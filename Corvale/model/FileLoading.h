@@ -20,7 +20,7 @@ LoadedFile read(Platform& platform, const QUrl& url);
 // row, else the automatic one where that row or its sheet is gone, or the row is blank now.
 LoadedFile readAgain(Platform& platform, const LoadedFile& old);
 
-// The bytes of `file`, which it has, read with the choices that it has now; its table may come from others.
-LoadedFile reparsed(const LoadedFile& file);
+// The bytes of `old`, which it has, read with the choices that it has now; its table may come from others.
+LoadedFile reparsed(const LoadedFile& old);
 
 }  // namespace corvale::FileLoading
