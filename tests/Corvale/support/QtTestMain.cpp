@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QString>
-
 #include <cstdlib>
 #include <iostream>
 
