@@ -2,9 +2,11 @@
 #include <sys/stat.h>
 
 #include <QUrl>
+#include <cerrno>
 #include <filesystem>
 #include <set>
 #include <string>
+#include <system_error>
 
 #include "Corvale/platform/LocalFile.h"
 #include "CorvaleKit/base/Failures.h"
@@ -16,6 +18,9 @@ namespace corvale {
 namespace {
 
 namespace Files = std::filesystem;
+
+// The system speaks the user's language where Qt has no words of its own.
+std::string systemText(int error) { return std::generic_category().message(error) + "."; }
 
 class LocalFileTest : public testing::Test {
 protected:
@@ -100,10 +105,10 @@ TEST_F(LocalFileTest, ThatCannotBeReadIsToldInOneSentence) {
     EXPECT_EQ(read("folder.csv"), "failed: “folder.csv” is a folder.");
     EXPECT_EQ(read("folder.csv/"), "failed: “" + m_folder.at("folder.csv/") + "” is a folder.");
     EXPECT_EQ(read("broken.csv"), "failed: “broken.csv” couldn’t be opened: No such file or directory.");
-    EXPECT_EQ(read("loop.csv"), "failed: “loop.csv” couldn’t be opened: Too many levels of symbolic links.");
-    EXPECT_EQ(read("a.csv/b.csv"), "failed: “b.csv” couldn’t be opened: Not a directory.");
+    EXPECT_EQ(read("loop.csv"), "failed: “loop.csv” couldn’t be opened: " + systemText(ELOOP));
+    EXPECT_EQ(read("a.csv/b.csv"), "failed: “b.csv” couldn’t be opened: " + systemText(ENOTDIR));
     EXPECT_EQ(read(std::string(300, 'n')),
-              "failed: “" + std::string(300, 'n') + "” couldn’t be opened: File name too long.");
+              "failed: “" + std::string(300, 'n') + "” couldn’t be opened: " + systemText(ENAMETOOLONG));
 }
 
 TEST_F(LocalFileTest, OnAnotherComputerIsRefused) {
@@ -191,8 +196,8 @@ TEST_F(LocalFileTest, ThatCannotBeWrittenIsToldInOneSentence) {
     m_folder.write("a.csv", "a");
     EXPECT_EQ(write("folder.html"), "failed: “folder.html” is a folder.");
     EXPECT_EQ(write("none/r.html"), "failed: No such file or directory.");
-    EXPECT_EQ(write("a.csv/r.html"), "failed: Not a directory.");
-    EXPECT_EQ(write(std::string(300, 'n')), "failed: File name too long.");
+    EXPECT_EQ(write("a.csv/r.html"), "failed: " + systemText(ENOTDIR));
+    EXPECT_EQ(write(std::string(300, 'n')), "failed: " + systemText(ENAMETOOLONG));
     expectOnly({"folder.html", "a.csv"});
 }
 
@@ -231,7 +236,7 @@ TEST_F(LocalFileTest, BeyondALimitOnFileSizesStaysAsItIs) {
             ChildProcess::limitFileSizes(100);
             return write("r.html", std::string(size, 'x'));
         });
-        EXPECT_EQ(told, "failed: File too large.") << size;
+        EXPECT_EQ(told, "failed: " + systemText(EFBIG)) << size;
         EXPECT_EQ(content("r.html"), "old");
         expectOnly({"r.html"});
     }

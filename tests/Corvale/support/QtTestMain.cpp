@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QString>
+#include <clocale>
 #include <cstdlib>
 #include <iostream>
 
@@ -24,6 +25,9 @@ void failOnWarnings(QtMsgType type, const QMessageLogContext& /*where*/, const Q
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
+    if (std::setlocale(LC_ALL, "") == nullptr) {
+        std::cerr << "The locale that LC_ALL or LANG names is not installed; testing under \"C\".\n";
+    }
     // Neither the screen nor the desktop of whoever runs the tests.
     ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
     ::unsetenv("QT_QPA_PLATFORMTHEME");
