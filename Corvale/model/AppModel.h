@@ -203,7 +203,6 @@ private:
     void replaceResult(std::shared_ptr<const DiffResult> result);
     ResultView resultView() const;
     void refilter();
-    void selectVisible(std::ptrdiff_t place);
     void saveReport(std::shared_ptr<const DiffResult> result, ReportKind kind, const QUrl& url);
     std::vector<QUrl> comparedFiles() const;
 
@@ -235,7 +234,7 @@ private:
     PendingLoads m_pendingLoads;
     std::shared_ptr<CancelFlag> m_filterFlag;  // of the newest filtering
     bool m_isPairNew = false;                  // no key was suggested for it yet
-    bool m_isRowOrderOpen = false;  // files came since the match was chosen, so that a suggestion may replace row order
+    bool m_isMatchChosen = false;    // by the user, for these files: row order then stays though a key is proposed
     bool m_isResultSwapped = false;  // its Before is After now
     bool m_compareOwed = false;      // a comparison waits until reading ends
     bool m_isSuggesting = false;

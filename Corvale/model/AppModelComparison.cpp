@@ -16,8 +16,8 @@ void AppModel::setMatch(const MatchChoice& choice) {
     const Operation operation(*this);
     set(m_match, choice, &AppModel::matchChanged);
     // The user's word counts more than a suggestion that is still being looked for.
-    m_isRowOrderOpen = false;
-    m_pendingLoads.keepRowOrder();
+    m_isMatchChosen = true;
+    m_pendingLoads.keepMatch();
     compareWhenSettled();
 }
 

@@ -113,7 +113,6 @@ void AppModel::close(Side side) {
     if (file(side)) {
         stopComparing();
         abandonSuggestion();
-        m_compareOwed = false;
         setFile(side, std::nullopt);
         set(m_suggestedKey, std::optional<std::string>(), &AppModel::suggestedKeyChanged);
         clearResult();
@@ -145,7 +144,7 @@ void AppModel::openSamples() {
     setFile(Side::before, sampleFile(samples.before));
     setFile(Side::after, sampleFile(samples.after));
     m_isPairNew = true;
-    m_isRowOrderOpen = true;
+    m_isMatchChosen = false;
     storeArrivedFiles();
 }
 
@@ -188,10 +187,10 @@ void AppModel::finishLoad(PendingLoads::Id id, Outcome<LoadedFile>& outcome) {
 }
 
 void AppModel::storeArrivedFiles() {
-    for (auto& [side, file, keepsRowOrder] : m_pendingLoads.takeArrived()) {
+    for (auto& [side, file, keepsMatch] : m_pendingLoads.takeArrived()) {
         setFile(side, std::move(file));
         m_isPairNew = true;
-        m_isRowOrderOpen = m_isRowOrderOpen || !keepsRowOrder;
+        m_isMatchChosen = m_isMatchChosen && keepsMatch;
     }
     followPendingLoads();
     if (!m_pendingLoads.empty()) {
@@ -247,7 +246,6 @@ void AppModel::interruptSuggestion() {
 void AppModel::suggestKey() {
     m_isPairNew = false;
     if (!hasBothFiles()) {
-        m_compareOwed = false;
         set(m_suggestedKey, std::optional<std::string>(), &AppModel::suggestedKeyChanged);
         clearResult();
         return;
@@ -273,11 +271,11 @@ void AppModel::abandonSuggestion() {
 void AppModel::takeSuggestion(std::optional<std::string> proposal) {
     const std::vector<std::string> shared = sharedColumns();
     const auto& chosen = m_match.column();
-    const bool isKept = chosen ? std::find(shared.begin(), shared.end(), *chosen) != shared.end() : !m_isRowOrderOpen;
+    const bool isKept = chosen ? std::find(shared.begin(), shared.end(), *chosen) != shared.end() : m_isMatchChosen;
     if (!isKept) {
         set(m_match, proposal ? MatchChoice::key(*proposal) : MatchChoice::rowOrder(), &AppModel::matchChanged);
+        m_isMatchChosen = false;
     }
-    m_isRowOrderOpen = false;
     set(m_suggestedKey, std::move(proposal), &AppModel::suggestedKeyChanged);
     if (m_comparesAfterSuggestion) {
         startComparing();

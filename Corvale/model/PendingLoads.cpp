@@ -34,10 +34,10 @@ std::optional<PendingLoads::Reread> PendingLoads::reread(Side side) const {
     return load ? load->reread : std::nullopt;
 }
 
-void PendingLoads::keepRowOrder() {
+void PendingLoads::keepMatch() {
     for (auto& load : m_loads) {
         if (load) {
-            load->keepsRowOrder = true;
+            load->keepsMatch = true;
         }
     }
 }
@@ -80,7 +80,7 @@ std::vector<PendingLoads::Arrived> PendingLoads::takeArrived() {
     std::vector<Arrived> arrived;
     for (const Side side : ready) {
         auto& load = m_loads[place(side)];
-        arrived.push_back({side, std::move(*load->file), load->keepsRowOrder});
+        arrived.push_back({side, std::move(*load->file), load->keepsMatch});
         load.reset();
     }
     return arrived;

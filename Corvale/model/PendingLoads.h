@@ -28,14 +28,14 @@ public:
     struct Arrived {
         Side side = Side::before;  // the one that wants it now
         LoadedFile file;
-        bool keepsRowOrder = false;
+        bool keepsMatch = false;
     };
 
     // Of another file.
     Id start(Side side);
     // Of the side's own file with other choices. In place of an older such read it stays with those started together.
     Id restart(Side side, const Reread& reread);
-    // Of the same files as they are on disk now; such reads keep a match by row order.
+    // Of the same files as they are on disk now; such reads keep the chosen match.
     std::vector<std::pair<Side, Id>> startTogether(const std::vector<std::pair<Side, Reread>>& rereads);
 
     // False once the read was superseded or dropped.
@@ -46,7 +46,7 @@ public:
     std::optional<Reread> reread(Side side) const;
 
     // The match that the user chose meanwhile is to be kept by all that are under way.
-    void keepRowOrder();
+    void keepMatch();
     // `id` is current.
     void arrive(Id id, LoadedFile file);
     // Drops it and those started together with it. `id` is current.
@@ -65,7 +65,7 @@ private:
         Id id = 0;
         Id group = 0;
         std::optional<Reread> reread;
-        bool keepsRowOrder = false;
+        bool keepsMatch = false;
         std::optional<LoadedFile> file;
     };
 

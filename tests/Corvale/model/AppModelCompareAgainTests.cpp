@@ -194,6 +194,18 @@ TEST_F(AppModelCompareAgainTest, RowOrderIsKept) {
     EXPECT_EQ(m_model.match(), MatchChoice::rowOrder());
 }
 
+TEST_F(AppModelCompareAgainTest, RowOrderThatNobodyChoseGivesWayToAKeyThatTheFilesHaveNow) {
+    m_platform.files["a.csv"] = "A\nx\nx\n";
+    m_platform.files["b.csv"] = "A\ny\ny\n";
+    openPair("a.csv", "b.csv");
+    ASSERT_EQ(m_model.match(), MatchChoice::rowOrder());
+    m_platform.files["a.csv"] = "ID,A\n1,x\n2,x\n";
+    m_platform.files["b.csv"] = "ID,A\n1,y\n2,y\n";
+    m_model.compareAgain();
+    m_platform.settle();
+    EXPECT_EQ(m_model.match(), MatchChoice::key("ID"));
+}
+
 TEST_F(AppModelCompareAgainTest, RowOrderIsKeptThoughAnotherFileFails) {
     m_model.setMatch(MatchChoice::rowOrder());
     m_platform.settle();

@@ -227,6 +227,26 @@ TEST_F(AppModelComparisonTest, CancellingEndsARunAndChangesNothingElse) {
     EXPECT_EQ(m_model.problem(), std::nullopt);
 }
 
+TEST_F(AppModelComparisonTest, AfterCancellingANewFileIsComparedAsEver) {
+    openPair();
+    m_model.compare();
+    m_model.cancel();
+    load("december.csv", Side::after);
+    m_platform.settle();
+    EXPECT_EQ(compared(), "october.csv > december.csv");
+}
+
+TEST_F(AppModelComparisonTest, WhatWasTakenUpAgainOnceIsNotAtTheNextFailure) {
+    openPair();
+    m_model.compare();
+    load("gone.csv", Side::after);
+    m_platform.settle();
+    const auto result = m_model.result();
+    load("gone.csv", Side::after);
+    m_platform.settle();
+    EXPECT_EQ(m_model.result(), result);
+}
+
 TEST_F(AppModelComparisonTest, CancellingBetweenTheEndAndItsDeliveryCounts) {
     openPair();
     const auto result = m_model.result();

@@ -20,7 +20,7 @@ protected:
         std::string all;
         for (const auto& one : m_loads.takeArrived()) {
             all += (all.empty() ? "" : " ") + std::string(one.side == Side::before ? "before=" : "after=") +
-                   one.file.name + (one.keepsRowOrder ? "!" : "");
+                   one.file.name + (one.keepsMatch ? "!" : "");
         }
         return all;
     }
@@ -146,7 +146,7 @@ TEST_F(PendingLoadsTest, AnotherFileIsNotReadAnew) {
 
 TEST_F(PendingLoadsTest, AMatchChosenMeanwhileIsKeptByWhatIsUnderWayOnly) {
     const auto older = m_loads.start(Side::before);
-    m_loads.keepRowOrder();
+    m_loads.keepMatch();
     const auto newer = m_loads.start(Side::after);
     m_loads.arrive(older, file("a.csv"));
     m_loads.arrive(newer, file("b.csv"));

@@ -18,7 +18,8 @@ void ScriptedPlatform::chooseFiles(const std::vector<std::string>& names) {
     std::exchange(m_whenFilesChosen, nullptr)(urls);
 }
 
-void ScriptedPlatform::chooseTarget(const std::string& name) { std::exchange(m_whenTargetChosen, nullptr)(url(name)); }
+// Like a dialog that is closed before it is destroyed, it keeps the function until the next panel.
+void ScriptedPlatform::chooseTarget(const std::string& name) { m_whenTargetChosen(url(name)); }
 
 void ScriptedPlatform::work(std::size_t place) {
     const std::function<void()> work = std::move(m_background.at(place));
