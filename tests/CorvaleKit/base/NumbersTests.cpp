@@ -59,8 +59,8 @@ TEST(Numbers, IntegersOfEveryLengthRead) {
     for (std::size_t length = 1; length <= digits.size(); ++length) {
         value = value * 10 + static_cast<std::int64_t>(length % 10);
         EXPECT_EQ(Numbers::integer(digits.substr(0, length)), value);
-        EXPECT_EQ(Numbers::integer(std::string("-").append(digits, 0, length)), -value);
-        EXPECT_EQ(Numbers::integer(std::string("+").append(digits, 0, length)), value);
+        EXPECT_EQ(Numbers::integer("-" + digits.substr(0, length)), -value);
+        EXPECT_EQ(Numbers::integer("+" + digits.substr(0, length)), value);
     }
 }
 
