@@ -7,6 +7,7 @@
 #include <new>
 #include <system_error>
 
+#include "CorvaleKit/base/Memory.h"
 #include "CorvaleKit/text/Utf8.h"
 #include "cli/FileSource.h"
 
@@ -60,7 +61,7 @@ void refuseOtherThanFiles(const std::string& path) {
 
 Bytes reserve(const std::string& path, std::uint64_t size) {
     // Systems that promise more memory than they have would end the process later, without a word.
-    if (size > FileSource::physicalMemory() || size > std::numeric_limits<std::size_t>::max()) {
+    if (size > Memory::physicalSize() || size > std::numeric_limits<std::size_t>::max()) {
         throw tooLarge(path);
     }
     try {
@@ -125,7 +126,7 @@ Bytes readFile(const std::string& path) {
     try {
         FileSource source(path);
         const auto read = [&](char* target, std::size_t room) { return source.read(target, room); };
-        return source.size() == 0 ? readToEnd(path, FileSource::physicalMemory(), read)
+        return source.size() == 0 ? readToEnd(path, Memory::physicalSize(), read)
                                   : readExactly(path, source.size(), read);
     } catch (const std::system_error& failure) {
         throw unreadable(path, failure.code());

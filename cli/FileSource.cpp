@@ -1,7 +1,6 @@
 #include "cli/FileSource.h"
 
 #include <cerrno>
-#include <limits>
 #include <system_error>
 
 #if __has_include(<unistd.h>)
@@ -50,15 +49,6 @@ std::size_t FileSource::read(char* target, std::size_t room) {
     return static_cast<std::size_t>(count);
 }
 
-std::uint64_t FileSource::physicalMemory() {
-    const long pages = ::sysconf(_SC_PHYS_PAGES);
-    const long pageSize = ::sysconf(_SC_PAGESIZE);
-    if (pages <= 0 || pageSize <= 0) {
-        return std::numeric_limits<std::uint64_t>::max();
-    }
-    return static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(pageSize);
-}
-
 #else
 
 FileSource::FileSource(const std::string& path)
@@ -78,8 +68,6 @@ std::size_t FileSource::read(char* target, std::size_t room) {
     }
     return static_cast<std::size_t>(m_file.gcount());
 }
-
-std::uint64_t FileSource::physicalMemory() { return std::numeric_limits<std::uint64_t>::max(); }
 
 #endif
 

@@ -25,9 +25,6 @@ public:
     // Bytes read, at most `room`; 0 at the end. Throws std::system_error.
     std::size_t read(char* target, std::size_t room);
 
-    // In bytes; the largest number there is where the system doesn't tell.
-    static std::uint64_t physicalMemory();
-
 private:
     std::uint64_t m_size = 0;
 #if __has_include(<unistd.h>)

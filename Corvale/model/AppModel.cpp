@@ -35,7 +35,10 @@ AppModel::AppModel(Platform& platform) : m_platform(platform), m_settings(stored
     m_sheet = sheetFor(m_settings);
 }
 
-AppModel::~AppModel() { stopComparing(); }
+AppModel::~AppModel() {
+    stopComparing();
+    stopFiltering();
+}
 
 std::vector<std::string> AppModel::sharedColumns() const {
     return hasBothFiles() ? Columns::shared(before()->table, after()->table) : std::vector<std::string>();
@@ -110,6 +113,14 @@ void AppModel::dismissProblem() {
 void AppModel::noteChange(Signal changed) {
     if (std::find(m_changes.begin(), m_changes.end(), changed) == m_changes.end()) {
         m_changes.push_back(changed);
+    }
+}
+
+void AppModel::tell(const QString& problem) {
+    const bool isNews = !m_problem || !m_problem->contains(problem);
+    const QString all = m_problem && isNews ? *m_problem + QStringLiteral("\n\n") + problem : problem;
+    if (isNews) {
+        set(m_problem, std::optional(all), &AppModel::problemChanged);
     }
 }
 

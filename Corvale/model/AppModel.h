@@ -118,7 +118,8 @@ public:
     void compare();
     // Reads both files from disk again, all or none, then compares.
     void compareAgain();
-    // Ends reading, else comparing; what is there stays.
+    // Ends reading, else comparing. The files and the result that are there stay; a comparison that reading had
+    // interrupted goes on.
     void cancel();
 
     // --- Browsing
@@ -134,7 +135,8 @@ public:
 
     // --- Reports, settings, messages
 
-    // Asks the user for a place and writes a report there. Nothing happens without a result, or while one is written.
+    // Asks the user for a place and writes a report there. Nothing happens without a result, or while another report
+    // is under way.
     void exportReport(ReportKind kind);
     // Saves at once what differs; other options start a comparison.
     void setSettings(const AppSettings& settings);
@@ -171,11 +173,13 @@ private:
     void set(Value& field, Value value, Signal changed);
     void noteChange(Signal changed);
     void announce();
+    // Adds to what the user was not told yet.
+    void tell(const QString& problem);
     bool hasBothFiles() const { return m_files[0] && m_files[1]; }
     // No comparison runs before.
     bool isSettled() const { return m_pendingLoads.empty() && !m_isSuggesting; }
 
-    void startLoad(PendingLoads::Id id, std::function<LoadedFile()> work);
+    void startLoad(PendingLoads::Id id, std::function<LoadedFile(const CancelCheck&)> work);
     void finishLoad(PendingLoads::Id id, Outcome<LoadedFile>& outcome);
     void storeArrivedFiles();
     void setFile(Side side, std::optional<LoadedFile> file);
@@ -186,6 +190,7 @@ private:
     // Of a side that can be read anew.
     PendingLoads::Reread wantedReading(Side side) const;
     void restart(Side side, const PendingLoads::Reread& reread);
+    std::vector<std::pair<Side, PendingLoads::Reread>> choicesOfUnread() const;
     void startReread(Side side, PendingLoads::Id id, const PendingLoads::Reread& reread);
     void suggestKey();
     void abandonSuggestion();
@@ -195,16 +200,23 @@ private:
     void compareWhenSettled();
     void startComparing();
     void stopComparing();
+    // How often the user may have filtered or selected since the result was prepared for that.
+    enum class Moved : std::uint8_t { once, often };
     // `run` is the number of the comparison.
-    void finishComparison(std::uint64_t run, const std::shared_ptr<CancelFlag>& flag, Outcome<ShownResult>& outcome);
+    void finishComparison(std::uint64_t run, const std::shared_ptr<CancelFlag>& flag, Outcome<ShownResult>& outcome,
+                          Moved moved);
     void endComparison();
     void adopt(ShownResult shown);
     void clearResult();
     void replaceResult(std::shared_ptr<const DiffResult> result);
     ResultView resultView() const;
     void refilter();
-    void saveReport(std::shared_ptr<const DiffResult> result, ReportKind kind, const QUrl& url);
-    std::vector<QUrl> comparedFiles() const;
+    void stopFiltering();
+    // `inUse` were in use when the report was asked for.
+    void saveReport(std::shared_ptr<const DiffResult> result, ReportKind kind, const QUrl& url,
+                    std::vector<QUrl> inUse);
+    // The files that a report must not replace.
+    std::vector<QUrl> filesInUse() const;
 
     Platform& m_platform;
     std::thread::id m_mainThread = std::this_thread::get_id();
@@ -240,6 +252,7 @@ private:
     bool m_isSuggesting = false;
     bool m_comparesAfterSuggestion = true;
     std::uint64_t m_suggestGeneration = 0;
+    bool m_isChoosingTarget = false;                     // the save panel is open
     std::vector<std::shared_ptr<const void>> m_retired;  // large values to destroy once everybody was told
 
     BackgroundJobs m_jobs;  // last, so that nothing is delivered into a model half gone

@@ -70,39 +70,49 @@ void AppModel::startComparing() {
          view = resultView(),
          flag,
          report] {
-            const DiffEngine::Callbacks callbacks{report, [flag] { return flag->isCancelled(); }};
+            const DiffEngine::Callbacks callbacks{report, checkOf(flag)};
             return show(std::make_shared<const DiffResult>(
                             DiffEngine::compare(before, after, match, options, style, callbacks)),
-                        view);
+                        view,
+                        checkOf(flag));
         },
-        [this, run, flag](Outcome<ShownResult>& outcome) { finishComparison(run, flag, outcome); });
+        [this, run, flag](Outcome<ShownResult>& outcome) { finishComparison(run, flag, outcome, Moved::once); });
 }
 
 void AppModel::finishComparison(std::uint64_t run, const std::shared_ptr<CancelFlag>& flag,
-                                Outcome<ShownResult>& outcome) {
+                                Outcome<ShownResult>& outcome, Moved moved) {
     const Operation operation(*this);
     if (run != m_compareGeneration || flag->isCancelled()) {
         return;
     }
     if (!outcome.value) {
-        set(m_problem, std::optional(FailureTexts::ofComparing(outcome.failure)), &AppModel::problemChanged);
+        tell(FailureTexts::ofComparing(outcome.failure));
         endComparison();
         return;
     }
-    if (outcome.value->view != resultView()) {
+    const ResultView wanted = resultView();
+    if (outcome.value->view != wanted && moved == Moved::once) {
         // The user filtered or selected meanwhile.
-        m_jobs.run([result = outcome.value->result, view = resultView()] { return show(result, view); },
-                   [this, run, flag](Outcome<ShownResult>& again) { finishComparison(run, flag, again); });
+        m_jobs.run(
+            [result = outcome.value->result, wanted, flag] { return show(result, wanted, checkOf(flag)); },
+            [this, run, flag](Outcome<ShownResult>& again) { finishComparison(run, flag, again, Moved::often); });
         return;
     }
-    adopt(outcome.take());
+    ShownResult shown = outcome.take();
+    DiffFilter newest = filterIn(*shown.result, wanted);
+    const bool isFiltered = newest == shown.filter;
+    shown.filter = std::move(newest);
+    adopt(std::move(shown));
     endComparison();
+    if (!isFiltered) {
+        // Whoever never stops typing gets the result all the same; what passes the newest filter follows.
+        refilter();
+    }
 }
 
 void AppModel::adopt(ShownResult shown) {
     set(m_filter, std::move(shown.filter), &AppModel::filterChanged);
-    // A filtering of the older result comes too late now.
-    set(m_filterGeneration, m_filterGeneration + 1, &AppModel::filterGenerationChanged);
+    stopFiltering();
     replaceResult(std::move(shown.result));
     set(m_visible, std::move(shown.visible), &AppModel::visibleChanged);
     set(m_selectedRow, shown.selectedRow, &AppModel::selectedRowChanged);
@@ -145,7 +155,7 @@ void AppModel::clearResult() {
     DiffFilter filter = m_filter;
     filter.column.reset();
     set(m_filter, std::move(filter), &AppModel::filterChanged);
-    set(m_filterGeneration, m_filterGeneration + 1, &AppModel::filterGenerationChanged);
+    stopFiltering();
     replaceResult(nullptr);
     set(m_visible, std::vector<std::int64_t>(), &AppModel::visibleChanged);
     set(m_selectedRow, std::optional<std::int64_t>(), &AppModel::selectedRowChanged);
@@ -173,27 +183,34 @@ void AppModel::setFilter(const DiffFilter& filter) {
 }
 
 void AppModel::refilter() {
-    const std::uint64_t run = m_filterGeneration + 1;
-    set(m_filterGeneration, run, &AppModel::filterGenerationChanged);
+    stopFiltering();
     if (!m_result) {
         return;
     }
+    m_filterFlag = std::make_shared<CancelFlag>();
+    m_jobs.run(
+        [result = m_result, filter = m_filter, isCancelled = checkOf(m_filterFlag)] {
+            return filter.apply(*result, isCancelled);
+        },
+        [this, run = m_filterGeneration](Outcome<std::vector<std::int64_t>>& outcome) {
+            const Operation delivery(*this);
+            if (run != m_filterGeneration) {
+                return;
+            }
+            if (outcome.value) {
+                set(m_visible, outcome.take(), &AppModel::visibleChanged);
+            } else {
+                tell(FailureTexts::ofComparing(outcome.failure));
+            }
+        });
+}
+
+// A filtering under way comes too late from now on.
+void AppModel::stopFiltering() {
     if (m_filterFlag) {
         m_filterFlag->cancel();
     }
-    m_filterFlag = std::make_shared<CancelFlag>();
-    m_jobs.run(
-        [result = m_result, filter = m_filter, flag = m_filterFlag] {
-            // Whoever types quickly leaves a row of these behind.
-            stopIfCancelled([&flag] { return flag->isCancelled(); });
-            return filter.apply(*result);
-        },
-        [this, run](Outcome<std::vector<std::int64_t>>& outcome) {
-            const Operation delivery(*this);
-            if (run == m_filterGeneration && outcome.value) {
-                set(m_visible, outcome.take(), &AppModel::visibleChanged);
-            }
-        });
+    set(m_filterGeneration, m_filterGeneration + 1, &AppModel::filterGenerationChanged);
 }
 
 }  // namespace corvale

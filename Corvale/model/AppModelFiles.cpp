@@ -52,11 +52,13 @@ void AppModel::load(const QUrl& url, Side side) {
     try {
         DataLoader::refuseByName(FileLoading::nameOf(url));
     } catch (const DataLoader::Failure&) {
-        set(m_problem, std::optional(FailureTexts::ofLoading(std::current_exception())), &AppModel::problemChanged);
+        tell(FailureTexts::ofLoading(std::current_exception()));
         return;
     }
     interruptComparison();
-    startLoad(m_pendingLoads.start(side), [&platform = m_platform, url] { return FileLoading::read(platform, url); });
+    startLoad(m_pendingLoads.start(side, url), [&platform = m_platform, url](const CancelCheck& isCancelled) {
+        return FileLoading::read(platform, url, isCancelled);
+    });
 }
 
 void AppModel::setSheet(std::int64_t index, Side side) {
@@ -72,7 +74,7 @@ void AppModel::setSheet(std::int64_t index, Side side) {
 
 void AppModel::setHeaderRow(std::optional<std::int64_t> row, Side side) {
     const Operation operation(*this);
-    if (!canReread(side)) {
+    if (!canReread(side) || (row && *row < 1)) {
         return;
     }
     const PendingLoads::Reread wanted = wantedReading(side);
@@ -101,9 +103,11 @@ void AppModel::startReread(Side side, PendingLoads::Id id, const PendingLoads::R
     old.sheet = reread.sheet;
     old.headerRow = reread.headerRow;
     if (reread.fromDisk) {
-        startLoad(id, [&platform = m_platform, old] { return FileLoading::readAgain(platform, old); });
+        startLoad(id, [&platform = m_platform, old](const CancelCheck& isCancelled) {
+            return FileLoading::readAgain(platform, old, isCancelled);
+        });
     } else {
-        startLoad(id, [old] { return FileLoading::reparsed(old); });
+        startLoad(id, [old](const CancelCheck&) { return FileLoading::reparsed(old); });
     }
 }
 
@@ -167,9 +171,14 @@ void AppModel::compareAgain() {
     }
 }
 
-void AppModel::startLoad(PendingLoads::Id id, std::function<LoadedFile()> work) {
+void AppModel::startLoad(PendingLoads::Id id, std::function<LoadedFile(const CancelCheck&)> work) {
     followPendingLoads();
-    m_jobs.run(std::move(work), [this, id](Outcome<LoadedFile>& outcome) { finishLoad(id, outcome); });
+    m_jobs.run(
+        [work = std::move(work), isCancelled = checkOf(m_pendingLoads.flag(id))] {
+            stopIfCancelled(isCancelled);
+            return work(isCancelled);
+        },
+        [this, id](Outcome<LoadedFile>& outcome) { finishLoad(id, outcome); });
 }
 
 void AppModel::finishLoad(PendingLoads::Id id, Outcome<LoadedFile>& outcome) {
@@ -180,10 +189,29 @@ void AppModel::finishLoad(PendingLoads::Id id, Outcome<LoadedFile>& outcome) {
     if (outcome.value) {
         m_pendingLoads.arrive(id, outcome.take());
     } else {
+        const auto choices = choicesOfUnread();
         m_pendingLoads.fail(id);
-        set(m_problem, std::optional(FailureTexts::ofLoading(outcome.failure)), &AppModel::problemChanged);
+        tell(FailureTexts::ofLoading(outcome.failure));
+        for (const auto& [side, reread] : choices) {
+            if (!m_pendingLoads.isPending(side)) {
+                restart(side, reread);
+            }
+        }
     }
     storeArrivedFiles();
+}
+
+// What the user chose for files that were to be read from disk again, as it can be had from the bytes at hand.
+std::vector<std::pair<Side, PendingLoads::Reread>> AppModel::choicesOfUnread() const {
+    std::vector<std::pair<Side, PendingLoads::Reread>> choices;
+    for (const Side side : {Side::before, Side::after}) {
+        const auto reread = m_pendingLoads.reread(side);
+        if (reread && reread->fromDisk &&
+            (reread->sheet != file(side)->sheet || reread->headerRow != file(side)->headerRow)) {
+            choices.emplace_back(side, PendingLoads::Reread{reread->sheet, reread->headerRow, false});
+        }
+    }
+    return choices;
 }
 
 void AppModel::storeArrivedFiles() {
@@ -256,10 +284,14 @@ void AppModel::suggestKey() {
     m_jobs.run([before = before()->table, after = after()->table] { return KeySuggester::suggestedKey(before, after); },
                [this, generation](Outcome<std::optional<std::string>>& outcome) {
                    const Operation operation(*this);
-                   if (generation == m_suggestGeneration && m_isSuggesting) {
-                       m_isSuggesting = false;
-                       takeSuggestion(outcome.value.value_or(std::nullopt));
+                   if (generation != m_suggestGeneration || !m_isSuggesting) {
+                       return;
                    }
+                   m_isSuggesting = false;
+                   if (outcome.failure) {
+                       tell(FailureTexts::ofComparing(outcome.failure));
+                   }
+                   takeSuggestion(outcome.value.value_or(std::nullopt));
                });
 }
 

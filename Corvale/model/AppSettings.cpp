@@ -67,8 +67,13 @@ std::string AppSettings::encoded() const {
 }
 
 AppSettings AppSettings::decoded(std::string_view json) {
+    // Far deeper than the record is; beyond it, what walks through the values would run out of stack.
+    constexpr int deepest = 16;
+    const auto requireShallow = [](int depth, Json::parse_event_t, const Json&) {
+        return depth <= deepest ? true : throw DecodingError("Nested too deeply.");
+    };
     try {
-        return settingsOf(Json::parse(json));
+        return settingsOf(Json::parse(json, requireShallow));
     } catch (const Json::exception& error) {
         throw DecodingError(error.what());
     }

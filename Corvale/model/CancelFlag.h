@@ -1,10 +1,14 @@
 #pragma once
 
+#include <memory>
 #include <mutex>
+#include <utility>
+
+#include "CorvaleKit/engine/Callbacks.h"
 
 namespace corvale {
 
-// Asks a running comparison to stop; the one object that the main thread and background work share.
+// Asks running background work to stop; the one object that it shares with the main thread.
 class CancelFlag {
 public:
     void cancel() {
@@ -20,5 +24,10 @@ private:
     mutable std::mutex m_lock;
     bool m_flag = false;
 };
+
+// Reads the flag, which it keeps.
+inline CancelCheck checkOf(std::shared_ptr<const CancelFlag> flag) {
+    return [flag = std::move(flag)] { return flag->isCancelled(); };
+}
 
 }  // namespace corvale

@@ -31,6 +31,16 @@ void parse(LoadedFile& file, const SheetByName& choose) {
     file.table = DataLoader::load(Bytes(file.data->view()), file.name, chooseSheet, file.headerRow);
 }
 
+// False when the chosen row is not there or blank, so that the loader took another.
+bool hasHeaderRow(const LoadedFile& file) { return !file.headerRow || *file.headerRow == file.table.headerRowNumber(); }
+
+void parseAutomatically(LoadedFile& file, const SheetByName& choose) {
+    if (file.headerRow) {
+        file.headerRow.reset();
+        parse(file, choose);
+    }
+}
+
 std::shared_ptr<const Bytes> bytesOf(Platform& platform, const QUrl& url) {
     return std::make_shared<const Bytes>(platform.readFile(url));
 }
@@ -53,21 +63,32 @@ std::optional<std::int64_t> placeOfSameSheet(const LoadedFile& old, const std::v
 
 std::string nameOf(const QUrl& url) { return url.fileName().toStdString(); }
 
-LoadedFile read(Platform& platform, const QUrl& url) {
+LoadedFile read(Platform& platform, const QUrl& url, const CancelCheck& isCancelled) {
     LoadedFile file;
     file.url = url;
     file.name = nameOf(url);
     file.data = bytesOf(platform, url);
-    parse(file, [](const auto&) { return 0; });
-    return file;
+    for (std::int64_t sheet = 0;; ++sheet) {
+        stopIfCancelled(isCancelled);
+        try {
+            parse(file, [sheet](const auto&) { return sheet; });
+            return file;
+        } catch (const DataLoader::Failure& failure) {
+            const bool wasLast = sheet + 1 >= static_cast<std::int64_t>(file.sheetNames.size());
+            if (failure.kind() != DataLoader::Failure::Kind::emptySheet || wasLast) {
+                throw;
+            }
+        }
+    }
 }
 
-LoadedFile readAgain(Platform& platform, const LoadedFile& old) {
+LoadedFile readAgain(Platform& platform, const LoadedFile& old, const CancelCheck& isCancelled) {
     LoadedFile file;
     file.url = old.url;
     file.name = old.name;
     file.headerRow = old.headerRow;
     file.data = bytesOf(platform, old.url);
+    stopIfCancelled(isCancelled);
     bool isSameSheet = true;
     const SheetByName sameSheet = [&old, &isSameSheet](const std::vector<std::string>& names) {
         const auto found = placeOfSameSheet(old, names);
@@ -75,9 +96,8 @@ LoadedFile readAgain(Platform& platform, const LoadedFile& old) {
         return found.value_or(0);
     };
     parse(file, sameSheet);
-    if (file.headerRow && !(isSameSheet && *file.headerRow == file.table.headerRowNumber())) {
-        file.headerRow.reset();
-        parse(file, sameSheet);
+    if (!isSameSheet || !hasHeaderRow(file)) {
+        parseAutomatically(file, sameSheet);
     }
     return file;
 }
@@ -88,7 +108,11 @@ LoadedFile reparsed(const LoadedFile& old) {
     file.name = old.name;
     file.data = old.data;
     file.headerRow = old.headerRow;
-    parse(file, [&old](const auto&) { return old.sheet; });
+    const SheetByName chosenSheet = [&old](const auto&) { return old.sheet; };
+    parse(file, chosenSheet);
+    if (!hasHeaderRow(file)) {
+        parseAutomatically(file, chosenSheet);
+    }
     return file;
 }
 

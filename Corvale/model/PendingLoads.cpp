@@ -4,9 +4,14 @@
 
 namespace corvale {
 
-PendingLoads::Id PendingLoads::start(Side side) {
+PendingLoads::~PendingLoads() {
+    drop(Side::before);
+    drop(Side::after);
+}
+
+PendingLoads::Id PendingLoads::start(Side side, const QUrl& url) {
     const Id id = ++m_lastId;
-    put(side, {id, id, std::nullopt, false, std::nullopt});
+    put(side, {.id = id, .group = id, .url = url});
     return id;
 }
 
@@ -14,7 +19,7 @@ PendingLoads::Id PendingLoads::restart(Side side, const Reread& reread) {
     const auto& older = m_loads[place(side)];
     const Id id = ++m_lastId;
     const Id group = older && older->reread ? older->group : id;
-    put(side, {id, group, reread, false, std::nullopt});
+    put(side, {.id = id, .group = group, .reread = reread});
     return id;
 }
 
@@ -23,10 +28,20 @@ std::vector<std::pair<Side, PendingLoads::Id>> PendingLoads::startTogether(
     const Id group = m_lastId + 1;
     std::vector<std::pair<Side, Id>> started;
     for (const auto& [side, reread] : rereads) {
-        put(side, {++m_lastId, group, reread, true, std::nullopt});
+        put(side, {.id = ++m_lastId, .group = group, .reread = reread, .keepsMatch = true});
         started.emplace_back(side, m_lastId);
     }
     return started;
+}
+
+std::vector<QUrl> PendingLoads::urls() const {
+    std::vector<QUrl> urls;
+    for (const auto& load : m_loads) {
+        if (load && !load->reread) {
+            urls.push_back(load->url);
+        }
+    }
+    return urls;
 }
 
 std::optional<PendingLoads::Reread> PendingLoads::reread(Side side) const {
@@ -63,7 +78,11 @@ void PendingLoads::fail(Id id) {
 
 void PendingLoads::drop(Side side) {
     auto& load = m_loads[place(side)];
-    if (load && load->file) {
+    if (!load) {
+        return;
+    }
+    load->flag->cancel();
+    if (load->file) {
         m_unwanted.push_back(std::move(*load->file));
     }
     load.reset();

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <QUrl>
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <utility>
 #include <vector>
 
+#include "Corvale/model/CancelFlag.h"
 #include "Corvale/model/LoadedFile.h"
 
 namespace corvale {
@@ -31,8 +34,14 @@ public:
         bool keepsMatch = false;
     };
 
+    // What is still under way when this object goes is asked to stop.
+    ~PendingLoads();
+    PendingLoads() = default;
+    PendingLoads(const PendingLoads&) = delete;
+    PendingLoads& operator=(const PendingLoads&) = delete;
+
     // Of another file.
-    Id start(Side side);
+    Id start(Side side, const QUrl& url);
     // Of the side's own file with other choices. In place of an older such read it stays with those started together.
     Id restart(Side side, const Reread& reread);
     // Of the same files as they are on disk now; such reads keep the chosen match.
@@ -42,6 +51,10 @@ public:
     bool isCurrent(Id id) const { return find(id) != nullptr; }
     bool isPending(Side side) const { return m_loads[place(side)].has_value(); }
     bool empty() const { return !m_loads[0] && !m_loads[1]; }
+    // Asks the read to stop once it is superseded or dropped. `id` is current.
+    std::shared_ptr<const CancelFlag> flag(Id id) const { return find(id)->flag; }
+    // Of the other files that are being read.
+    std::vector<QUrl> urls() const;
     // None when nothing is read for the side, or another file.
     std::optional<Reread> reread(Side side) const;
 
@@ -64,8 +77,10 @@ private:
     struct Load {
         Id id = 0;
         Id group = 0;
+        QUrl url;  // of another file
         std::optional<Reread> reread;
         bool keepsMatch = false;
+        std::shared_ptr<CancelFlag> flag = std::make_shared<CancelFlag>();
         std::optional<LoadedFile> file;
     };
 

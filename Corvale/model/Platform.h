@@ -33,7 +33,8 @@ public:
     // Waits for the background work that has begun; what has not is dropped, and nothing more is delivered.
     virtual ~Platform() = default;
 
-    // Neither waits for the user: the answer comes later on the main thread, empty when the panel was dismissed.
+    // Neither waits for the user: the answer comes later on the main thread, once, and empty when the panel was
+    // dismissed. A panel that goes with its window gives none.
     virtual void showOpenPanel(const OpenPanel& panel, std::function<void(const QList<QUrl>&)> whenChosen) = 0;
     virtual void showSavePanel(const SavePanel& panel, std::function<void(const QUrl&)> whenChosen) = 0;
 

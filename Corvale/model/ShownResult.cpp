@@ -85,11 +85,16 @@ ResultView viewOf(const DiffResult& result, const DiffFilter& filter, std::optio
     return view;
 }
 
-ShownResult show(std::shared_ptr<const DiffResult> result, ResultView view) {
+DiffFilter filterIn(const DiffResult& result, const ResultView& view) {
+    DiffFilter filter = view.filter;
+    filter.column = view.columnName ? columnNamed(result, view.columnName) : std::nullopt;
+    return filter;
+}
+
+ShownResult show(std::shared_ptr<const DiffResult> result, ResultView view, const CancelCheck& isCancelled) {
     ShownResult shown;
-    shown.filter = view.filter;
-    shown.filter.column = view.columnName ? columnNamed(*result, view.columnName) : std::nullopt;
-    shown.visible = shown.filter.apply(*result);
+    shown.filter = filterIn(*result, view);
+    shown.visible = shown.filter.apply(*result, isCancelled);
     if (view.selectedRow) {
         shown.selectedRow = rowLike(result->rows, *view.selectedRow);
     }

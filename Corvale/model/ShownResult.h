@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "CorvaleKit/engine/Callbacks.h"
 #include "CorvaleKit/engine/DiffFilter.h"
 #include "CorvaleKit/engine/DiffResult.h"
 
@@ -49,7 +50,10 @@ struct ShownResult {
 };
 
 // Carries a view over to a result: a column that is gone no longer filters, and a row that is gone is not selected.
-// Linear in the rows; on any thread.
-ShownResult show(std::shared_ptr<const DiffResult> result, ResultView view);
+// Linear in the rows; on any thread. Throws Cancelled when asked to stop.
+ShownResult show(std::shared_ptr<const DiffResult> result, ResultView view, const CancelCheck& isCancelled = {});
+
+// The filter of a view with its column as the result numbers it.
+DiffFilter filterIn(const DiffResult& result, const ResultView& view);
 
 }  // namespace corvale

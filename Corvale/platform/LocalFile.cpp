@@ -4,8 +4,11 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <cstdint>
+#include <new>
 
 #include "CorvaleKit/base/Failures.h"
+#include "CorvaleKit/base/Memory.h"
 
 namespace corvale::LocalFile {
 
@@ -29,6 +32,10 @@ QString reasonOf(const QFileDevice& file) {
 
 UserFailure notOpened(const QString& name, const QFileDevice& file) {
     return failure(Texts::tr("“%1” couldn’t be opened: %2").arg(name, reasonOf(file)));
+}
+
+UserFailure notRead(const QString& name, const QFileDevice& file) {
+    return failure(Texts::tr("“%1” couldn’t be read: %2").arg(name, reasonOf(file)));
 }
 
 UserFailure changed(const QString& name) {
@@ -56,7 +63,7 @@ void readExactly(QFile& file, Bytes& bytes, const QString& name) {
     for (qint64 done = 0; done < size;) {
         const qint64 count = file.read(bytes.data() + done, size - done);
         if (count < 0) {
-            throw notOpened(name, file);
+            throw notRead(name, file);
         }
         if (count == 0) {
             throw changed(name);
@@ -83,10 +90,15 @@ Bytes read(const QUrl& url) {
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         throw notOpened(name, file);
     }
+    // The bytes and the table that is made of them are held at once.
+    if (static_cast<std::uint64_t>(file.size()) > Memory::physicalSize() / 2) {
+        throw std::bad_alloc();
+    }
     Bytes bytes(static_cast<std::size_t>(file.size()));
     readExactly(file, bytes, name);
-    if (char more = 0; file.read(&more, 1) > 0) {
-        throw changed(name);
+    char more = 0;
+    if (const qint64 count = file.read(&more, 1); count != 0) {
+        throw count < 0 ? notRead(name, file) : changed(name);
     }
     return bytes;
 }

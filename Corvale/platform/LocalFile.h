@@ -9,7 +9,7 @@
 namespace corvale::LocalFile {
 
 // Refuses what is no regular file, so that a pipe or a device never makes the program wait. Throws UserFailure, a
-// sentence that names the file.
+// sentence that names the file, and std::bad_alloc for a file that takes more than half of the machine's memory.
 Bytes read(const QUrl& url);
 
 // Replaces the file, or makes it, in one step; access rights are those of the old one, and a link stays a link. Throws

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLocale>
 #include <algorithm>
 #include <utility>
@@ -28,9 +29,26 @@ QString patterns(const QStringList& extensions) {
     return patterns.join(u' ');
 }
 
+// Qt adds an extension only to names without a dot, and people write "report v1.2". It is added before the dialog asks
+// whether a file of that name may be replaced.
+class SaveDialog : public QFileDialog {
+public:
+    using QFileDialog::QFileDialog;
+
+    void accept() override {
+        const QString extension = u'.' + defaultSuffix();
+        const QString name = selectedFiles().value(0);
+        if (!name.isEmpty() && !QFileInfo(name).isDir() && !name.endsWith(extension, Qt::CaseInsensitive)) {
+            selectFile(name + extension);
+        }
+        QFileDialog::accept();
+    }
+};
+
 // Deletes itself when it closes.
+template <typename Dialog>
 QFileDialog* newDialog(const QString& title) {
-    auto* const dialog = new QFileDialog(QApplication::activeWindow(), title);
+    auto* const dialog = new Dialog(QApplication::activeWindow(), title);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     return dialog;
 }
@@ -53,7 +71,7 @@ QtPlatform::~QtPlatform() {
 }
 
 void QtPlatform::showOpenPanel(const OpenPanel& panel, std::function<void(const QList<QUrl>&)> whenChosen) {
-    QFileDialog* const dialog = newDialog(panel.message);
+    QFileDialog* const dialog = newDialog<QFileDialog>(panel.message);
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
     dialog->setFileMode(panel.allowsSeveral ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
     dialog->setLabelText(QFileDialog::Accept, Texts::tr("Open"));
@@ -63,7 +81,7 @@ void QtPlatform::showOpenPanel(const OpenPanel& panel, std::function<void(const 
 }
 
 void QtPlatform::showSavePanel(const SavePanel& panel, std::function<void(const QUrl&)> whenChosen) {
-    QFileDialog* const dialog = newDialog(Texts::tr("Export Report"));
+    QFileDialog* const dialog = newDialog<SaveDialog>(Texts::tr("Export Report"));
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
     dialog->setDefaultSuffix(panel.extension);

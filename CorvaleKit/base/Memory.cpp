@@ -1,13 +1,27 @@
 #include "CorvaleKit/base/Memory.h"
 
 #include <cstdint>
+#include <limits>
 
 #if defined(__linux__)
 #include <sys/mman.h>
+#endif
+#if __has_include(<unistd.h>)
 #include <unistd.h>
 #endif
 
 namespace corvale::Memory {
+
+std::uint64_t physicalSize() {
+#if __has_include(<unistd.h>)
+    const long pages = ::sysconf(_SC_PHYS_PAGES);
+    const long pageSize = ::sysconf(_SC_PAGESIZE);
+    if (pages > 0 && pageSize > 0) {
+        return static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(pageSize);
+    }
+#endif
+    return std::numeric_limits<std::uint64_t>::max();
+}
 
 void preferHugePages([[maybe_unused]] const void* start, [[maybe_unused]] std::size_t size) {
 #if defined(__linux__) && defined(MADV_HUGEPAGE)

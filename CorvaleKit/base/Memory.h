@@ -1,13 +1,19 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 #if defined(__SSE2__)
 #include <xmmintrin.h>
 #endif
 
-// Hints to the machine about memory. They change speed, never results, and do nothing where they are not known.
+// The machine's memory. The hints change speed, never results, and do nothing where they are not known.
 namespace corvale::Memory {
+
+// Of the machine, in bytes; the largest number there is where the system doesn't tell. A system that promises more
+// memory than it has ends the process that takes it at its word, so what could need more than this is refused
+// beforehand.
+std::uint64_t physicalSize();
 
 // Asks for huge pages under a large block that is about to be filled: fewer page faults, fewer address look-ups.
 void preferHugePages(const void* start, std::size_t size);

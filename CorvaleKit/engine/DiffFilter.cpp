@@ -172,10 +172,13 @@ private:
 
 }  // namespace
 
-std::vector<std::int64_t> DiffFilter::apply(const DiffResult& result) const {
+std::vector<std::int64_t> DiffFilter::apply(const DiffResult& result, const CancelCheck& isCancelled) const {
     RowSearch rowSearch(result, searchWords(search));
     std::vector<std::int64_t> indexes;
     for (std::size_t i = 0; i < result.rows.size(); ++i) {
+        if (i % rowsPerPoll == 0) {
+            stopIfCancelled(isCancelled);
+        }
         const bool passes = shows(show, result.rows.status(i)) &&
                             (!column || hasChangeIn(result.rows.changes(i), *column)) && rowSearch.finds(i);
         if (passes) {

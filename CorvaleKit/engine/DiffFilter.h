@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "CorvaleKit/engine/Callbacks.h"
 #include "CorvaleKit/engine/DiffResult.h"
 #include "CorvaleKit/engine/EnumTexts.h"
 
@@ -19,8 +20,8 @@ struct DiffFilter {
     std::optional<std::int64_t> column;  // index into DiffResult::columns: only rows with a changed cell there
     std::string search;                  // words that must all occur in the row's key or cells; case does not count
 
-    // Indexes into result.rows, ascending.
-    std::vector<std::int64_t> apply(const DiffResult& result) const;
+    // Indexes into result.rows, ascending. Throws Cancelled when asked to stop, nothing else of its own.
+    std::vector<std::int64_t> apply(const DiffResult& result, const CancelCheck& isCancelled = {}) const;
 
     friend bool operator==(const DiffFilter&, const DiffFilter&) = default;
 

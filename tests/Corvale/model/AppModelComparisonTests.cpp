@@ -212,6 +212,22 @@ TEST_F(AppModelComparisonTest, AResultThatCameLateIsThrownAway) {
     EXPECT_EQ(m_model.result()->match, RowMatch::key({"Price"}));
 }
 
+TEST_F(AppModelComparisonTest, AResultIsNotHeldBackWhileTheUserKeepsTyping) {
+    openPair();
+    m_model.setMatch(MatchChoice::key("Name"));
+    DiffFilter filter;
+    for (const char* const typed : {"c", "cu", "cup"}) {
+        filter.search = typed;
+        m_model.setFilter(filter);
+        step();
+    }
+    EXPECT_EQ(m_model.result()->match, RowMatch::key({"Name"}));
+    EXPECT_EQ(m_model.progress(), std::nullopt);
+    EXPECT_EQ(m_model.filter().search, "cup");
+    m_platform.settle();
+    EXPECT_EQ(m_model.visible(), m_model.filter().apply(*m_model.result()));
+}
+
 TEST_F(AppModelComparisonTest, CancellingEndsARunAndChangesNothingElse) {
     openPair();
     const auto result = m_model.result();

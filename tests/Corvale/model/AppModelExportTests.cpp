@@ -45,12 +45,23 @@ TEST_F(AppModelExportTest, ThePanelProposesTheNewerFilesName) {
     m_platform.files["prices.november.csv"] = m_platform.files["november.csv"];
     openPair("october.csv", "prices.november.csv");
     m_model.exportReport(ReportKind::excel);
+    m_platform.chooseTarget("");
     m_model.exportReport(ReportKind::html);
     ASSERT_EQ(m_platform.savePanels.size(), 2U);
     EXPECT_EQ(m_platform.savePanels[0].defaultName.toStdString(), "prices.november changes.xlsx");
     EXPECT_EQ(m_platform.savePanels[0].extension.toStdString(), "xlsx");
     EXPECT_EQ(m_platform.savePanels[1].defaultName.toStdString(), "prices.november changes.html");
     EXPECT_EQ(m_platform.savePanels[1].extension.toStdString(), "html");
+}
+
+TEST_F(AppModelExportTest, WhileOnePlaceIsAskedForNoOtherIs) {
+    m_model.exportReport(ReportKind::excel);
+    m_model.exportReport(ReportKind::html);
+    EXPECT_EQ(m_platform.savePanels.size(), 1U);
+    m_platform.chooseTarget("report.xlsx");
+    m_platform.settle();
+    m_model.exportReport(ReportKind::html);
+    EXPECT_EQ(m_platform.savePanels.size(), 2U);
 }
 
 TEST_F(AppModelExportTest, AReportIsMadeAndWrittenInTheBackground) {

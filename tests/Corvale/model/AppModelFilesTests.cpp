@@ -142,7 +142,51 @@ TEST_F(AppModelFilesTest, NamesThatCannotBeReadAreRefusedAtOnce) {
         EXPECT_EQ(problem(), message);
         EXPECT_EQ(loading(), "");
         EXPECT_EQ(m_platform.waiting(), 0U);
+        m_model.dismissProblem();
     }
+}
+
+TEST_F(AppModelFilesTest, OfTwoFilesThatFailBothAreTold) {
+    m_model.open({ScriptedPlatform::url("gone.csv"), ScriptedPlatform::url("lost.csv")}, Side::before);
+    m_platform.settle();
+    EXPECT_EQ(problem(),
+              "“gone.csv” couldn’t be opened: No such file or directory\n\n"
+              "“lost.csv” couldn’t be opened: No such file or directory");
+}
+
+TEST_F(AppModelFilesTest, WhatWasToldAndIsStillThereIsNotToldTwice) {
+    load("stock.xls", Side::before);
+    const std::string once = problem();
+    load("stock.xls", Side::after);
+    EXPECT_EQ(problem(), once);
+}
+
+TEST_F(AppModelFilesTest, AReadThatNobodyWantsAnyMoreIsNotBegun) {
+    load("october.csv", Side::before);
+    load("november.csv", Side::before);
+    m_model.cancel();
+    load("december.csv", Side::before);
+    m_platform.settle();
+    EXPECT_EQ(m_platform.reads, 1);
+    EXPECT_EQ(files(), "december.csv > ");
+}
+
+TEST_F(AppModelFilesTest, AWorkbookWhoseFirstSheetsAreEmptyOpensAtTheNext) {
+    m_platform.files["book.xlsx"] = TestSupport::workbook({{"Cover", ""}, {"Notes", ""}, {"Data", "ID,Price\n1,2\n"}});
+    load("book.xlsx", Side::before);
+    m_platform.settle();
+    EXPECT_EQ(problem(), "");
+    ASSERT_TRUE(m_model.before());
+    EXPECT_EQ(m_model.before()->sheet, 2);
+    EXPECT_EQ(m_model.before()->sheetNames, (std::vector<std::string>{"Cover", "Notes", "Data"}));
+}
+
+TEST_F(AppModelFilesTest, AWorkbookOfEmptySheetsIsTold) {
+    m_platform.files["book.xlsx"] = TestSupport::workbook({{"Cover", ""}, {"Notes", ""}});
+    load("book.xlsx", Side::before);
+    m_platform.settle();
+    EXPECT_EQ(problem(), "That sheet is empty. Pick another sheet from the menu under the file name.");
+    EXPECT_FALSE(m_model.before());
 }
 
 TEST_F(AppModelFilesTest, ARefusedNameDoesNotDisturbAFileThatIsBeingRead) {

@@ -36,6 +36,8 @@ TEST(AppModelStoredSettingsTest, WhatWasStoredIsThereAgain) {
 }
 
 TEST(AppModelStoredSettingsTest, ADamagedStoreGivesTheDefaultsAndSaysNothing) {
+    const std::string deeplyNested =
+        R"({"options":{"ignoredColumns":)" + std::string(100000, '[') + std::string(100000, ']') + "}}";
     const std::vector<std::string> damaged = {"",
                                               "{",
                                               "null",
@@ -43,7 +45,8 @@ TEST(AppModelStoredSettingsTest, ADamagedStoreGivesTheDefaultsAndSaysNothing) {
                                               "7",
                                               R"({"view":"3D","onboardingDone":true})",
                                               std::string("{\"view\":\"\xff\"}"),
-                                              std::string(100000, '[')};
+                                              std::string(100000, '['),
+                                              deeplyNested};
     for (const std::string& data : damaged) {
         ScriptedPlatform platform;
         platform.stored["settings"] = data;

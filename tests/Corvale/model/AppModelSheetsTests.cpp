@@ -280,10 +280,32 @@ TEST_F(AppModelSheetsTest, ASheetChosenWhileComparingAgainWaitsForTheOtherFile) 
     openBook();
     m_model.compareAgain();
     m_model.setSheet(1, Side::before);
+    m_platform.work();
+    m_platform.work();
+    m_platform.deliver();
+    EXPECT_EQ(chosen(), "Jan/automatic");
+    m_platform.settle();
+    EXPECT_EQ(chosen(), "Feb/automatic");
+    EXPECT_EQ(problem(), "");
+}
+
+TEST_F(AppModelSheetsTest, ASheetChosenWhileComparingAgainOutlivesTheFailureOfTheOtherFile) {
+    openBook();
+    m_model.compareAgain();
+    m_model.setSheet(1, Side::before);
     m_platform.files.erase("other.csv");
     m_platform.settle();
-    EXPECT_EQ(chosen(), "Jan/automatic");
+    EXPECT_EQ(chosen(), "Feb/automatic");
     EXPECT_EQ(problem(), "“other.csv” couldn’t be opened: No such file or directory");
+}
+
+TEST_F(AppModelSheetsTest, AHeaderRowThatTheSheetLacksGivesWayToTheAutomaticOne) {
+    openBook();
+    for (const std::int64_t row : {std::int64_t{0}, std::int64_t{-5}, std::int64_t{99}}) {
+        m_model.setHeaderRow(row, Side::before);
+        m_platform.settle();
+        EXPECT_EQ(chosen(), "Jan/automatic") << row;
+    }
 }
 
 }  // namespace

@@ -248,9 +248,14 @@ TEST(AppModelLifetimeTest, NothingIsDeliveredToAModelThatIsGone) {
             if (worked && platform.waiting() > 0) {
                 platform.work();
             }
+            const int reads = platform.reads;
+            int signals = 0;
+            QObject::connect(model.get(), &AppModel::loadingChanged, [&signals] { ++signals; });
+            QObject::connect(model.get(), &AppModel::resultChanged, [&signals] { ++signals; });
             model.reset();
             platform.settle();
-            EXPECT_EQ(platform.waiting(), 0U);
+            EXPECT_EQ(signals, 0);
+            EXPECT_EQ(platform.reads, reads);
         }
     }
 }

@@ -41,7 +41,7 @@ protected:
 
 TEST_F(PendingLoadsTest, AReadIsPendingUntilItsFileIsTaken) {
     EXPECT_TRUE(m_loads.empty());
-    const auto id = m_loads.start(Side::after);
+    const auto id = m_loads.start(Side::after, {});
     EXPECT_FALSE(m_loads.empty());
     EXPECT_TRUE(m_loads.isPending(Side::after));
     EXPECT_FALSE(m_loads.isPending(Side::before));
@@ -55,15 +55,15 @@ TEST_F(PendingLoadsTest, AReadIsPendingUntilItsFileIsTaken) {
 }
 
 TEST_F(PendingLoadsTest, ANewerReadOfASideMakesTheOlderOneUnwanted) {
-    const auto older = m_loads.start(Side::before);
-    const auto newer = m_loads.start(Side::before);
+    const auto older = m_loads.start(Side::before, {});
+    const auto newer = m_loads.start(Side::before, {});
     EXPECT_FALSE(m_loads.isCurrent(older));
     EXPECT_TRUE(m_loads.isCurrent(newer));
 }
 
 TEST_F(PendingLoadsTest, ReadsOfTheirOwnDoNotWaitForEachOther) {
-    const auto before = m_loads.start(Side::before);
-    const auto after = m_loads.start(Side::after);
+    const auto before = m_loads.start(Side::before, {});
+    const auto after = m_loads.start(Side::after, {});
     m_loads.arrive(after, file("b.csv"));
     EXPECT_EQ(arrived(), "after=b.csv");
     m_loads.fail(before);
@@ -96,7 +96,7 @@ TEST_F(PendingLoadsTest, AFileWaitsNoLongerForAReadThatWasReplacedOrDropped) {
         m_loads.arrive(before, file("a.csv"));
         EXPECT_EQ(arrived(), "");
         if (isReplaced) {
-            m_loads.start(Side::after);
+            m_loads.start(Side::after, {});
         } else {
             m_loads.drop(Side::after);
         }
@@ -113,12 +113,12 @@ TEST_F(PendingLoadsTest, AFileThatWaitsIsUnwantedOnceItsSideIsDroppedOrReplaced)
     EXPECT_EQ(unwanted(), "a.csv");
     const auto second = startBothTogether();
     m_loads.arrive(second.first, file("b.csv"));
-    m_loads.start(Side::before);
+    m_loads.start(Side::before, {});
     EXPECT_EQ(unwanted(), "b.csv");
 }
 
 TEST_F(PendingLoadsTest, SwapGivesEachReadToTheOtherSide) {
-    const auto id = m_loads.start(Side::before);
+    const auto id = m_loads.start(Side::before, {});
     m_loads.swap();
     EXPECT_TRUE(m_loads.isPending(Side::after));
     EXPECT_FALSE(m_loads.isPending(Side::before));
@@ -140,14 +140,14 @@ TEST_F(PendingLoadsTest, OtherChoicesOfAFileTakeThePlaceOfItsRead) {
 
 TEST_F(PendingLoadsTest, AnotherFileIsNotReadAnew) {
     EXPECT_EQ(m_loads.reread(Side::before), std::nullopt);
-    m_loads.start(Side::before);
+    m_loads.start(Side::before, {});
     EXPECT_EQ(m_loads.reread(Side::before), std::nullopt);
 }
 
 TEST_F(PendingLoadsTest, AMatchChosenMeanwhileIsKeptByWhatIsUnderWayOnly) {
-    const auto older = m_loads.start(Side::before);
+    const auto older = m_loads.start(Side::before, {});
     m_loads.keepMatch();
-    const auto newer = m_loads.start(Side::after);
+    const auto newer = m_loads.start(Side::after, {});
     m_loads.arrive(older, file("a.csv"));
     m_loads.arrive(newer, file("b.csv"));
     EXPECT_EQ(arrived(), "before=a.csv! after=b.csv");

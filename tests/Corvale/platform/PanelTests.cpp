@@ -173,6 +173,9 @@ TEST_F(SavePanel, ProposesTheName) {
 TEST_F(SavePanel, AddsTheExtensionThatIsMissing) {
     for (const auto& [typed, expected] : {std::pair("report", "report.xlsx"),
                                           std::pair("report.xlsx", "report.xlsx"),
+                                          std::pair("report.XLSX", "report.XLSX"),
+                                          std::pair("report v1.2", "report v1.2.xlsx"),
+                                          std::pair("report.csv", "report.csv.xlsx"),
                                           std::pair("Größe 100%", "Größe 100%.xlsx")}) {
         askForPlace();
         QFileDialog* const dialog = panel();
