@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QRect>
+#include <QString>
+#include <QWidget>
+
+class QPainter;
+
+namespace corvale {
+class Theme;
+}
+
+// What the window's own controls are drawn with.
+namespace corvale::Drawing {
+
+// A font of the widget's family; `size` is in pixels where the system's font has 13, and grows with that one.
+QFont font(const QWidget& widget, double size, QFont::Weight weight);
+
+// In pixels, rounded up.
+int textWidth(const QFont& font, const QString& text);
+
+// One line, at the start of the rectangle and in the middle of its height; elided where it is too long.
+void text(QPainter& painter, const QRect& rect, const QString& text, const QFont& font, const QColor& color,
+          Qt::TextElideMode elided = Qt::ElideRight);
+
+// A symbol in the middle of the rectangle.
+void symbol(QPainter& painter, const Theme& theme, const QString& name, const QColor& color, const QRect& rect, int size);
+
+// A rounded rectangle with a line of `lineWidth` pixels inside its edge.
+void box(QPainter& painter, const QRect& rect, double radius, const QColor& fill, const QColor& line,
+         double lineWidth = 1);
+
+}  // namespace corvale::Drawing

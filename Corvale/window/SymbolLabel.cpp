@@ -1,0 +1,60 @@
+#include "Corvale/window/SymbolLabel.h"
+
+#include <QPainter>
+#include <QStyle>
+
+#include <algorithm>
+
+#include "Corvale/style/Theme.h"
+#include "Corvale/window/Drawing.h"
+
+namespace corvale {
+
+namespace {
+
+constexpr int gap = 5;
+
+}  // namespace
+
+SymbolLabel::SymbolLabel(const Look& look, const QString& text, Theme& theme, QWidget* parent)
+    : QWidget(parent), m_look(look), m_theme(theme) {
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    connect(&theme, &Theme::changed, this, [this] {
+        updateGeometry();
+        update();
+    });
+    setText(text);
+}
+
+void SymbolLabel::setText(const QString& text) {
+    if (text == m_text) {
+        return;
+    }
+    m_text = text;
+    setAccessibleName(text);
+    updateGeometry();
+    update();
+}
+
+int SymbolLabel::textLeft() const { return m_look.symbol.isEmpty() ? 0 : m_look.symbolSize + gap; }
+
+QSize SymbolLabel::sizeHint() const {
+    const QFont font = Drawing::font(*this, m_look.textSize, m_look.weight);
+    return {textLeft() + Drawing::textWidth(font, m_text), std::max(m_look.symbolSize, QFontMetrics(font).height())};
+}
+
+QSize SymbolLabel::minimumSizeHint() const { return {std::min(sizeHint().width(), textLeft()), sizeHint().height()}; }
+
+void SymbolLabel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const QColor color = m_look.color(m_theme.palette());
+    const auto place = [this](const QRect& part) { return QStyle::visualRect(layoutDirection(), rect(), part); };
+    if (!m_look.symbol.isEmpty()) {
+        Drawing::symbol(painter, m_theme, m_look.symbol, color, place({0, 0, m_look.symbolSize, height()}),
+                        m_look.symbolSize);
+    }
+    Drawing::text(painter, place(rect().adjusted(textLeft(), 0, 0, 0)), m_text,
+                  Drawing::font(*this, m_look.textSize, m_look.weight), color);
+}
+
+}  // namespace corvale

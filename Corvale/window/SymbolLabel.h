@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QString>
+#include <QWidget>
+
+namespace corvale {
+
+class Palette;
+class Theme;
+
+// A symbol and a line of text in one colour; the text is elided where it is too narrow.
+class SymbolLabel : public QWidget {
+public:
+    struct Look {
+        QString symbol;  // empty: the text alone
+        int symbolSize;  // in pixels
+        double textSize; // in pixels where the system's font has 13
+        QFont::Weight weight;
+        QColor (*color)(const Palette& palette);
+    };
+
+    // The theme outlives the label.
+    SymbolLabel(const Look& look, const QString& text, Theme& theme, QWidget* parent);
+
+    void setText(const QString& text);
+    const QString& text() const { return m_text; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    int textLeft() const;
+
+    Look m_look;
+    QString m_text;
+    Theme& m_theme;
+};
+
+}  // namespace corvale
