@@ -41,6 +41,8 @@ constexpr Metrics metricsOf(Button::Face face) {
             return {22, 6, 5, 3, 10, 5, 12};
         case Button::Face::segment:
             return {28, 12, 12, 6, 12, 6, 13};
+        case Button::Face::warning:
+            return {24, 8, 8, 5, 0, 6, 12};
     }
     return {};
 }
@@ -112,17 +114,17 @@ void Button::setNarrowest(int width) {
 QFont Button::textFont() const {
     const double size = metricsOf(m_face).font;
     // What can be on keeps the width of its heavier text, so that switching moves nothing.
-    const bool isStrong = m_face == Face::primary || (isCheckable() && isOn());
+    const bool isStrong = m_face == Face::primary || m_face == Face::warning || (isCheckable() && isOn());
     const bool isValue = m_face == Face::inCard && !m_prefix.isEmpty();
     return Drawing::font(*this, size, isStrong ? QFont::DemiBold : isValue ? QFont::Medium : QFont::Normal);
 }
 
-int Button::widthBesideText() const {
+int Button::widthBesideText(bool textShown) const {
     const Metrics& metrics = metricsOf(m_face);
     const bool hasMenu = m_menu != nullptr;
     int width = metrics.padding + (hasMenu ? metrics.gap + metrics.chevron + metrics.menuPadding : metrics.padding);
     if (!m_symbol.isEmpty()) {
-        width += m_symbolSize + (showsText() ? metrics.gap : 0);
+        width += m_symbolSize + (textShown && !m_label.isEmpty() ? metrics.gap : 0);
     }
     if (m_prefixShown && !m_prefix.isEmpty()) {
         width += Drawing::textWidth(Drawing::font(*this, metrics.font, QFont::Normal), m_prefix);
@@ -131,9 +133,6 @@ int Button::widthBesideText() const {
 }
 
 int Button::fullTextWidth() const {
-    if (!showsText()) {
-        return 0;
-    }
     QFont font = textFont();
     if (isCheckable()) {
         font.setWeight(QFont::DemiBold);
@@ -142,7 +141,9 @@ int Button::fullTextWidth() const {
     return m_longestText > 0 ? std::min(width, m_longestText) : width;
 }
 
-QSize Button::sizeHint() const { return {widthBesideText() + fullTextWidth(), metricsOf(m_face).height}; }
+int Button::widthWithText(bool shown) const { return widthBesideText(shown) + (shown ? fullTextWidth() : 0); }
+
+QSize Button::sizeHint() const { return {widthWithText(m_textShown), metricsOf(m_face).height}; }
 
 QSize Button::minimumSizeHint() const {
     const QSize whole = sizeHint();
@@ -177,6 +178,9 @@ Button::Colors Button::faceColors() const {
         case Face::segment:
             return isOn() ? Colors{palette.segment, palette.controlBorder, palette.text, palette.text, palette.text}
                           : Colors{Qt::transparent, Qt::transparent, palette.text2, palette.text2, palette.text2};
+        case Face::warning:
+            return {palette.changed.fill, palette.changed.edge, palette.changed.text, palette.changed.text,
+                    palette.changed.text};
         case Face::flat:
             return {Qt::transparent, Qt::transparent, palette.text2, palette.text2, palette.text2};
         case Face::inCard:
@@ -203,6 +207,8 @@ Button::Colors Button::colors() const {
         colors.text = isHovered() && !isOn() ? palette.text : colors.text;
     } else if (m_face == Face::primary) {
         colors.face = isActive() ? palette.accent.darker(115) : isHovered() ? palette.accent.darker(107) : colors.face;
+    } else if (m_face == Face::warning) {
+        colors.border = isActive() || isHovered() ? palette.changed.text : colors.border;
     } else if (isActive() || isHovered()) {
         colors.face = isActive() ? palette.controlPressed : palette.controlHover;
         colors.border = palette.field;
@@ -213,8 +219,8 @@ Button::Colors Button::colors() const {
 void Button::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const Colors shown = colors();
-    Drawing::box(painter, rect(), metricsOf(m_face).radius, shown.face, shown.border);
-    // A layout from right to left is the mirror image, but its texts and symbols are not.
+    const bool isOpenNote = m_face == Face::warning && isActive();
+    Drawing::box(painter, rect(), metricsOf(m_face).radius, shown.face, shown.border, isOpenNote ? 2 : 1);
     paintContents(painter, shown);
 }
 
@@ -234,8 +240,8 @@ void Button::paintContents(QPainter& painter, const Colors& colors) const {
         Drawing::text(painter, place(x, width), m_prefix, font, colors.prefix);
         x += width;
     }
-    if (showsText()) {
-        Drawing::text(painter, place(x, width() - widthBesideText()), m_label, textFont(), colors.text);
+    if (m_textShown) {
+        Drawing::text(painter, place(x, width() - widthBesideText(true)), m_label, textFont(), colors.text);
     }
     if (m_menu != nullptr) {
         const int left = width() - metrics.menuPadding - metrics.chevron;

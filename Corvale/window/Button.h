@@ -24,6 +24,7 @@ public:
         flat,     // a symbol alone
         inCard,   // part of a line of small text
         segment,  // of several in a frame
+        warning,  // a note that opens something
     };
 
     // The theme outlives the button.
@@ -46,6 +47,8 @@ public:
     void setHelp(const QString& help);
 
     QSize sizeHint() const override;
+    // The preferred width if the text beside the symbol were shown, or not.
+    int widthWithText(bool shown) const;
     // As narrow as setNarrowest() allows; by default no narrower than the whole label.
     QSize minimumSizeHint() const override;
     void setNarrowest(int width);
@@ -70,11 +73,10 @@ private:
     Colors colors() const;
     Colors faceColors() const;
     QFont textFont() const;
-    bool showsText() const { return m_textShown && !m_label.isEmpty(); }
     bool isOn() const { return isChecked() && isEnabled(); }
     bool isActive() const { return isDown() && isEnabled(); }
     bool isHovered() const { return underMouse() && isEnabled(); }
-    int widthBesideText() const;
+    int widthBesideText(bool textShown) const;
     int fullTextWidth() const;
     void paintContents(QPainter& painter, const Colors& colors) const;
 

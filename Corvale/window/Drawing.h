@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QIcon>
 #include <QRect>
 #include <QString>
 #include <QWidget>
@@ -28,8 +29,18 @@ void text(QPainter& painter, const QRect& rect, const QString& text, const QFont
 // A symbol in the middle of the rectangle.
 void symbol(QPainter& painter, const Theme& theme, const QString& name, const QColor& color, const QRect& rect, int size);
 
+// The same for what takes an icon, with its disabled state.
+QIcon icon(const Theme& theme, const QString& name, const QColor& color, int size);
+
 // A rounded rectangle with a line of `lineWidth` pixels inside its edge.
 void box(QPainter& painter, const QRect& rect, double radius, const QColor& fill, const QColor& line,
          double lineWidth = 1);
+
+// The same with a dashed line.
+void dashedBox(QPainter& painter, const QRect& rect, double radius, const QColor& fill, const QColor& line,
+               double lineWidth);
+
+// The soft shadow of a rounded rectangle that floats over something.
+void shadow(QPainter& painter, const QRect& rect, double radius);
 
 }  // namespace corvale::Drawing

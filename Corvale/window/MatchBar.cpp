@@ -35,7 +35,10 @@ MatchBar::MatchBar(AppModel& model, Theme& theme, QWidget* parent)
                                     .symbolSize = 16,
                                     .textSize = 13,
                                     .weight = QFont::Normal,
-                                    .color = [](const Palette& palette) { return palette.text2; }},
+                                    .padding = 0,
+                                    .color = [](const Palette& palette) { return palette.text2; },
+                                    .textColor = nullptr,
+                                    .fill = nullptr},
                                    tr("Match rows by"), theme, this)),
       m_match(makeMenu(false, &MatchBar::fillMatch)), m_numberStyle(makeMenu(false, &MatchBar::fillNumberStyle)),
       m_ignore(makeMenu(true, &MatchBar::fillIgnore)), m_ignoreColumns(makeMenu(true, &MatchBar::fillIgnoreColumns)) {

@@ -13,6 +13,8 @@ namespace corvale {
 namespace {
 
 constexpr int gap = 5;
+constexpr int boxHeight = 32;
+constexpr double boxRadius = 8;
 
 }  // namespace
 
@@ -36,25 +38,34 @@ void SymbolLabel::setText(const QString& text) {
     update();
 }
 
-int SymbolLabel::textLeft() const { return m_look.symbol.isEmpty() ? 0 : m_look.symbolSize + gap; }
+int SymbolLabel::textLeft() const {
+    return m_look.padding + (m_look.symbol.isEmpty() ? 0 : m_look.symbolSize + gap);
+}
 
 QSize SymbolLabel::sizeHint() const {
     const QFont font = Drawing::font(*this, m_look.textSize, m_look.weight);
-    return {textLeft() + Drawing::textWidth(font, m_text), std::max(m_look.symbolSize, QFontMetrics(font).height())};
+    const int content = std::max(m_look.symbolSize, QFontMetrics(font).height());
+    return {textLeft() + Drawing::textWidth(font, m_text) + m_look.padding,
+            m_look.fill != nullptr ? boxHeight : content};
 }
 
 QSize SymbolLabel::minimumSizeHint() const { return {std::min(sizeHint().width(), textLeft()), sizeHint().height()}; }
 
 void SymbolLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const QColor color = m_look.color(m_theme.palette());
+    const Palette& palette = m_theme.palette();
+    const QColor color = isEnabled() ? m_look.color(palette) : palette.disabled;
+    const QColor ink = isEnabled() && m_look.textColor != nullptr ? m_look.textColor(palette) : color;
     const auto place = [this](const QRect& part) { return QStyle::visualRect(layoutDirection(), rect(), part); };
+    if (m_look.fill != nullptr) {
+        Drawing::box(painter, rect(), boxRadius, m_look.fill(palette), Qt::transparent);
+    }
     if (!m_look.symbol.isEmpty()) {
-        Drawing::symbol(painter, m_theme, m_look.symbol, color, place({0, 0, m_look.symbolSize, height()}),
+        Drawing::symbol(painter, m_theme, m_look.symbol, color, place({m_look.padding, 0, m_look.symbolSize, height()}),
                         m_look.symbolSize);
     }
-    Drawing::text(painter, place(rect().adjusted(textLeft(), 0, 0, 0)), m_text,
-                  Drawing::font(*this, m_look.textSize, m_look.weight), color);
+    Drawing::text(painter, place(rect().adjusted(textLeft(), 0, -m_look.padding, 0)), m_text,
+                  Drawing::font(*this, m_look.textSize, m_look.weight), ink);
 }
 
 }  // namespace corvale

@@ -18,7 +18,10 @@ public:
         int symbolSize;  // in pixels
         double textSize; // in pixels where the system's font has 13
         QFont::Weight weight;
+        int padding;     // left and right, in pixels
         QColor (*color)(const Palette& palette);
+        QColor (*textColor)(const Palette& palette);  // null: that of the symbol
+        QColor (*fill)(const Palette& palette);  // of a box behind it; null: none
     };
 
     // The theme outlives the label.

@@ -1,0 +1,85 @@
+#include "Corvale/window/Drawing.h"
+
+#include <QApplication>
+#include <QFontMetrics>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
+#include <cmath>
+
+#include "Corvale/style/Theme.h"
+
+namespace corvale::Drawing {
+
+namespace {
+
+constexpr double baseSize = 13;
+
+void boxWithPen(QPainter& painter, const QRect& rect, double radius, const QColor& fill, const QPen& pen) {
+    const double inset = pen.widthF() / 2;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(fill);
+    painter.setPen(pen);
+    painter.drawRoundedRect(QRectF(rect).adjusted(inset, inset, -inset, -inset), radius - inset, radius - inset);
+    painter.restore();
+}
+
+}  // namespace
+
+QFont font(const QWidget& widget, double size, QFont::Weight weight) {
+    // The application's font, not the widget's own, which may be one of these already.
+    QFont font = QApplication::font(&widget);
+    const double scale = size / baseSize;
+    if (font.pointSizeF() > 0) {
+        font.setPointSizeF(font.pointSizeF() * scale);
+    } else {
+        font.setPixelSize(std::max(1, qRound(font.pixelSize() * scale)));
+    }
+    font.setWeight(weight);
+    return font;
+}
+
+int textWidth(const QFont& font, const QString& text) {
+    return static_cast<int>(std::ceil(QFontMetricsF(font).horizontalAdvance(text)));
+}
+
+void text(QPainter& painter, const QRect& rect, const QString& text, const QFont& font, const QColor& color,
+          Qt::TextElideMode elided) {
+    painter.setFont(font);
+    painter.setPen(color);
+    const QString shown = textWidth(font, text) <= rect.width()
+                              ? text
+                              : QFontMetricsF(font).elidedText(text, elided, rect.width());
+    painter.drawText(rect, static_cast<int>(Qt::AlignLeading | Qt::AlignVCenter | Qt::TextSingleLine), shown);
+}
+
+void box(QPainter& painter, const QRect& rect, double radius, const QColor& fill, const QColor& line,
+         double lineWidth) {
+    boxWithPen(painter, rect, radius, fill, line.alpha() == 0 ? QPen(Qt::NoPen) : QPen(line, lineWidth));
+}
+
+void dashedBox(QPainter& painter, const QRect& rect, double radius, const QColor& fill, const QColor& line,
+               double lineWidth) {
+    QPen pen(line, lineWidth);
+    pen.setDashPattern({3, 3});
+    boxWithPen(painter, rect, radius, fill, pen);
+}
+
+void shadow(QPainter& painter, const QRect& rect, double radius) {
+    constexpr int reach = 24;
+    constexpr int drop = 8;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    // Rings of one faint colour, which add up towards the middle.
+    painter.setBrush(QColor(10, 12, 18, 3));
+    for (int grow = reach; grow > 0; grow -= 2) {
+        painter.drawRoundedRect(QRectF(rect).adjusted(-grow, -grow, grow, grow).translated(0, drop), radius + grow,
+                                radius + grow);
+    }
+    painter.restore();
+}
+
+}  // namespace corvale::Drawing
