@@ -1,7 +1,6 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QSettings>
-
 #include <memory>
 
 #include "Corvale/model/AppModel.h"
@@ -23,10 +22,10 @@ QList<QUrl> filesAmong(const QStringList& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const QApplication application(argc, argv);
+    QApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Corvale"));
     QApplication::setApplicationName(QStringLiteral("Corvale"));
-    corvale::Theme theme;
+    corvale::Theme theme(application);
     corvale::QtPlatform platform(std::make_unique<QSettings>());
     corvale::AppModel model(platform);
     corvale::MainWindow window(model, platform, theme);

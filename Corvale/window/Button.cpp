@@ -5,10 +5,10 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
-
 #include <algorithm>
 
 #include "Corvale/style/Theme.h"
+#include "Corvale/style/Typography.h"
 #include "Corvale/window/Drawing.h"
 #include "Corvale/window/PopupMenu.h"
 
@@ -22,38 +22,35 @@ struct Metrics {
     int menuPadding;  // right of the chevron
     int gap;          // between symbol, text and chevron
     int chevron;
-    double radius;
-    double font;
+    int radius;
+    TextRole text;
 };
 
 constexpr Metrics metricsOf(Button::Face face) {
     switch (face) {
         case Button::Face::bordered:
-            return {28, 11, 8, 6, 12, 6, 13};
-        case Button::Face::large:
-        case Button::Face::primary:
-            return {32, 15, 12, 6, 12, 6, 13};
+            return {28, 11, 8, 6, 12, 6, TextRole::body};
         case Button::Face::tile:
-            return {32, 7, 7, 0, 0, 8, 13};
+            return {32, 7, 7, 0, 0, 8, TextRole::body};
         case Button::Face::flat:
-            return {24, 5, 5, 0, 0, 5, 13};
+            return {24, 5, 5, 0, 0, 5, TextRole::body};
         case Button::Face::inCard:
-            return {22, 6, 5, 3, 10, 5, 12};
+            return {22, 6, 5, 3, 10, 5, TextRole::secondary};
         case Button::Face::segment:
-            return {28, 12, 12, 6, 12, 6, 13};
+            return {28, 12, 12, 6, 12, 6, TextRole::body};
         case Button::Face::warning:
-            return {24, 8, 8, 5, 0, 6, 12};
+            return {24, 8, 8, 5, 0, 6, TextRole::secondary};
     }
     return {};
 }
 
 }  // namespace
 
-Button::Button(Face face, Theme& theme, QWidget* parent) : QToolButton(parent), m_face(face), m_theme(theme) {
+Button::Button(Face face, Theme& theme, QWidget* parent) : QAbstractButton(parent), m_face(face), m_theme(theme) {
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setAttribute(Qt::WA_Hover);
-    setAutoRaise(true);
+    setProperty("cornerRadius", metricsOf(face).radius);
     connect(&theme, &Theme::changed, this, [this] {
         updateGeometry();
         update();
@@ -95,9 +92,8 @@ void Button::setSymbol(const QString& name, int size) {
     update();
 }
 
-void Button::setPopupMenu(PopupMenu* menu) {
+void Button::setMenu(PopupMenu* menu) {
     m_menu = menu;
-    setMenu(menu);
     connect(this, &Button::clicked, menu, &PopupMenu::open);
 }
 
@@ -112,11 +108,10 @@ void Button::setNarrowest(int width) {
 }
 
 QFont Button::textFont() const {
-    const double size = metricsOf(m_face).font;
-    // What can be on keeps the width of its heavier text, so that switching moves nothing.
-    const bool isStrong = m_face == Face::primary || m_face == Face::warning || (isCheckable() && isOn());
+    QFont font = fontFor(metricsOf(m_face).text);
     const bool isValue = m_face == Face::inCard && !m_prefix.isEmpty();
-    return Drawing::font(*this, size, isStrong ? QFont::DemiBold : isValue ? QFont::Medium : QFont::Normal);
+    font.setWeight(m_face == Face::warning || isOn() ? QFont::DemiBold : isValue ? QFont::Medium : QFont::Normal);
+    return font;
 }
 
 int Button::widthBesideText(bool textShown) const {
@@ -127,13 +122,14 @@ int Button::widthBesideText(bool textShown) const {
         width += m_symbolSize + (textShown && !m_label.isEmpty() ? metrics.gap : 0);
     }
     if (m_prefixShown && !m_prefix.isEmpty()) {
-        width += Drawing::textWidth(Drawing::font(*this, metrics.font, QFont::Normal), m_prefix);
+        width += Drawing::textWidth(fontFor(metrics.text), m_prefix);
     }
     return width;
 }
 
 int Button::fullTextWidth() const {
     QFont font = textFont();
+    // What can be on keeps the width of its heavier text, so that switching moves nothing.
     if (isCheckable()) {
         font.setWeight(QFont::DemiBold);
     }
@@ -156,7 +152,7 @@ void Button::keyPressEvent(QKeyEvent* event) {
     if (isReturn || (m_menu != nullptr && isSpaceOrDown)) {
         click();
     } else {
-        QToolButton::keyPressEvent(event);
+        QAbstractButton::keyPressEvent(event);
     }
 }
 
@@ -165,7 +161,7 @@ void Button::mousePressEvent(QMouseEvent* event) {
     if (m_menu != nullptr && event->button() == Qt::LeftButton) {
         m_menu->open();
     } else {
-        QToolButton::mousePressEvent(event);
+        QAbstractButton::mousePressEvent(event);
     }
 }
 
@@ -173,22 +169,27 @@ Button::Colors Button::faceColors() const {
     const Palette& palette = m_theme.palette();
     const Colors plain{palette.control, palette.controlBorder, palette.text2, palette.text2, palette.text};
     switch (m_face) {
-        case Face::primary:
-            return {palette.accent, palette.accent, palette.onAccent, palette.onAccent, palette.onAccent};
         case Face::segment:
-            return isOn() ? Colors{palette.segment, palette.controlBorder, palette.text, palette.text, palette.text}
+            return isOn() ? Colors{palette.segmentOn, palette.controlBorder, palette.text, palette.text, palette.text}
                           : Colors{Qt::transparent, Qt::transparent, palette.text2, palette.text2, palette.text2};
         case Face::warning:
-            return {palette.changed.fill, palette.changed.edge, palette.changed.text, palette.changed.text,
+            return {palette.changed.fill,
+                    palette.changed.edge,
+                    palette.changed.text,
+                    palette.changed.text,
                     palette.changed.text};
         case Face::flat:
             return {Qt::transparent, Qt::transparent, palette.text2, palette.text2, palette.text2};
         case Face::inCard:
-            return {Qt::transparent, Qt::transparent, palette.text2, palette.text2,
+            return {Qt::transparent,
+                    Qt::transparent,
+                    palette.text2,
+                    palette.text2,
                     m_prefix.isEmpty() ? palette.text2 : palette.text};
         default:
-            return isOn() ? Colors{palette.accentTint, palette.accentLine, palette.accent, palette.accent, palette.accent}
-                          : plain;
+            return isOn()
+                       ? Colors{palette.accentTint, palette.accentLine, palette.accent, palette.accent, palette.accent}
+                       : plain;
     }
 }
 
@@ -197,16 +198,17 @@ Button::Colors Button::colors() const {
     Colors colors = faceColors();
     const bool isBare = m_face == Face::flat || m_face == Face::inCard;
     if (!isEnabled()) {
-        colors = {Qt::transparent, isBare ? QColor(Qt::transparent) : palette.border, palette.disabled,
-                  palette.disabled, palette.disabled};
+        colors = {Qt::transparent,
+                  isBare ? QColor(Qt::transparent) : palette.border,
+                  palette.disabled,
+                  palette.disabled,
+                  palette.disabled};
     } else if (isBare && (isActive() || isHovered())) {
         colors.face = palette.pressed;
         colors.symbol = palette.text;
         colors.text = palette.text;
     } else if (m_face == Face::segment || isOn()) {
         colors.text = isHovered() && !isOn() ? palette.text : colors.text;
-    } else if (m_face == Face::primary) {
-        colors.face = isActive() ? palette.accent.darker(115) : isHovered() ? palette.accent.darker(107) : colors.face;
     } else if (m_face == Face::warning) {
         colors.border = isActive() || isHovered() ? palette.changed.text : colors.border;
     } else if (isActive() || isHovered()) {
@@ -231,11 +233,11 @@ void Button::paintContents(QPainter& painter, const Colors& colors) const {
         return QStyle::visualRect(layoutDirection(), rect(), QRect(left, 0, width, height()));
     };
     if (!m_symbol.isEmpty()) {
-        Drawing::symbol(painter, m_theme, m_symbol, colors.symbol, place(x, m_symbolSize), m_symbolSize);
+        Drawing::symbol(painter, m_symbol, colors.symbol, place(x, m_symbolSize), m_symbolSize);
         x += m_symbolSize + metrics.gap;
     }
     if (m_prefixShown && !m_prefix.isEmpty()) {
-        const QFont font = Drawing::font(*this, metrics.font, QFont::Normal);
+        const QFont font = fontFor(metrics.text);
         const int width = Drawing::textWidth(font, m_prefix);
         Drawing::text(painter, place(x, width), m_prefix, font, colors.prefix);
         x += width;
@@ -245,8 +247,8 @@ void Button::paintContents(QPainter& painter, const Colors& colors) const {
     }
     if (m_menu != nullptr) {
         const int left = width() - metrics.menuPadding - metrics.chevron;
-        Drawing::symbol(painter, m_theme, QStringLiteral("chevron.down"), colors.symbol, place(left, metrics.chevron),
-                        metrics.chevron);
+        Drawing::symbol(
+            painter, QStringLiteral("chevron.down"), colors.symbol, place(left, metrics.chevron), metrics.chevron);
     }
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 
+#include <QAbstractButton>
 #include <QString>
-#include <QToolButton>
-
 #include <cstdint>
 
 namespace corvale {
@@ -12,14 +11,12 @@ class Theme;
 
 // A button of the window, painted by itself: plain, opening a menu, or showing whether something is on. Its checked
 // state is only what setChecked() says, a click does not change it: it shows what the model has.
-class Button : public QToolButton {
+class Button : public QAbstractButton {
     Q_OBJECT
 
 public:
     enum class Face : std::uint8_t {
         bordered,
-        large,    // in the middle of an empty window, or of a dialog
-        primary,  // large, and what the user most likely wants
         tile,     // a symbol alone, with a border
         flat,     // a symbol alone
         inCard,   // part of a line of small text
@@ -42,7 +39,8 @@ public:
     // A symbol before the text, and its size in pixels.
     void setSymbol(const QString& name, int size);
     // Opens at a click; a child of the button.
-    void setPopupMenu(PopupMenu* menu);
+    void setMenu(PopupMenu* menu);
+    PopupMenu* menu() const { return m_menu; }
     // The tooltip, which is also the accessible description.
     void setHelp(const QString& help);
 

@@ -3,10 +3,10 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
-
 #include <algorithm>
 
 #include "Corvale/style/Theme.h"
+#include "Corvale/style/Typography.h"
 #include "Corvale/window/Drawing.h"
 #include "Corvale/window/Wording.h"
 
@@ -15,11 +15,11 @@ namespace corvale {
 namespace {
 
 constexpr int chipHeight = 32;
-constexpr double chipRadius = 8;
+constexpr int chipRadius = 8;
 constexpr int symbolSize = 16;
 constexpr int gap = 6;
-constexpr int detailGap = 8;  // on both sides of the line before the detail
-constexpr int endPadding = 2; // more than at the start
+constexpr int detailGap = 8;   // on both sides of the line before the detail
+constexpr int endPadding = 2;  // more than at the start
 
 QString symbolOf(ChipLabel::Kind kind) {
     switch (kind) {
@@ -54,6 +54,7 @@ ChipLabel::ChipLabel(Kind kind, Theme& theme, QWidget* parent)
             break;
     }
     setCheckable(true);
+    setProperty("cornerRadius", chipRadius);
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -89,7 +90,7 @@ void ChipLabel::setCount(std::int64_t count, std::optional<QString> detail) {
 
 void ChipLabel::setSelected(bool selected) {
     setChecked(selected);
-    const QString help = selected                     ? tr("Show every change again")
+    const QString help = selected                    ? tr("Show every change again")
                          : m_kind == Kind::unchanged ? tr("Show every row, changed or not")
                                                      : tr("Show only these rows");
     setToolTip(help);
@@ -105,14 +106,21 @@ void ChipLabel::setQuiet(bool quiet) {
 QString ChipLabel::countText() const { return Wording::count(m_count); }
 
 QFont ChipLabel::titleFont(bool selected) const {
-    return Drawing::font(*this, 13, selected ? QFont::DemiBold : m_quiet ? QFont::Normal : QFont::Medium);
+    QFont font = fontFor(TextRole::body);
+    font.setWeight(selected ? QFont::DemiBold : m_quiet ? QFont::Normal : QFont::Medium);
+    return font;
 }
 
 QFont ChipLabel::countFont() const {
-    return m_quiet ? Drawing::font(*this, 13, QFont::Medium) : Drawing::font(*this, 15, QFont::Bold);
+    if (!m_quiet) {
+        return fontFor(TextRole::chipCount);
+    }
+    QFont font = fontFor(TextRole::body);
+    font.setWeight(QFont::Medium);
+    return font;
 }
 
-QFont ChipLabel::detailFont() const { return Drawing::font(*this, 12, QFont::Normal); }
+QFont ChipLabel::detailFont() const { return fontFor(TextRole::secondary); }
 
 int ChipLabel::padding() const { return m_quiet ? 6 : 9; }
 
@@ -166,8 +174,7 @@ void ChipLabel::paintEvent(QPaintEvent*) {
     const auto write = [&painter, &next](const QString& text, const QFont& font, const QColor& color) {
         Drawing::text(painter, next(Drawing::textWidth(font, text)), text, font, color, Qt::ElideNone);
     };
-    Drawing::symbol(painter, m_theme, m_symbol, m_quiet && !selected() ? palette.text3 : color(), next(symbolSize),
-                    symbolSize);
+    Drawing::symbol(painter, m_symbol, m_quiet && !selected() ? palette.text3 : color(), next(symbolSize), symbolSize);
     x += gap;
     write(m_title, titleFont(selected()), ink);
     x += gap + Drawing::textWidth(titleFont(!m_quiet), m_title) - Drawing::textWidth(titleFont(selected()), m_title);

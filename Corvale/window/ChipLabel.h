@@ -3,7 +3,6 @@
 #include <QAbstractButton>
 #include <QColor>
 #include <QString>
-
 #include <cstdint>
 #include <optional>
 

@@ -1,20 +1,14 @@
 #include "Corvale/window/Drawing.h"
 
-#include <QApplication>
 #include <QFontMetrics>
 #include <QPainter>
-#include <QPainterPath>
-
-#include <algorithm>
 #include <cmath>
 
-#include "Corvale/style/Theme.h"
+#include "Corvale/style/Icons.h"
 
 namespace corvale::Drawing {
 
 namespace {
-
-constexpr double baseSize = 13;
 
 void boxWithPen(QPainter& painter, const QRect& rect, double radius, const QColor& fill, const QPen& pen) {
     const double inset = pen.widthF() / 2;
@@ -28,19 +22,6 @@ void boxWithPen(QPainter& painter, const QRect& rect, double radius, const QColo
 
 }  // namespace
 
-QFont font(const QWidget& widget, double size, QFont::Weight weight) {
-    // The application's font, not the widget's own, which may be one of these already.
-    QFont font = QApplication::font(&widget);
-    const double scale = size / baseSize;
-    if (font.pointSizeF() > 0) {
-        font.setPointSizeF(font.pointSizeF() * scale);
-    } else {
-        font.setPixelSize(std::max(1, qRound(font.pixelSize() * scale)));
-    }
-    font.setWeight(weight);
-    return font;
-}
-
 int textWidth(const QFont& font, const QString& text) {
     return static_cast<int>(std::ceil(QFontMetricsF(font).horizontalAdvance(text)));
 }
@@ -49,10 +30,15 @@ void text(QPainter& painter, const QRect& rect, const QString& text, const QFont
           Qt::TextElideMode elided) {
     painter.setFont(font);
     painter.setPen(color);
-    const QString shown = textWidth(font, text) <= rect.width()
-                              ? text
-                              : QFontMetricsF(font).elidedText(text, elided, rect.width());
+    const QString shown =
+        textWidth(font, text) <= rect.width() ? text : QFontMetricsF(font).elidedText(text, elided, rect.width());
     painter.drawText(rect, static_cast<int>(Qt::AlignLeading | Qt::AlignVCenter | Qt::TextSingleLine), shown);
+}
+
+void symbol(QPainter& painter, const QString& name, const QColor& color, const QRect& rect, int size) {
+    QRect square(0, 0, size, size);
+    square.moveCenter(rect.center());
+    painter.drawPixmap(square.topLeft(), Icons::pixmap(name, color, size, painter.device()->devicePixelRatioF()));
 }
 
 void box(QPainter& painter, const QRect& rect, double radius, const QColor& fill, const QColor& line,
@@ -76,8 +62,8 @@ void shadow(QPainter& painter, const QRect& rect, double radius) {
     // Rings of one faint colour, which add up towards the middle.
     painter.setBrush(QColor(10, 12, 18, 3));
     for (int grow = reach; grow > 0; grow -= 2) {
-        painter.drawRoundedRect(QRectF(rect).adjusted(-grow, -grow, grow, grow).translated(0, drop), radius + grow,
-                                radius + grow);
+        painter.drawRoundedRect(
+            QRectF(rect).adjusted(-grow, -grow, grow, grow).translated(0, drop), radius + grow, radius + grow);
     }
     painter.restore();
 }

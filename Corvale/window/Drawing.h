@@ -2,22 +2,13 @@
 
 #include <QColor>
 #include <QFont>
-#include <QIcon>
 #include <QRect>
 #include <QString>
-#include <QWidget>
 
 class QPainter;
 
-namespace corvale {
-class Theme;
-}
-
 // What the window's own controls are drawn with.
 namespace corvale::Drawing {
-
-// A font of the widget's family; `size` is in pixels where the system's font has 13, and grows with that one.
-QFont font(const QWidget& widget, double size, QFont::Weight weight);
 
 // In pixels, rounded up.
 int textWidth(const QFont& font, const QString& text);
@@ -27,10 +18,7 @@ void text(QPainter& painter, const QRect& rect, const QString& text, const QFont
           Qt::TextElideMode elided = Qt::ElideRight);
 
 // A symbol in the middle of the rectangle.
-void symbol(QPainter& painter, const Theme& theme, const QString& name, const QColor& color, const QRect& rect, int size);
-
-// The same for what takes an icon, with its disabled state.
-QIcon icon(const Theme& theme, const QString& name, const QColor& color, int size);
+void symbol(QPainter& painter, const QString& name, const QColor& color, const QRect& rect, int size);
 
 // A rounded rectangle with a line of `lineWidth` pixels inside its edge.
 void box(QPainter& painter, const QRect& rect, double radius, const QColor& fill, const QColor& line,

@@ -2,7 +2,6 @@
 
 #include <QAbstractTableModel>
 #include <QVariant>
-
 #include <cstdint>
 
 #include "CorvaleKit/engine/DiffResult.h"

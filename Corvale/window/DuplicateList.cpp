@@ -10,11 +10,12 @@
 #include <QTableView>
 #include <QToolTip>
 #include <QVBoxLayout>
-
 #include <algorithm>
 
 #include "Corvale/model/AppModel.h"
+#include "Corvale/style/Look.h"
 #include "Corvale/style/Theme.h"
+#include "Corvale/style/Typography.h"
 #include "Corvale/window/Drawing.h"
 #include "Corvale/window/DuplicateKeysTable.h"
 
@@ -40,14 +41,14 @@ public:
         }
         painter->fillRect(QRect(option.rect.topLeft(), QSize(option.rect.width(), 1)), palette.line);
         const QColor color = index.column() == DuplicateKeysTable::side ? palette.text2 : palette.text;
-        Drawing::text(*painter, textRect(option), index.data().toString(), font(option, index), color, elided(index));
+        Drawing::text(*painter, textRect(option), index.data().toString(), font(index), color, elided(index));
     }
 
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override {
         const QString text = index.data().toString();
         if (event->type() == QEvent::ToolTip && index.isValid() &&
-            Drawing::textWidth(font(option, index), text) > textRect(option).width()) {
+            Drawing::textWidth(font(index), text) > textRect(option).width()) {
             QToolTip::showText(event->globalPos(), text.toHtmlEscaped(), view);
             return true;
         }
@@ -56,9 +57,8 @@ public:
 
 private:
     static QRect textRect(const QStyleOptionViewItem& option) { return option.rect.adjusted(0, 1, -8, 0); }
-    static QFont font(const QStyleOptionViewItem& option, const QModelIndex& index) {
-        return Drawing::font(*option.widget, 13,
-                             index.column() == DuplicateKeysTable::key ? QFont::DemiBold : QFont::Normal);
+    static QFont font(const QModelIndex& index) {
+        return fontFor(index.column() == DuplicateKeysTable::key ? TextRole::bodyStrong : TextRole::body);
     }
     static Qt::TextElideMode elided(const QModelIndex& index) {
         return index.column() == DuplicateKeysTable::key ? Qt::ElideMiddle : Qt::ElideRight;
@@ -70,17 +70,19 @@ private:
 }  // namespace
 
 DuplicateList::DuplicateList(AppModel& model, Theme& theme, QWidget* parent)
-    : QFrame(parent, Qt::Popup), m_theme(theme), m_keys(new DuplicateKeysTable(model, this)),
+    : QFrame(parent, Qt::Popup),
+      m_theme(theme),
+      m_keys(new DuplicateKeysTable(model, this)),
       m_view(new QTableView(this)) {
     setAccessibleName(tr("Duplicate keys"));
     setFixedWidth(listWidth);
     auto* const title = new QLabel(tr("Duplicate keys"), this);
-    title->setFont(Drawing::font(*this, 14, QFont::DemiBold));
+    title->setFont(fontFor(TextRole::panelTitle));
     auto* const text = new QLabel(
         tr("These keys are on more than one row. Corvale pairs them in order: the first with the first, and so on."),
         this);
-    text->setFont(Drawing::font(*this, 12, QFont::Normal));
-    text->setForegroundRole(QPalette::PlaceholderText);
+    text->setFont(fontFor(TextRole::secondary));
+    setLook(*text, Look::secondaryText);
     text->setWordWrap(true);
 
     m_view->setModel(m_keys);
@@ -152,8 +154,8 @@ void DuplicateList::mousePressEvent(QMouseEvent* event) {
 
 void DuplicateList::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.fillRect(rect(), m_theme.palette().surface);
-    painter.setPen(m_theme.palette().controlBorder);
+    painter.fillRect(rect(), m_theme.palette().menu);
+    painter.setPen(m_theme.palette().popupBorder);
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 

@@ -4,7 +4,6 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
-
 #include <algorithm>
 
 #include "Corvale/style/Theme.h"
@@ -18,8 +17,7 @@ constexpr int narrowest = 40;
 
 }  // namespace
 
-ElidedLabel::ElidedLabel(Role role, double size, QFont::Weight weight, Theme& theme, QWidget* parent)
-    : QWidget(parent), m_role(role), m_size(size), m_weight(weight), m_theme(theme) {
+ElidedLabel::ElidedLabel(TextRole role, Theme& theme, QWidget* parent) : QWidget(parent), m_role(role), m_theme(theme) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     connect(&theme, &Theme::changed, this, [this] {
         updateGeometry();
@@ -42,10 +40,8 @@ void ElidedLabel::setHighlighted(bool highlighted) {
     update();
 }
 
-QFont ElidedLabel::labelFont() const { return Drawing::font(*this, m_size, m_weight); }
-
 QSize ElidedLabel::sizeHint() const {
-    const QFont font = labelFont();
+    const QFont font = fontFor(m_role);
     return {Drawing::textWidth(font, m_text), QFontMetrics(font).height()};
 }
 
@@ -65,8 +61,8 @@ bool ElidedLabel::event(QEvent* event) {
 void ElidedLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const Palette& palette = m_theme.palette();
-    const QColor color = m_highlighted ? palette.accent : m_role == Role::main ? palette.text : palette.text2;
-    Drawing::text(painter, rect(), m_text, labelFont(), color, m_elided);
+    const QColor color = m_highlighted ? palette.accent : m_role == TextRole::secondary ? palette.text2 : palette.text;
+    Drawing::text(painter, rect(), m_text, fontFor(m_role), color, m_elided);
 }
 
 }  // namespace corvale

@@ -3,7 +3,7 @@
 #include <QString>
 #include <QWidget>
 
-#include <cstdint>
+#include "Corvale/style/Typography.h"
 
 namespace corvale {
 
@@ -12,10 +12,8 @@ class Theme;
 // One line of text, elided where it is too narrow; its tooltip is the whole text then.
 class ElidedLabel : public QWidget {
 public:
-    enum class Role : std::uint8_t { main, secondary };
-
-    // `size` in pixels where the system's font has 13. The theme outlives the label.
-    ElidedLabel(Role role, double size, QFont::Weight weight, Theme& theme, QWidget* parent);
+    // Secondary text is in its colour too. The theme outlives the label.
+    ElidedLabel(TextRole role, Theme& theme, QWidget* parent);
 
     void setText(const QString& text);
     const QString& text() const { return m_text; }
@@ -31,11 +29,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QFont labelFont() const;
-
-    Role m_role;
-    double m_size;
-    QFont::Weight m_weight;
+    TextRole m_role;
     Theme& m_theme;
     QString m_text;
     Qt::TextElideMode m_elided = Qt::ElideRight;

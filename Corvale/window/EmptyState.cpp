@@ -3,11 +3,13 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "Corvale/model/AppModel.h"
+#include "Corvale/style/Look.h"
 #include "Corvale/style/Theme.h"
-#include "Corvale/window/Button.h"
+#include "Corvale/style/Typography.h"
 #include "Corvale/window/Drawing.h"
 
 namespace corvale {
@@ -28,7 +30,7 @@ protected:
         const Palette& palette = m_theme.palette();
         QPainter painter(this);
         Drawing::box(painter, rect(), 16, palette.surface2, palette.line);
-        Drawing::symbol(painter, m_theme, QStringLiteral("tablecells"), palette.text3, rect(), symbolSize);
+        Drawing::symbol(painter, QStringLiteral("tablecells"), palette.text3, rect(), symbolSize);
     }
 
 private:
@@ -38,28 +40,34 @@ private:
 }  // namespace
 
 EmptyState::EmptyState(AppModel& model, Theme& theme, QWidget* parent)
-    : QWidget(parent), m_model(model), m_theme(theme), m_symbol(new SymbolTile(theme, this)),
-      m_title(new QLabel(this)), m_text(new QLabel(this)),
-      m_choose(new Button(Button::Face::primary, theme, this)), m_sample(new Button(Button::Face::large, theme, this)),
-      m_compare(new Button(Button::Face::primary, theme, this)) {
-    m_title->setFont(Drawing::font(*this, 18, QFont::DemiBold));
+    : QWidget(parent),
+      m_model(model),
+      m_theme(theme),
+      m_symbol(new SymbolTile(theme, this)),
+      m_title(new QLabel(this)),
+      m_text(new QLabel(this)),
+      m_choose(new QPushButton(this)),
+      m_sample(new QPushButton(tr("Try the Sample"), this)),
+      m_compare(new QPushButton(tr("Compare"), this)) {
+    m_title->setFont(fontFor(TextRole::stateTitle));
     m_text->setText(
         tr("Open the older file on the left and the newer one on the right (Excel .xlsx, CSV or TSV), or drop them on "
            "the window. Corvale suggests a key column and shows every added, removed and changed row."));
-    m_sample->setLabel(tr("Try the Sample"));
-    m_compare->setLabel(tr("Compare"));
+    setLook(*m_text, Look::secondaryText);
+    m_choose->setDefault(true);
+    m_compare->setDefault(true);
     layOut();
 
-    connect(m_choose, &Button::clicked, this,
-            [this] { m_model.choose(stage() == Stage::afterMissing ? Side::after : Side::before); });
-    connect(m_sample, &Button::clicked, &model, &AppModel::openSamples);
-    connect(m_compare, &Button::clicked, &model, &AppModel::compare);
-    for (const auto changed : {&AppModel::beforeChanged, &AppModel::afterChanged, &AppModel::loadingChanged,
-                               &AppModel::progressChanged}) {
+    connect(m_choose, &QPushButton::clicked, this, [this] {
+        m_model.choose(stage() == Stage::afterMissing ? Side::after : Side::before);
+    });
+    connect(m_sample, &QPushButton::clicked, &model, &AppModel::openSamples);
+    connect(m_compare, &QPushButton::clicked, &model, &AppModel::compare);
+    for (const auto changed :
+         {&AppModel::beforeChanged, &AppModel::afterChanged, &AppModel::loadingChanged, &AppModel::progressChanged}) {
         connect(&model, changed, this, &EmptyState::refresh);
     }
-    connect(&theme, &Theme::changed, this, &EmptyState::updateColors);
-    updateColors();
+    connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
     refresh();
 }
 
@@ -73,7 +81,7 @@ void EmptyState::layOut() {
     auto* const buttons = new QHBoxLayout;
     buttons->setSpacing(8);
     buttons->addStretch();
-    for (Button* button : {m_choose, m_sample, m_compare}) {
+    for (QPushButton* button : {m_choose, m_sample, m_compare}) {
         buttons->addWidget(button);
     }
     buttons->addStretch();
@@ -119,24 +127,13 @@ void EmptyState::refresh() {
             break;
     }
     m_text->setVisible(now == Stage::noFile);
-    m_choose->setLabel(now == Stage::noFile ? tr("Choose Files…") : tr("Choose…"));
+    m_choose->setText(now == Stage::noFile ? tr("Choose Files…") : tr("Choose…"));
     m_choose->setVisible(now != Stage::notCompared);
     m_sample->setVisible(now == Stage::noFile);
     // Until the first comparison ends there is nothing to say, and nothing to press but Cancel.
     m_symbol->setVisible(now != Stage::notCompared || !isBusy);
     m_title->setVisible(now != Stage::notCompared || !isBusy);
     m_compare->setVisible(now == Stage::notCompared && !isBusy);
-}
-
-void EmptyState::updateColors() {
-    const auto color = [](QLabel& label, const QColor& ink) {
-        QPalette palette = label.palette();
-        palette.setColor(QPalette::WindowText, ink);
-        label.setPalette(palette);
-    };
-    color(*m_title, m_theme.palette().text);
-    color(*m_text, m_theme.palette().text2);
-    update();
 }
 
 void EmptyState::paintEvent(QPaintEvent*) {

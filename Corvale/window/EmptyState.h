@@ -1,15 +1,14 @@
 #pragma once
 
 #include <QWidget>
-
 #include <cstdint>
 
 class QLabel;
+class QPushButton;
 
 namespace corvale {
 
 class AppModel;
-class Button;
 class Theme;
 
 // What to do while there is no result to show.
@@ -30,16 +29,15 @@ private:
 
     Stage stage() const;
     void layOut();
-    void updateColors();
 
     AppModel& m_model;
     Theme& m_theme;
     QWidget* m_symbol;
     QLabel* m_title;
     QLabel* m_text;
-    Button* m_choose;   // the files, or the missing one
-    Button* m_sample;
-    Button* m_compare;
+    QPushButton* m_choose;  // the files, or the missing one
+    QPushButton* m_sample;
+    QPushButton* m_compare;
 };
 
 }  // namespace corvale

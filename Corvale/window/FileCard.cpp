@@ -10,6 +10,7 @@
 
 #include "Corvale/model/AppModel.h"
 #include "Corvale/style/Theme.h"
+#include "Corvale/style/Typography.h"
 #include "Corvale/window/Button.h"
 #include "Corvale/window/Drawing.h"
 #include "Corvale/window/ElidedLabel.h"
@@ -36,14 +37,21 @@ constexpr QSize busyBarSize(140, 4);
 }  // namespace
 
 FileCard::FileCard(Side side, AppModel& model, Theme& theme, QWidget* parent)
-    : QFrame(parent), m_side(side), m_model(model), m_theme(theme), m_pages(new QStackedLayout(this)),
-      m_emptyPage(makeEmptyPage()), m_loadingPage(makeLoadingPage()), m_loadedPage(makeLoadedPage()) {
+    : QFrame(parent),
+      m_side(side),
+      m_model(model),
+      m_theme(theme),
+      m_pages(new QStackedLayout(this)),
+      m_emptyPage(makeEmptyPage()),
+      m_loadingPage(makeLoadingPage()),
+      m_loadedPage(makeLoadedPage()) {
     for (QWidget* page : {m_emptyPage, m_loadingPage, m_loadedPage}) {
         m_pages->addWidget(page);
     }
     setFixedHeight(cardHeight);
     setAcceptDrops(true);
-    connect(&model, side == Side::before ? &AppModel::beforeChanged : &AppModel::afterChanged, this, &FileCard::refresh);
+    connect(
+        &model, side == Side::before ? &AppModel::beforeChanged : &AppModel::afterChanged, this, &FileCard::refresh);
     connect(&model, &AppModel::loadingChanged, this, &FileCard::refresh);
     connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
     refresh();
@@ -55,9 +63,9 @@ QWidget* FileCard::makeEmptyPage() {
     row->setContentsMargins(4, 10, 14, 10);
     auto* const lines = new QVBoxLayout;
     lines->setSpacing(4);
-    m_invitation = new ElidedLabel(ElidedLabel::Role::main, 14, QFont::DemiBold, m_theme, page);
+    m_invitation = new ElidedLabel(TextRole::cardName, m_theme, page);
     m_invitation->setText(tr("Drop a file here"));
-    auto* const formats = new ElidedLabel(ElidedLabel::Role::secondary, 12, QFont::Normal, m_theme, page);
+    auto* const formats = new ElidedLabel(TextRole::secondary, m_theme, page);
     formats->setText(tr("Excel (.xlsx), CSV or TSV"));
     lines->addWidget(m_invitation);
     lines->addWidget(formats);
@@ -85,16 +93,16 @@ QWidget* FileCard::makeLoadingPage() {
 
 QWidget* FileCard::makeLoadedPage() {
     auto* const page = new QWidget(this);
-    m_name = new ElidedLabel(ElidedLabel::Role::main, 14, QFont::DemiBold, m_theme, page);
+    m_name = new ElidedLabel(TextRole::cardName, m_theme, page);
     // The end tells months and versions apart.
     m_name->setElided(Qt::ElideMiddle);
     auto* const details = new QWidget(page);
-    m_size = new ElidedLabel(ElidedLabel::Role::secondary, 12, QFont::Normal, m_theme, details);
+    m_size = new ElidedLabel(TextRole::secondary, m_theme, details);
     m_sheet = new Button(Button::Face::inCard, m_theme, details);
     m_sheet->setHelp(tr("The sheet to compare"));
     m_sheet->setLongestText(longestSheetName);
     m_sheet->setNarrowest(narrowestSheetName);
-    m_sheet->setPopupMenu(new PopupMenu(
+    m_sheet->setMenu(new PopupMenu(
         PopupMenu::Ticking::closes, [this](PopupMenu& menu) { fillSheets(menu); }, m_theme, m_sheet));
     m_headerRow = new HeaderRowMenu(m_side, m_model, m_theme, details);
     auto* const close = new Button(Button::Face::flat, m_theme, page);
@@ -144,11 +152,10 @@ void FileCard::refresh() {
 void FileCard::fillSheets(PopupMenu& menu) {
     const auto& file = m_model.file(m_side);
     for (std::int64_t sheet = 0; file && sheet < static_cast<std::int64_t>(file->sheetNames.size()); ++sheet) {
-        menu.addItem({.text = Wording::menuText(file->sheetNames[static_cast<std::size_t>(sheet)]),
-                      .action = [this, sheet] { m_model.setSheet(sheet, m_side); },
-                      .isTicked = [this, sheet] { return m_model.file(m_side) && m_model.file(m_side)->sheet == sheet; },
-                      .isEnabled = nullptr,
-                      .help = {}});
+        menu.addItem(
+            {.text = Wording::menuText(file->sheetNames[static_cast<std::size_t>(sheet)]),
+             .action = [this, sheet] { m_model.setSheet(sheet, m_side); },
+             .isTicked = [this, sheet] { return m_model.file(m_side) && m_model.file(m_side)->sheet == sheet; }});
     }
 }
 
@@ -207,9 +214,9 @@ void FileCard::paintEvent(QPaintEvent*) {
         Drawing::box(painter, rect(), cardRadius, Qt::transparent, palette.border);
     }
     const QColor color = m_targeted ? palette.accent : palette.text2;
-    const QFont font = Drawing::font(*this, 11, QFont::DemiBold);
+    const QFont font = fontFor(TextRole::caption);
     const QString caption = isEmpty() ? accessibleName() : Wording::side(m_side);
-    Drawing::symbol(painter, m_theme, QStringLiteral("doc.text.fill"), color, side.adjusted(0, 14, 0, -30), sideSymbol);
+    Drawing::symbol(painter, QStringLiteral("doc.text.fill"), color, side.adjusted(0, 14, 0, -30), sideSymbol);
     painter.setFont(font);
     painter.setPen(color);
     painter.drawText(side.adjusted(2, 36, -2, -12), Qt::AlignCenter, caption);

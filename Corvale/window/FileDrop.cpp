@@ -3,7 +3,6 @@
 #include <QDropEvent>
 #include <QFileInfo>
 #include <QMimeData>
-
 #include <algorithm>
 
 namespace corvale::FileDrop {

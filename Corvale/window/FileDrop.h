@@ -13,7 +13,8 @@ namespace corvale::FileDrop {
 // among them.
 QList<QUrl> files(const QMimeData& data);
 
-// Takes the event as a copy when it brings such files; else lets it pass, so that the pointer says no. Returns the files.
+// Takes the event as a copy when it brings such files; else lets it pass, so that the pointer says no. Returns the
+// files.
 QList<QUrl> take(QDropEvent& event);
 
 }  // namespace corvale::FileDrop

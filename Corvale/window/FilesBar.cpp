@@ -16,8 +16,11 @@ constexpr int narrowBelow = 1000;
 }  // namespace
 
 FilesBar::FilesBar(AppModel& model, Theme& theme, QWidget* parent)
-    : QWidget(parent), m_model(model), m_before(new FileCard(Side::before, model, theme, this)),
-      m_swap(new Button(Button::Face::tile, theme, this)), m_after(new FileCard(Side::after, model, theme, this)) {
+    : QWidget(parent),
+      m_model(model),
+      m_before(new FileCard(Side::before, model, theme, this)),
+      m_swap(new Button(Button::Face::tile, theme, this)),
+      m_after(new FileCard(Side::after, model, theme, this)) {
     m_swap->setSymbol(QStringLiteral("arrow.left.arrow.right"), 18);
     m_swap->setHelp(tr("Swap Before and After"));
     m_swap->setAccessibleName(tr("Swap Before and After"));

@@ -2,7 +2,6 @@
 
 #include <QStyle>
 #include <QWidget>
-
 #include <algorithm>
 
 namespace corvale {
@@ -77,8 +76,7 @@ void FlowLayout::setGeometry(const QRect& rect) {
     const Qt::LayoutDirection direction = parentWidget() ? parentWidget()->layoutDirection() : Qt::LeftToRight;
     int height = 0;
     for (const Placed& placed : place(contents.width(), height)) {
-        placed.item->setGeometry(
-            QStyle::visualRect(direction, contents, placed.rect.translated(contents.topLeft())));
+        placed.item->setGeometry(QStyle::visualRect(direction, contents, placed.rect.translated(contents.topLeft())));
     }
 }
 

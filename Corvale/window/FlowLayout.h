@@ -2,7 +2,6 @@
 
 #include <QLayout>
 #include <QList>
-
 #include <memory>
 #include <vector>
 

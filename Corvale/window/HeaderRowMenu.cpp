@@ -9,7 +9,7 @@ namespace corvale {
 HeaderRowMenu::HeaderRowMenu(Side side, AppModel& model, Theme& theme, QWidget* parent)
     : Button(Face::inCard, theme, parent), m_side(side), m_model(model) {
     setHelp(tr("Choose the row with the column names (when the file has a title above its table)"));
-    setPopupMenu(new PopupMenu(
+    setMenu(new PopupMenu(
         PopupMenu::Ticking::closes, [this](PopupMenu& menu) { fill(menu); }, theme, this));
 }
 
@@ -17,7 +17,8 @@ void HeaderRowMenu::refresh() {
     if (const auto& file = m_model.file(m_side)) {
         setLabel(tr("headers in row %1").arg(file->table.headerRowNumber()));
     }
-    setAccessibleName(m_side == Side::before ? tr("Header row of the Before file") : tr("Header row of the After file"));
+    setAccessibleName(m_side == Side::before ? tr("Header row of the Before file")
+                                             : tr("Header row of the After file"));
 }
 
 void HeaderRowMenu::fill(PopupMenu& menu) {
@@ -33,9 +34,7 @@ void HeaderRowMenu::fill(PopupMenu& menu) {
 void HeaderRowMenu::addRow(PopupMenu& menu, std::optional<std::int64_t> row, const QString& text) {
     menu.addItem({.text = text,
                   .action = [this, row] { m_model.setHeaderRow(row, m_side); },
-                  .isTicked = [this, row] { return m_model.file(m_side) && m_model.file(m_side)->headerRow == row; },
-                  .isEnabled = nullptr,
-                  .help = {}});
+                  .isTicked = [this, row] { return m_model.file(m_side) && m_model.file(m_side)->headerRow == row; }});
 }
 
 }  // namespace corvale

@@ -47,30 +47,34 @@ private:
 SymbolLabel* makeLabel(const QString& text, Theme& theme, QWidget* parent) {
     return new SymbolLabel({.symbol = {},
                             .symbolSize = 0,
-                            .textSize = 13,
-                            .weight = QFont::Normal,
+                            .text = TextRole::body,
                             .padding = 0,
-                            .color = [](const Palette& palette) { return palette.text2; },
-                            .textColor = nullptr,
-                            .fill = nullptr},
-                           text, theme, parent);
+                            .color = [](const Palette& palette) { return palette.text2; }},
+                           text,
+                           theme,
+                           parent);
 }
 
 }  // namespace
 
 MainToolbar::MainToolbar(AppModel& model, Theme& theme, QWidget* parent)
-    : QWidget(parent), m_model(model), m_theme(theme), m_viewLabel(makeLabel(tr("View"), theme, this)),
-      m_view(makeViewPicker()), m_showLabel(makeLabel(tr("Show"), theme, this)),
-      m_show(makeMenu(&MainToolbar::fillShow)), m_column(makeMenu(&MainToolbar::fillColumns)),
-      m_export(makeMenu(&MainToolbar::fillExport)), m_details(new Button(Button::Face::bordered, theme, this)),
+    : QWidget(parent),
+      m_model(model),
+      m_theme(theme),
+      m_viewLabel(makeLabel(tr("View"), theme, this)),
+      m_view(makeViewPicker()),
+      m_showLabel(makeLabel(tr("Show"), theme, this)),
+      m_show(makeMenu(&MainToolbar::fillShow)),
+      m_column(makeMenu(&MainToolbar::fillColumns)),
+      m_export(makeMenu(&MainToolbar::fillExport)),
+      m_details(new Button(Button::Face::bordered, theme, this)),
       m_search(new SearchField(model, theme, this)) {
     m_show->setHelp(tr("Which rows the list shows"));
     m_column->setHelp(tr("Only rows with a change in one column"));
     m_column->setLongestText(longestColumn);
     m_export->setLabel(tr("Export Report"));
     m_export->setSymbol(QStringLiteral("square.and.arrow.up"), 16);
-    m_export->setHelp(
-        tr("Save the changes as an Excel workbook with highlighted cells, or as a web page to share"));
+    m_export->setHelp(tr("Save the changes as an Excel workbook with highlighted cells, or as a web page to share"));
     m_details->setLabel(tr("Row Details"));
     m_details->setSymbol(QStringLiteral("sidebar.right"), 16);
     m_details->setHelp(tr("Show or hide the selected row’s details"));
@@ -78,8 +82,11 @@ MainToolbar::MainToolbar(AppModel& model, Theme& theme, QWidget* parent)
     connect(m_details, &Button::clicked, &model, &AppModel::toggleInspector);
     layOut();
 
-    for (const auto changed : {&AppModel::resultChanged, &AppModel::filterChanged, &AppModel::settingsChanged,
-                               &AppModel::showInspectorChanged, &AppModel::exportingChanged}) {
+    for (const auto changed : {&AppModel::resultChanged,
+                               &AppModel::filterChanged,
+                               &AppModel::settingsChanged,
+                               &AppModel::showInspectorChanged,
+                               &AppModel::exportingChanged}) {
         connect(&model, changed, this, &MainToolbar::refresh);
     }
     // What it lists is of the result that was.
@@ -121,7 +128,7 @@ Button* MainToolbar::makeSegment(ViewMode view, const QString& label, QWidget* f
 
 Button* MainToolbar::makeMenu(void (MainToolbar::*fill)(PopupMenu&)) {
     auto* const button = new Button(Button::Face::bordered, m_theme, this);
-    button->setPopupMenu(new PopupMenu(
+    button->setMenu(new PopupMenu(
         PopupMenu::Ticking::closes, [this, fill](PopupMenu& menu) { (this->*fill)(menu); }, m_theme, button));
     return button;
 }
@@ -175,9 +182,7 @@ void MainToolbar::fillShow(PopupMenu& menu) {
                               filter.show = show;
                               m_model.setFilter(filter);
                           },
-                      .isTicked = [this, show = show] { return m_model.filter().show == show; },
-                      .isEnabled = nullptr,
-                      .help = {}});
+                      .isTicked = [this, show = show] { return m_model.filter().show == show; }});
     }
 }
 
@@ -190,9 +195,7 @@ void MainToolbar::fillColumns(PopupMenu& menu) {
                               filter.column = column;
                               m_model.setFilter(filter);
                           },
-                      .isTicked = [this, column] { return m_model.filter().column == column; },
-                      .isEnabled = nullptr,
-                      .help = {}});
+                      .isTicked = [this, column] { return m_model.filter().column == column; }});
     };
     add(tr("Any Column"), std::nullopt);
     if (const auto& result = m_model.result()) {
@@ -205,11 +208,7 @@ void MainToolbar::fillColumns(PopupMenu& menu) {
 
 void MainToolbar::fillExport(PopupMenu& menu) {
     const auto add = [this, &menu](const QString& text, ReportKind kind) {
-        menu.addItem({.text = text,
-                      .action = [this, kind] { m_model.exportReport(kind); },
-                      .isTicked = nullptr,
-                      .isEnabled = nullptr,
-                      .help = {}});
+        menu.addItem({.text = text, .action = [this, kind] { m_model.exportReport(kind); }});
     };
     add(tr("Excel Report (.xlsx)…"), ReportKind::excel);
     add(tr("HTML Report…"), ReportKind::html);

@@ -18,12 +18,10 @@
 #include "Corvale/window/EmptyState.h"
 #include "Corvale/window/FileDrop.h"
 #include "Corvale/window/FilesBar.h"
-#include "Corvale/window/FocusRing.h"
 #include "Corvale/window/MainToolbar.h"
 #include "Corvale/window/MatchBar.h"
 #include "Corvale/window/ProblemAlert.h"
 #include "Corvale/window/ProgressOverlay.h"
-#include "Corvale/window/Splitter.h"
 #include "Corvale/window/SummaryStrip.h"
 
 namespace corvale {
@@ -38,9 +36,14 @@ int inspectorWidthIn(int windowWidth) { return windowWidth >= 1000 ? 264 : windo
 }  // namespace
 
 MainView::MainView(AppModel& model, Platform& platform, Theme& theme, QWidget* parent)
-    : QWidget(parent), m_model(model), m_theme(theme), m_toolbar(new MainToolbar(model, theme, this)),
-      m_files(new FilesBar(model, theme, this)), m_match(new MatchBar(model, theme, this)),
-      m_results(makeResults(platform)), m_progress(new ProgressOverlay(model, theme, m_results)),
+    : QWidget(parent),
+      m_model(model),
+      m_theme(theme),
+      m_toolbar(new MainToolbar(model, theme, this)),
+      m_files(new FilesBar(model, theme, this)),
+      m_match(new MatchBar(model, theme, this)),
+      m_results(makeResults(platform)),
+      m_progress(new ProgressOverlay(model, theme, m_results)),
       m_problem(new ProblemAlert(model, theme, this)) {
     setAcceptDrops(true);
     auto* const column = new QVBoxLayout(this);
@@ -50,7 +53,6 @@ MainView::MainView(AppModel& model, Platform& platform, Theme& theme, QWidget* p
     column->addWidget(m_files);
     column->addWidget(m_match);
     column->addWidget(m_results, 1);
-    new FocusRing(theme, this);
     connectToModel();
     refresh();
 }
@@ -73,7 +75,7 @@ QWidget* MainView::makeResults(Platform& platform) {
 }
 
 QSplitter* MainView::makeSplitter(Platform& platform, QWidget* parent) {
-    auto* const splitter = new Splitter(m_theme, parent);
+    auto* const splitter = new QSplitter(parent);
     auto* const list = new QWidget(splitter);
     auto* const row = new QHBoxLayout(list);
     row->setContentsMargins(0, 0, 0, 0);
@@ -87,11 +89,14 @@ QSplitter* MainView::makeSplitter(Platform& platform, QWidget* parent) {
     splitter->setStretchFactor(0, 1);
     splitter->setStretchFactor(1, 0);
     splitter->setChildrenCollapsible(false);
+    splitter->setHandleWidth(1);
     return splitter;
 }
 
 void MainView::connectToModel() {
-    for (const auto changed : {&AppModel::beforeChanged, &AppModel::afterChanged, &AppModel::resultChanged,
+    for (const auto changed : {&AppModel::beforeChanged,
+                               &AppModel::afterChanged,
+                               &AppModel::resultChanged,
                                &AppModel::showInspectorChanged}) {
         connect(&m_model, changed, this, &MainView::refresh);
     }

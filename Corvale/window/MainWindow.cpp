@@ -1,7 +1,6 @@
 #include "Corvale/window/MainWindow.h"
 
 #include <QScreen>
-
 #include <utility>
 
 #include "Corvale/model/AppModel.h"

@@ -1,7 +1,6 @@
 #include "Corvale/window/MatchBar.h"
 
 #include <QPainter>
-
 #include <algorithm>
 
 #include "Corvale/model/AppModel.h"
@@ -19,29 +18,33 @@ namespace {
 constexpr int narrowestButton = 96;
 constexpr int longestColumn = 220;
 
-constexpr bool DiffOptions::*ignoreOptions[] = {&DiffOptions::ignoreCase, &DiffOptions::ignoreWhitespace,
-                                                &DiffOptions::ignoreNumberFormat, &DiffOptions::ignoreColumnOrder};
+constexpr bool DiffOptions::*ignoreOptions[] = {&DiffOptions::ignoreCase,
+                                                &DiffOptions::ignoreWhitespace,
+                                                &DiffOptions::ignoreNumberFormat,
+                                                &DiffOptions::ignoreColumnOrder};
 
 std::int64_t ignoredDifferences(const DiffOptions& options) {
-    return std::count_if(std::begin(ignoreOptions), std::end(ignoreOptions),
-                         [&options](bool DiffOptions::*option) { return options.*option; });
+    return std::count_if(std::begin(ignoreOptions), std::end(ignoreOptions), [&options](bool DiffOptions::*option) {
+        return options.*option;
+    });
 }
 
 }  // namespace
 
 MatchBar::MatchBar(AppModel& model, Theme& theme, QWidget* parent)
-    : QWidget(parent), m_model(model), m_theme(theme),
+    : QWidget(parent),
+      m_model(model),
+      m_theme(theme),
       m_matchLabel(new SymbolLabel({.symbol = QStringLiteral("key"),
                                     .symbolSize = 16,
-                                    .textSize = 13,
-                                    .weight = QFont::Normal,
+                                    .text = TextRole::body,
                                     .padding = 0,
-                                    .color = [](const Palette& palette) { return palette.text2; },
-                                    .textColor = nullptr,
-                                    .fill = nullptr},
+                                    .color = [](const Palette& palette) { return palette.text2; }},
                                    tr("Match rows by"), theme, this)),
-      m_match(makeMenu(false, &MatchBar::fillMatch)), m_numberStyle(makeMenu(false, &MatchBar::fillNumberStyle)),
-      m_ignore(makeMenu(true, &MatchBar::fillIgnore)), m_ignoreColumns(makeMenu(true, &MatchBar::fillIgnoreColumns)) {
+      m_match(makeMenu(false, &MatchBar::fillMatch)),
+      m_numberStyle(makeMenu(false, &MatchBar::fillNumberStyle)),
+      m_ignore(makeMenu(true, &MatchBar::fillIgnore)),
+      m_ignoreColumns(makeMenu(true, &MatchBar::fillIgnoreColumns)) {
     m_match->setHelp(
         tr("Rows with the same value in this column are compared with each other. Pick Row order for files without an "
            "ID column."));
@@ -51,8 +54,12 @@ MatchBar::MatchBar(AppModel& model, Theme& theme, QWidget* parent)
     m_ignoreColumns->setHelp(tr("Leave columns such as “Last updated” out of the comparison"));
     layOut();
 
-    for (const auto changed : {&AppModel::beforeChanged, &AppModel::afterChanged, &AppModel::matchChanged,
-                               &AppModel::suggestedKeyChanged, &AppModel::resultChanged, &AppModel::settingsChanged}) {
+    for (const auto changed : {&AppModel::beforeChanged,
+                               &AppModel::afterChanged,
+                               &AppModel::matchChanged,
+                               &AppModel::suggestedKeyChanged,
+                               &AppModel::resultChanged,
+                               &AppModel::settingsChanged}) {
         connect(&model, changed, this, &MatchBar::refresh);
     }
     // What the columns' menus list is gone with the file that they are from.
@@ -70,7 +77,7 @@ Button* MatchBar::makeMenu(bool staysOpen, void (MatchBar::*fill)(PopupMenu&)) {
     const auto ticking = staysOpen ? PopupMenu::Ticking::staysOpen : PopupMenu::Ticking::closes;
     auto* const menu = new PopupMenu(
         ticking, [this, fill](PopupMenu& opened) { (this->*fill)(opened); }, m_theme, button);
-    button->setPopupMenu(menu);
+    button->setMenu(menu);
     m_menus.push_back(menu);
     return button;
 }
@@ -124,16 +131,15 @@ QString MatchBar::automaticStyle() const {
 std::int64_t MatchBar::ignoredColumns() const {
     const auto& ignored = m_model.settings().options.ignoredColumns;
     const std::vector<std::string> offered = m_model.ignorableColumns();
-    return std::count_if(offered.begin(), offered.end(), [&ignored](const auto& name) { return ignored.count(name) > 0; });
+    return std::count_if(
+        offered.begin(), offered.end(), [&ignored](const auto& name) { return ignored.count(name) > 0; });
 }
 
 void MatchBar::fillMatch(PopupMenu& menu) {
     const auto add = [this, &menu](const QString& text, const MatchChoice& choice) {
         menu.addItem({.text = text,
                       .action = [this, choice] { m_model.setMatch(choice); },
-                      .isTicked = [this, choice] { return m_model.match() == choice; },
-                      .isEnabled = nullptr,
-                      .help = {}});
+                      .isTicked = [this, choice] { return m_model.match() == choice; }});
     };
     for (const std::string& column : m_model.sharedColumns()) {
         add(keyText(column), MatchChoice::key(column));
@@ -145,11 +151,10 @@ void MatchBar::fillMatch(PopupMenu& menu) {
 void MatchBar::fillNumberStyle(PopupMenu& menu) {
     for (const auto& [style, stored] : enumTexts<NumberStyle>) {
         const bool isAutomatic = style == NumberStyle::automatic;
-        menu.addItem({.text = isAutomatic ? automaticStyle() : Wording::numberStyle(style),
-                      .action = [this, style = style] { change([style](auto& options) { options.numberStyle = style; }); },
-                      .isTicked = [this, style = style] { return m_model.settings().options.numberStyle == style; },
-                      .isEnabled = nullptr,
-                      .help = {}});
+        menu.addItem(
+            {.text = isAutomatic ? automaticStyle() : Wording::numberStyle(style),
+             .action = [this, style = style] { change([style](auto& options) { options.numberStyle = style; }); },
+             .isTicked = [this, style = style] { return m_model.settings().options.numberStyle == style; }});
     }
 }
 
@@ -157,18 +162,22 @@ void MatchBar::fillIgnore(PopupMenu& menu) {
     menu.addTitle(tr("What doesn’t count as a change"));
     addOption(menu, tr("Ignore case"), &DiffOptions::ignoreCase);
     addOption(menu, tr("Ignore extra spaces"), &DiffOptions::ignoreWhitespace);
-    addOption(menu, tr("Ignore number formatting"), &DiffOptions::ignoreNumberFormat,
+    addOption(menu,
+              tr("Ignore number formatting"),
+              &DiffOptions::ignoreNumberFormat,
               tr("1,250.00, $1250 and 1250 count as the same; so do 50% and 0.5, and 007 and 7."));
-    addOption(menu, tr("Ignore column order"), &DiffOptions::ignoreColumnOrder,
+    addOption(menu,
+              tr("Ignore column order"),
+              &DiffOptions::ignoreColumnOrder,
               tr("On: columns are matched by their names wherever they are. Off: by position (A with A, B with B)."));
 }
 
 void MatchBar::addOption(PopupMenu& menu, const QString& text, bool DiffOptions::*option, const QString& help) {
-    menu.addItem({.text = text,
-                  .action = [this, option] { change([option](auto& options) { options.*option = !(options.*option); }); },
-                  .isTicked = [this, option] { return m_model.settings().options.*option; },
-                  .isEnabled = nullptr,
-                  .help = help});
+    menu.addItem(
+        {.text = text,
+         .action = [this, option] { change([option](auto& options) { options.*option = !(options.*option); }); },
+         .isTicked = [this, option] { return m_model.settings().options.*option; },
+         .help = help});
 }
 
 void MatchBar::fillIgnoreColumns(PopupMenu& menu) {
@@ -183,16 +192,12 @@ void MatchBar::fillIgnoreColumns(PopupMenu& menu) {
         };
         menu.addItem({.text = Wording::menuText(column),
                       .action = [this, toggle] { change(toggle); },
-                      .isTicked = [isIgnored, column] { return isIgnored(column); },
-                      .isEnabled = nullptr,
-                      .help = {}});
+                      .isTicked = [isIgnored, column] { return isIgnored(column); }});
     }
     menu.addSeparator();
     menu.addItem({.text = tr("Compare Every Column"),
                   .action = [this] { change([](DiffOptions& options) { options.ignoredColumns.clear(); }); },
-                  .isTicked = nullptr,
-                  .isEnabled = [this] { return !m_model.settings().options.ignoredColumns.empty(); },
-                  .help = {}});
+                  .isEnabled = [this] { return !m_model.settings().options.ignoredColumns.empty(); }});
 }
 
 void MatchBar::change(const std::function<void(DiffOptions&)>& edit) {
@@ -205,7 +210,8 @@ void MatchBar::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QRect match = m_match->geometry();
     const QRect style = m_numberStyle->geometry();
-    const int x = match.right() < style.left() ? (match.right() + style.left()) / 2 : (style.right() + match.left()) / 2;
+    const int x =
+        match.right() < style.left() ? (match.right() + style.left()) / 2 : (style.right() + match.left()) / 2;
     painter.fillRect(x, (height() - 18) / 2, 1, 18, m_theme.palette().border);
     painter.fillRect(0, height() - 1, width(), 1, m_theme.palette().border);
 }

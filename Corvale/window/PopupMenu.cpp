@@ -2,15 +2,11 @@
 
 #include <QAbstractButton>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QMouseEvent>
 #include <QScreen>
-#include <QWidgetAction>
-
 #include <algorithm>
 
 #include "Corvale/style/Theme.h"
-#include "Corvale/window/Drawing.h"
 
 namespace corvale {
 
@@ -32,16 +28,7 @@ PopupMenu::PopupMenu(Ticking ticking, std::function<void(PopupMenu&)> fill, Them
     connect(this, &QMenu::aboutToHide, button, [button] { button->setDown(false); });
 }
 
-void PopupMenu::addTitle(const QString& title) {
-    auto* const action = new QWidgetAction(this);
-    auto* const label = new QLabel(title, this);
-    label->setFont(Drawing::font(*this, 11, QFont::DemiBold));
-    label->setContentsMargins(30, 4, 10, 5);
-    action->setText(title);
-    action->setDefaultWidget(label);
-    action->setEnabled(false);
-    addAction(action);
-}
+void PopupMenu::addTitle(const QString& title) { addSection(title); }
 
 void PopupMenu::addItem(const Item& item) {
     QAction* const action = addAction(withoutMnemonics(item.text));

@@ -3,12 +3,12 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "Corvale/model/AppModel.h"
+#include "Corvale/style/Look.h"
 #include "Corvale/style/Theme.h"
-#include "Corvale/window/Button.h"
-#include "Corvale/window/FocusRing.h"
 #include "Corvale/window/SymbolLabel.h"
 
 namespace corvale {
@@ -20,28 +20,29 @@ constexpr int alertWidth = 400;
 }  // namespace
 
 ProblemAlert::ProblemAlert(AppModel& model, Theme& theme, QWidget* parent)
-    : QDialog(parent), m_model(model), m_theme(theme),
+    : QDialog(parent),
+      m_model(model),
+      m_theme(theme),
       m_title(new SymbolLabel({.symbol = QStringLiteral("exclamationmark.triangle.fill"),
                                .symbolSize = 18,
-                               .textSize = 15,
-                               .weight = QFont::DemiBold,
+                               .text = TextRole::detailsKey,
                                .padding = 0,
                                .color = [](const Palette& palette) { return palette.changed.text; },
-                               .textColor = [](const Palette& palette) { return palette.text; },
-                               .fill = nullptr},
+                               .textColor = [](const Palette& palette) { return palette.text; }},
                               tr("Something went wrong"), theme, this)),
-      m_text(new QLabel(this)), m_ok(new Button(Button::Face::primary, theme, this)) {
+      m_text(new QLabel(this)),
+      m_ok(new QPushButton(tr("OK"), this)) {
     setWindowTitle(tr("Something went wrong"));
-    m_ok->setLabel(tr("OK"));
+    m_ok->setDefault(true);
+    m_ok->setMinimumWidth(78);
+    setLook(*m_text, Look::secondaryText);
     layOut();
-    new FocusRing(theme, this);
 
-    connect(m_ok, &Button::clicked, this, &QDialog::accept);
+    connect(m_ok, &QPushButton::clicked, this, &QDialog::accept);
     // However it is closed, the problem has been read.
     connect(this, &QDialog::finished, &model, &AppModel::dismissProblem);
     connect(&model, &AppModel::problemChanged, this, &ProblemAlert::refresh);
-    connect(&theme, &Theme::changed, this, &ProblemAlert::updateColors);
-    updateColors();
+    connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
     refresh();
 }
 
@@ -77,13 +78,6 @@ void ProblemAlert::refresh() {
         open();
         m_ok->setFocus(Qt::OtherFocusReason);
     }
-}
-
-void ProblemAlert::updateColors() {
-    QPalette palette = m_text->palette();
-    palette.setColor(QPalette::WindowText, m_theme.palette().text2);
-    m_text->setPalette(palette);
-    update();
 }
 
 void ProblemAlert::paintEvent(QPaintEvent*) {

@@ -3,11 +3,11 @@
 #include <QDialog>
 
 class QLabel;
+class QPushButton;
 
 namespace corvale {
 
 class AppModel;
-class Button;
 class Theme;
 
 // Shows the model's problem over its window until the user has read it.
@@ -25,13 +25,12 @@ protected:
 
 private:
     void layOut();
-    void updateColors();
 
     AppModel& m_model;
     Theme& m_theme;
     QWidget* m_title;
     QLabel* m_text;
-    Button* m_ok;
+    QPushButton* m_ok;
 };
 
 }  // namespace corvale

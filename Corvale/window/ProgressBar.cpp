@@ -3,7 +3,6 @@
 #include <QPainter>
 #include <QStyle>
 #include <QTimerEvent>
-
 #include <chrono>
 #include <cstdlib>
 
@@ -60,7 +59,10 @@ void ProgressBar::paintEvent(QPaintEvent*) {
     const double radius = height() / 2.0;
     Drawing::box(painter, rect(), radius, m_theme.palette().pressed, Qt::transparent);
     if (const QRect filled = filledPart(); filled.width() > 0) {
-        Drawing::box(painter, QStyle::visualRect(layoutDirection(), rect(), filled), radius, m_theme.palette().accent,
+        Drawing::box(painter,
+                     QStyle::visualRect(layoutDirection(), rect(), filled),
+                     radius,
+                     m_theme.palette().accent,
                      Qt::transparent);
     }
 }

@@ -5,12 +5,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
-
+#include <QPushButton>
+#include <QStyle>
 #include <chrono>
 
 #include "Corvale/model/AppModel.h"
 #include "Corvale/style/Theme.h"
-#include "Corvale/window/Button.h"
+#include "Corvale/style/Typography.h"
 #include "Corvale/window/Drawing.h"
 #include "Corvale/window/ProgressBar.h"
 
@@ -26,15 +27,18 @@ constexpr int barSteps = 1000;
 }  // namespace
 
 ProgressOverlay::ProgressOverlay(AppModel& model, Theme& theme, QWidget* covered)
-    : QWidget(covered), m_model(model), m_theme(theme), m_title(new QLabel(this)), m_bar(new ProgressBar(theme, this)),
-      m_cancel(new Button(Button::Face::bordered, theme, this)) {
-    m_title->setFont(Drawing::font(*this, 14, QFont::DemiBold));
-    m_cancel->setLabel(tr("Cancel"));
+    : QWidget(covered),
+      m_model(model),
+      m_theme(theme),
+      m_title(new QLabel(this)),
+      m_bar(new ProgressBar(theme, this)),
+      m_cancel(new QPushButton(tr("Cancel"), this)) {
+    m_title->setFont(fontFor(TextRole::panelTitle));
     m_delay.setSingleShot(true);
     covered->installEventFilter(this);
     hide();
 
-    connect(m_cancel, &Button::clicked, &model, &AppModel::cancel);
+    connect(m_cancel, &QPushButton::clicked, &model, &AppModel::cancel);
     connect(&m_delay, &QTimer::timeout, this, &ProgressOverlay::showWhenNeeded);
     for (const auto changed : {&AppModel::loadingChanged, &AppModel::progressChanged}) {
         connect(&model, changed, this, &ProgressOverlay::refresh);
@@ -67,9 +71,7 @@ void ProgressOverlay::refresh() {
     }
 }
 
-void ProgressOverlay::showWhenNeeded() {
-    setVisible(isNeeded());
-}
+void ProgressOverlay::showWhenNeeded() { setVisible(isNeeded()); }
 
 QRect ProgressOverlay::panel() const {
     QRect panel({}, panelSize);
@@ -128,7 +130,7 @@ void ProgressOverlay::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), palette.veil);
     Drawing::shadow(painter, panel(), 12);
-    Drawing::box(painter, panel(), 12, palette.surface, palette.controlBorder);
+    Drawing::box(painter, panel(), 12, palette.surface, palette.popupBorder);
 }
 
 }  // namespace corvale

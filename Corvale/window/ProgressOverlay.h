@@ -5,11 +5,11 @@
 #include <QWidget>
 
 class QLabel;
+class QPushButton;
 
 namespace corvale {
 
 class AppModel;
-class Button;
 class ProgressBar;
 class Theme;
 
@@ -43,7 +43,7 @@ private:
     Theme& m_theme;
     QLabel* m_title;
     ProgressBar* m_bar;
-    Button* m_cancel;
+    QPushButton* m_cancel;
     QTimer m_delay;
     QPointer<QWidget> m_focusBefore;
 };

@@ -3,7 +3,6 @@
 #include <QHash>
 #include <QStyle>
 #include <QWidget>
-
 #include <algorithm>
 
 namespace corvale {
@@ -38,7 +37,8 @@ QSize RowLayout::total(SizeOf sizeOf) const {
     for (const auto& item : m_items) {
         if (!item->isEmpty()) {
             const QSize part = sizeOf(*item);
-            size = {size.width() + (size.width() > 0 ? m_gap : 0) + part.width(), std::max(size.height(), part.height())};
+            size = {size.width() + (size.width() > 0 ? m_gap : 0) + part.width(),
+                    std::max(size.height(), part.height())};
         }
     }
     return size.expandedTo({0, 0}).grownBy(contentsMargins());
@@ -58,8 +58,8 @@ void RowLayout::setGeometry(const QRect& rect) {
     QHash<const QWidget*, int> given;
     int missing = sizeHint().width() - rect.width();
     for (const QWidget* widget : m_givingWay) {
-        const auto item = std::find_if(m_items.begin(), m_items.end(),
-                                       [widget](const auto& candidate) { return candidate->widget() == widget; });
+        const auto item = std::find_if(
+            m_items.begin(), m_items.end(), [widget](const auto& candidate) { return candidate->widget() == widget; });
         if (missing > 0 && item != m_items.end() && !(*item)->isEmpty()) {
             const int most = std::max(0, (*item)->sizeHint().width() - (*item)->minimumSize().width());
             given[widget] = std::min(missing, most);

@@ -4,27 +4,19 @@
 #include <QDragEnterEvent>
 #include <QKeyEvent>
 #include <QMimeData>
-#include <QPainter>
 
 #include "Corvale/model/AppModel.h"
+#include "Corvale/style/Icons.h"
 #include "Corvale/style/Theme.h"
-#include "Corvale/window/Drawing.h"
 
 namespace corvale {
 
-namespace {
-
-constexpr int fieldHeight = 28;
-constexpr int symbolSize = 16;
-
-}  // namespace
-
 SearchField::SearchField(AppModel& model, Theme& theme, QWidget* parent)
-    : QLineEdit(parent), m_model(model), m_theme(theme), m_symbol(addAction(QIcon(), LeadingPosition)),
+    : QLineEdit(parent),
+      m_model(model),
+      m_theme(theme),
+      m_symbol(addAction(QIcon(), LeadingPosition)),
       m_clear(addAction(QIcon(), TrailingPosition)) {
-    setFrame(false);
-    setFixedHeight(fieldHeight);
-    setAttribute(Qt::WA_MacShowFocusRect, false);
     setPlaceholderText(tr("Search rows"));
     setAccessibleName(tr("Search rows"));
     setToolTip(tr("Search every cell (⌘F)"));
@@ -45,9 +37,9 @@ SearchField::SearchField(AppModel& model, Theme& theme, QWidget* parent)
 
 void SearchField::drawIcons() {
     const Palette& palette = m_theme.palette();
-    m_symbol->setIcon(Drawing::icon(m_theme, QStringLiteral("magnifyingglass"), palette.text2, symbolSize));
-    m_clear->setIcon(Drawing::icon(m_theme, QStringLiteral("xmark.circle.fill"), palette.text2, symbolSize));
-    update();
+    const Icons::Colors colors{palette.text2, palette.disabled, palette.text2};
+    m_symbol->setIcon(Icons::icon(QStringLiteral("magnifyingglass"), colors));
+    m_clear->setIcon(Icons::icon(QStringLiteral("xmark.circle.fill"), colors));
 }
 
 void SearchField::refresh() {
@@ -87,17 +79,6 @@ void SearchField::dragEnterEvent(QDragEnterEvent* event) {
     } else {
         QLineEdit::dragEnterEvent(event);
     }
-}
-
-void SearchField::paintEvent(QPaintEvent* event) {
-    {
-        QPainter painter(this);
-        const Palette& palette = m_theme.palette();
-        const QColor border = !isEnabled() ? palette.border : hasFocus() ? palette.accent : palette.controlBorder;
-        Drawing::box(painter, rect(), 6, isEnabled() ? palette.surface : QColor(Qt::transparent), border,
-                     hasFocus() ? 2 : 1);
-    }
-    QLineEdit::paintEvent(event);
 }
 
 }  // namespace corvale

@@ -22,7 +22,6 @@ protected:
     // Files are for the window, not their names for the field.
     void dragEnterEvent(QDragEnterEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 
 private:
     void search(const QString& text);

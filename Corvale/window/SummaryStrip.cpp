@@ -2,7 +2,6 @@
 
 #include <QKeyEvent>
 #include <QPainter>
-
 #include <algorithm>
 
 #include "Corvale/model/AppModel.h"
@@ -22,7 +21,7 @@ bool hasDifferences(const DiffSummary& summary) {
     return summary.added + summary.removed + summary.changed + summary.addedColumns + summary.removedColumns > 0;
 }
 
-void show(SymbolLabel& note, std::int64_t count, const QString& text) {
+void showNote(SymbolLabel& note, std::int64_t count, const QString& text) {
     note.setText(text);
     note.setVisible(count > 0);
 }
@@ -33,11 +32,9 @@ public:
     Verdict(const QString& text, Theme& theme, QWidget* parent)
         : SymbolLabel({.symbol = QStringLiteral("checkmark.seal.fill"),
                        .symbolSize = 20,
-                       .textSize = 14,
-                       .weight = QFont::DemiBold,
+                       .text = TextRole::panelTitle,
                        .padding = 10,
                        .color = [](const Palette& palette) { return palette.added.text; },
-                       .textColor = nullptr,
                        .fill = [](const Palette& palette) { return palette.added.fill; }},
                       text, theme, parent) {}
 };
@@ -45,12 +42,16 @@ public:
 }  // namespace
 
 SummaryStrip::SummaryStrip(AppModel& model, Theme& theme, QWidget* parent)
-    : QWidget(parent), m_model(model), m_theme(theme), m_verdict(new Verdict(tr("The files match"), theme, this)),
+    : QWidget(parent),
+      m_model(model),
+      m_theme(theme),
+      m_verdict(new Verdict(tr("The files match"), theme, this)),
       m_chips{makeChip(ChipLabel::Kind::added, DiffFilter::Show::added),
               makeChip(ChipLabel::Kind::removed, DiffFilter::Show::removed),
               makeChip(ChipLabel::Kind::changed, DiffFilter::Show::changed),
               makeChip(ChipLabel::Kind::unchanged, DiffFilter::Show::all)},
-      m_notes(makeNotes()), m_duplicateList(new DuplicateList(model, theme, this)) {
+      m_notes(makeNotes()),
+      m_duplicateList(new DuplicateList(model, theme, this)) {
     auto* const flow = new FlowLayout(8, 8, this);
     flow->setContentsMargins(12, 8, 12, 8);
     flow->addWidget(m_verdict);
@@ -82,15 +83,11 @@ QWidget* SummaryStrip::makeNotes() {
     auto* const flow = new FlowLayout(12, 2, notes);
     flow->setContentsMargins(2, 0, 2, 0);
     const auto add = [this, notes, flow](const QString& symbol, QColor (*color)(const Palette&)) {
-        auto* const note = new SymbolLabel({.symbol = symbol,
-                                            .symbolSize = 14,
-                                            .textSize = 12,
-                                            .weight = QFont::Normal,
-                                            .padding = 2,
-                                            .color = color,
-                                            .textColor = nullptr,
-                                            .fill = nullptr},
-                                           {}, m_theme, notes);
+        auto* const note = new SymbolLabel(
+            {.symbol = symbol, .symbolSize = 14, .text = TextRole::secondary, .padding = 2, .color = color},
+            {},
+            m_theme,
+            notes);
         note->setFixedHeight(24);
         flow->addWidget(note);
         return note;
@@ -129,8 +126,9 @@ void SummaryStrip::refreshChips() {
     for (std::size_t i = 0; i < m_chips.size(); ++i) {
         const auto& [chip, show] = m_chips[i];
         const bool hasCells = show == DiffFilter::Show::changed && summary.changedCells > 0;
-        chip->setCount(counts[i], hasCells ? std::optional(tr("%1 cells").arg(Wording::count(summary.changedCells)))
-                                           : std::nullopt);
+        chip->setCount(
+            counts[i],
+            hasCells ? std::optional(tr("%1 cells").arg(Wording::count(summary.changedCells))) : std::nullopt);
         chip->setQuiet(!differ);
         chip->setSelected(m_model.filter().show == show);
     }
@@ -142,12 +140,13 @@ void SummaryStrip::refreshNotes() {
     const auto duplicates = static_cast<std::int64_t>(result.duplicates.size());
     const auto [added, removed] = std::pair(result.summary.addedColumns, result.summary.removedColumns);
     const std::int64_t formatOnly = result.summary.typeOnlyCells;
-    show(*m_newColumns, added, tr("%1 new columns").arg(Wording::count(added)));
-    show(*m_removedColumns, removed, tr("%1 columns removed").arg(Wording::count(removed)));
-    show(*m_orderChanged, result.columnOrderChanged ? 1 : 0, tr("Column order changed"));
-    show(*m_emptyKeys, emptyKeys, tr("%1 rows with an empty key").arg(Wording::count(emptyKeys)));
-    show(*m_formatOnly, formatOnly,
-         tr("%1 cells differ only in number format, case or spacing").arg(Wording::count(formatOnly)));
+    showNote(*m_newColumns, added, tr("%1 new columns").arg(Wording::count(added)));
+    showNote(*m_removedColumns, removed, tr("%1 columns removed").arg(Wording::count(removed)));
+    showNote(*m_orderChanged, result.columnOrderChanged ? 1 : 0, tr("Column order changed"));
+    showNote(*m_emptyKeys, emptyKeys, tr("%1 rows with an empty key").arg(Wording::count(emptyKeys)));
+    showNote(*m_formatOnly,
+             formatOnly,
+             tr("%1 cells differ only in number format, case or spacing").arg(Wording::count(formatOnly)));
     m_duplicates->setLabel(tr("%1 duplicate keys").arg(Wording::count(duplicates)));
     m_duplicates->setVisible(duplicates > 0);
 }

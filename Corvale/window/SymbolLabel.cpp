@@ -2,7 +2,6 @@
 
 #include <QPainter>
 #include <QStyle>
-
 #include <algorithm>
 
 #include "Corvale/style/Theme.h"
@@ -38,12 +37,10 @@ void SymbolLabel::setText(const QString& text) {
     update();
 }
 
-int SymbolLabel::textLeft() const {
-    return m_look.padding + (m_look.symbol.isEmpty() ? 0 : m_look.symbolSize + gap);
-}
+int SymbolLabel::textLeft() const { return m_look.padding + (m_look.symbol.isEmpty() ? 0 : m_look.symbolSize + gap); }
 
 QSize SymbolLabel::sizeHint() const {
-    const QFont font = Drawing::font(*this, m_look.textSize, m_look.weight);
+    const QFont font = fontFor(m_look.text);
     const int content = std::max(m_look.symbolSize, QFontMetrics(font).height());
     return {textLeft() + Drawing::textWidth(font, m_text) + m_look.padding,
             m_look.fill != nullptr ? boxHeight : content};
@@ -61,11 +58,11 @@ void SymbolLabel::paintEvent(QPaintEvent*) {
         Drawing::box(painter, rect(), boxRadius, m_look.fill(palette), Qt::transparent);
     }
     if (!m_look.symbol.isEmpty()) {
-        Drawing::symbol(painter, m_theme, m_look.symbol, color, place({m_look.padding, 0, m_look.symbolSize, height()}),
-                        m_look.symbolSize);
+        Drawing::symbol(
+            painter, m_look.symbol, color, place({m_look.padding, 0, m_look.symbolSize, height()}), m_look.symbolSize);
     }
-    Drawing::text(painter, place(rect().adjusted(textLeft(), 0, -m_look.padding, 0)), m_text,
-                  Drawing::font(*this, m_look.textSize, m_look.weight), ink);
+    Drawing::text(
+        painter, place(rect().adjusted(textLeft(), 0, -m_look.padding, 0)), m_text, fontFor(m_look.text), ink);
 }
 
 }  // namespace corvale

@@ -1,13 +1,14 @@
 #pragma once
 
 #include <QColor>
-#include <QFont>
 #include <QString>
 #include <QWidget>
 
+#include "Corvale/style/Typography.h"
+
 namespace corvale {
 
-class Palette;
+struct Palette;
 class Theme;
 
 // A symbol and a line of text in one colour; the text is elided where it is too narrow.
@@ -16,12 +17,11 @@ public:
     struct Look {
         QString symbol;  // empty: the text alone
         int symbolSize;  // in pixels
-        double textSize; // in pixels where the system's font has 13
-        QFont::Weight weight;
-        int padding;     // left and right, in pixels
+        TextRole text;
+        int padding;  // left and right, in pixels
         QColor (*color)(const Palette& palette);
         QColor (*textColor)(const Palette& palette);  // null: that of the symbol
-        QColor (*fill)(const Palette& palette);  // of a box behind it; null: none
+        QColor (*fill)(const Palette& palette);       // of a box behind it; null: none
     };
 
     // The theme outlives the label.
