@@ -228,7 +228,9 @@ void Button::paintEvent(QPaintEvent*) {
 
 void Button::paintContents(QPainter& painter, const Colors& colors) const {
     const Metrics& metrics = metricsOf(m_face);
-    int x = metrics.padding;
+    // In the middle of what the heavier text of a button that is on would need.
+    const bool hasSlack = m_textShown && isCheckable();
+    int x = metrics.padding + (hasSlack ? (fullTextWidth() - Drawing::textWidth(textFont(), m_label)) / 2 : 0);
     const auto place = [this](int left, int width) {
         return QStyle::visualRect(layoutDirection(), rect(), QRect(left, 0, width, height()));
     };

@@ -165,7 +165,9 @@ void ChipLabel::paintEvent(QPaintEvent*) {
     paintFace(painter);
     const Palette& palette = m_theme.palette();
     const QColor ink = m_quiet && !selected() ? palette.text2 : palette.text;
-    int x = padding();
+    // In the middle of what the heavier title of a selected chip would need.
+    int x = padding() + Drawing::textWidth(titleFont(!m_quiet), m_title) / 2 -
+            Drawing::textWidth(titleFont(selected()), m_title) / 2;
     const auto next = [this, &x](int width) {
         const QRect part = QStyle::visualRect(layoutDirection(), rect(), QRect(x, 0, width, height()));
         x += width;
@@ -177,7 +179,7 @@ void ChipLabel::paintEvent(QPaintEvent*) {
     Drawing::symbol(painter, m_symbol, m_quiet && !selected() ? palette.text3 : color(), next(symbolSize), symbolSize);
     x += gap;
     write(m_title, titleFont(selected()), ink);
-    x += gap + Drawing::textWidth(titleFont(!m_quiet), m_title) - Drawing::textWidth(titleFont(selected()), m_title);
+    x += gap;
     write(countText(), countFont(), ink);
     if (m_detail) {
         x += detailGap;

@@ -54,8 +54,10 @@ EmptyState::EmptyState(AppModel& model, Theme& theme, QWidget* parent)
         tr("Open the older file on the left and the newer one on the right (Excel .xlsx, CSV or TSV), or drop them on "
            "the window. Corvale suggests a key column and shows every added, removed and changed row."));
     setLook(*m_text, Look::secondaryText);
-    m_choose->setDefault(true);
-    m_compare->setDefault(true);
+    for (QPushButton* button : {m_choose, m_compare}) {
+        button->setDefault(true);
+        button->setFont(fontFor(TextRole::bodyStrong));
+    }
     layOut();
 
     connect(m_choose, &QPushButton::clicked, this, [this] {
@@ -77,7 +79,6 @@ void EmptyState::layOut() {
         label->setTextFormat(Qt::PlainText);
         label->setWordWrap(true);
     }
-    m_text->setFixedWidth(textWidth);
     auto* const buttons = new QHBoxLayout;
     buttons->setSpacing(8);
     buttons->addStretch();
@@ -93,7 +94,12 @@ void EmptyState::layOut() {
     column->addSpacing(16);
     column->addWidget(m_title);
     column->addSpacing(6);
-    column->addWidget(m_text, 0, Qt::AlignHCenter);
+    auto* const text = new QHBoxLayout;
+    m_text->setMaximumWidth(textWidth);
+    text->addStretch();
+    text->addWidget(m_text, 100);
+    text->addStretch();
+    column->addLayout(text);
     column->addSpacing(20);
     column->addLayout(buttons);
     column->addStretch();

@@ -41,13 +41,18 @@ FileCard::FileCard(Side side, AppModel& model, Theme& theme, QWidget* parent)
       m_side(side),
       m_model(model),
       m_theme(theme),
-      m_pages(new QStackedLayout(this)),
+      m_sideBlock(new QSpacerItem(wideSide, 0, QSizePolicy::Fixed)), m_pages(new QStackedLayout),
       m_emptyPage(makeEmptyPage()),
       m_loadingPage(makeLoadingPage()),
       m_loadedPage(makeLoadedPage()) {
     for (QWidget* page : {m_emptyPage, m_loadingPage, m_loadedPage}) {
         m_pages->addWidget(page);
     }
+    auto* const row = new QHBoxLayout(this);
+    row->setContentsMargins(1, 0, 0, 0);
+    row->setSpacing(0);
+    row->addItem(m_sideBlock);
+    row->addLayout(m_pages);
     setFixedHeight(cardHeight);
     setAcceptDrops(true);
     connect(
@@ -60,16 +65,12 @@ FileCard::FileCard(Side side, AppModel& model, Theme& theme, QWidget* parent)
 QWidget* FileCard::makeEmptyPage() {
     auto* const page = new QWidget(this);
     auto* const row = new QHBoxLayout(page);
-    row->setContentsMargins(4, 10, 14, 10);
-    auto* const lines = new QVBoxLayout;
-    lines->setSpacing(4);
+    row->setContentsMargins(4, 0, 14, 0);
     m_invitation = new ElidedLabel(TextRole::cardName, m_theme, page);
     m_invitation->setText(tr("Drop a file here"));
     auto* const formats = new ElidedLabel(TextRole::secondary, m_theme, page);
     formats->setText(tr("Excel (.xlsx), CSV or TSV"));
-    lines->addWidget(m_invitation);
-    lines->addWidget(formats);
-    row->addLayout(lines, 1);
+    row->addLayout(linesOf(m_invitation, formats), 1);
     auto* const choose = new Button(Button::Face::bordered, m_theme, page);
     choose->setLabel(tr("Choose…"));
     choose->setHelp(m_side == Side::before ? tr("Choose the older file") : tr("Choose the newer file"));
@@ -117,18 +118,30 @@ QWidget* FileCard::makeLoadedPage() {
     detailsRow->addWidget(m_sheet);
     detailsRow->addWidget(m_headerRow);
     detailsRow->setGivingWay({m_sheet, m_size});
-    auto* const lines = new QVBoxLayout;
-    lines->setSpacing(0);
-    lines->setContentsMargins(0, 11, 0, 9);
-    lines->addWidget(m_name);
-    lines->addStretch();
-    lines->addWidget(details);
     auto* const row = new QHBoxLayout(page);
     row->setContentsMargins(12, 0, 8, 0);
     row->setSpacing(8);
-    row->addLayout(lines, 1);
-    row->addWidget(close, 0, Qt::AlignTop);
+    row->addLayout(linesOf(m_name, details), 1);
+    // Level with the name.
+    auto* const corner = new QVBoxLayout;
+    corner->setContentsMargins(0, 7, 0, 0);
+    corner->addWidget(close);
+    corner->addStretch();
+    row->addLayout(corner);
     return page;
+}
+
+// The two lines of a page, at the same heights on every page.
+QLayout* FileCard::linesOf(QWidget* first, QWidget* second) {
+    first->setFixedHeight(20);
+    second->setFixedHeight(22);
+    auto* const lines = new QVBoxLayout;
+    lines->setSpacing(0);
+    lines->addStretch();
+    lines->addWidget(first);
+    lines->addWidget(second);
+    lines->addStretch();
+    return lines;
 }
 
 void FileCard::refresh() {
@@ -145,7 +158,6 @@ void FileCard::refresh() {
         }
         m_headerRow->refresh();
     }
-    updateMargins();
     update();
 }
 
@@ -171,14 +183,9 @@ void FileCard::setTargeted(bool targeted) {
 void FileCard::setNarrow(bool narrow) {
     m_narrow = narrow;
     m_sheet->setPrefixShown(!narrow);
-    updateMargins();
+    m_sideBlock->changeSize(sideWidth(), 0, QSizePolicy::Fixed);
+    layout()->invalidate();
     update();
-}
-
-void FileCard::updateMargins() {
-    const int side = sideWidth() + 1;
-    const bool isRightToLeft = layoutDirection() == Qt::RightToLeft;
-    m_pages->setContentsMargins(isRightToLeft ? 0 : side, 0, isRightToLeft ? side : 0, 0);
 }
 
 bool FileCard::isEmpty() const { return !m_model.file(m_side) && !m_model.isLoading(m_side); }

@@ -4,6 +4,7 @@
 
 #include "Corvale/model/LoadedFile.h"
 
+class QSpacerItem;
 class QStackedLayout;
 
 namespace corvale {
@@ -43,7 +44,7 @@ private:
     QWidget* makeLoadingPage();
     QWidget* makeLoadedPage();
     void fillSheets(PopupMenu& menu);
-    void updateMargins();
+    QLayout* linesOf(QWidget* first, QWidget* second);
     bool isEmpty() const;
     int sideWidth() const;
 
@@ -53,15 +54,16 @@ private:
     bool m_targeted = false;
     bool m_narrow = false;
 
-    QStackedLayout* m_pages;
-    QWidget* m_emptyPage;
-    QWidget* m_loadingPage;
-    QWidget* m_loadedPage;
     ElidedLabel* m_invitation = nullptr;
     ElidedLabel* m_name = nullptr;
     ElidedLabel* m_size = nullptr;
     Button* m_sheet = nullptr;
     HeaderRowMenu* m_headerRow = nullptr;
+    QSpacerItem* m_sideBlock;
+    QStackedLayout* m_pages;
+    QWidget* m_emptyPage;
+    QWidget* m_loadingPage;
+    QWidget* m_loadedPage;
 };
 
 }  // namespace corvale

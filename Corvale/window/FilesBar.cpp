@@ -27,7 +27,6 @@ FilesBar::FilesBar(AppModel& model, Theme& theme, QWidget* parent)
     connect(m_swap, &Button::clicked, &model, &AppModel::swap);
 
     auto* const row = new QHBoxLayout(this);
-    row->setContentsMargins(12, 10, 12, 4);
     row->setSpacing(8);
     row->addWidget(m_before, 1);
     row->addWidget(m_swap);
@@ -38,7 +37,12 @@ FilesBar::FilesBar(AppModel& model, Theme& theme, QWidget* parent)
     refresh();
 }
 
-void FilesBar::refresh() { m_swap->setEnabled(m_model.before() || m_model.after()); }
+void FilesBar::refresh() {
+    m_swap->setEnabled(m_model.before() || m_model.after());
+    // The match bar below comes closer.
+    const bool endsBars = !m_model.before() || !m_model.after();
+    layout()->setContentsMargins(12, 10, 12, endsBars ? 12 : 4);
+}
 
 Side FilesBar::sideForDrop() const { return m_model.before() ? Side::after : Side::before; }
 

@@ -31,6 +31,7 @@ constexpr int searchWidth[] = {220, 190, 170, 140};
 class SegmentFrame : public QWidget {
 public:
     SegmentFrame(Theme& theme, QWidget* parent) : QWidget(parent), m_theme(theme) {
+        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
         connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
     }
 

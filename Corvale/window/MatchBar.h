@@ -46,12 +46,12 @@ private:
 
     AppModel& m_model;
     Theme& m_theme;
+    std::vector<PopupMenu*> m_menus;
     QWidget* m_matchLabel;
     Button* m_match;
     Button* m_numberStyle;
     Button* m_ignore;
     Button* m_ignoreColumns;
-    std::vector<PopupMenu*> m_menus;
 };
 
 }  // namespace corvale

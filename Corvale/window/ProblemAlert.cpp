@@ -9,6 +9,7 @@
 #include "Corvale/model/AppModel.h"
 #include "Corvale/style/Look.h"
 #include "Corvale/style/Theme.h"
+#include "Corvale/style/Typography.h"
 #include "Corvale/window/SymbolLabel.h"
 
 namespace corvale {
@@ -34,6 +35,7 @@ ProblemAlert::ProblemAlert(AppModel& model, Theme& theme, QWidget* parent)
       m_ok(new QPushButton(tr("OK"), this)) {
     setWindowTitle(tr("Something went wrong"));
     m_ok->setDefault(true);
+    m_ok->setFont(fontFor(TextRole::bodyStrong));
     m_ok->setMinimumWidth(78);
     setLook(*m_text, Look::secondaryText);
     layOut();

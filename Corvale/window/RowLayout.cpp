@@ -29,13 +29,15 @@ QLayoutItem* RowLayout::takeAt(int index) {
     return item;
 }
 
-bool RowLayout::givesWay(const QLayoutItem& item) const { return m_givingWay.contains(item.widget()); }
+bool RowLayout::isShown(QLayoutItem& item) { return !item.isEmpty() || item.spacerItem() != nullptr; }
+
+bool RowLayout::givesWay(QLayoutItem& item) const { return m_givingWay.contains(item.widget()); }
 
 template <typename SizeOf>
 QSize RowLayout::total(SizeOf sizeOf) const {
     QSize size;
     for (const auto& item : m_items) {
-        if (!item->isEmpty()) {
+        if (isShown(*item)) {
             const QSize part = sizeOf(*item);
             size = {size.width() + (size.width() > 0 ? m_gap : 0) + part.width(),
                     std::max(size.height(), part.height())};
@@ -45,11 +47,11 @@ QSize RowLayout::total(SizeOf sizeOf) const {
 }
 
 QSize RowLayout::sizeHint() const {
-    return total([](const QLayoutItem& item) { return item.sizeHint(); });
+    return total([](QLayoutItem& item) { return item.sizeHint(); });
 }
 
 QSize RowLayout::minimumSize() const {
-    return total([this](const QLayoutItem& item) { return givesWay(item) ? item.minimumSize() : item.sizeHint(); });
+    return total([this](QLayoutItem& item) { return givesWay(item) ? item.minimumSize() : item.sizeHint(); });
 }
 
 void RowLayout::setGeometry(const QRect& rect) {
@@ -60,7 +62,7 @@ void RowLayout::setGeometry(const QRect& rect) {
     for (const QWidget* widget : m_givingWay) {
         const auto item = std::find_if(
             m_items.begin(), m_items.end(), [widget](const auto& candidate) { return candidate->widget() == widget; });
-        if (missing > 0 && item != m_items.end() && !(*item)->isEmpty()) {
+        if (missing > 0 && item != m_items.end() && isShown(**item)) {
             const int most = std::max(0, (*item)->sizeHint().width() - (*item)->minimumSize().width());
             given[widget] = std::min(missing, most);
             missing -= given[widget];
@@ -69,7 +71,7 @@ void RowLayout::setGeometry(const QRect& rect) {
     const Qt::LayoutDirection direction = parentWidget() ? parentWidget()->layoutDirection() : Qt::LeftToRight;
     int x = contents.left();
     for (const auto& item : m_items) {
-        if (!item->isEmpty()) {
+        if (isShown(*item)) {
             const QSize wanted = item->sizeHint();
             const int width = wanted.width() - given.value(item->widget());
             const int top = contents.top() + (contents.height() - wanted.height()) / 2;

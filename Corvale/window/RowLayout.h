@@ -29,7 +29,8 @@ public:
     void setGeometry(const QRect& rect) override;
 
 private:
-    bool givesWay(const QLayoutItem& item) const;
+    static bool isShown(QLayoutItem& item);
+    bool givesWay(QLayoutItem& item) const;
     template <typename SizeOf>
     QSize total(SizeOf sizeOf) const;
 

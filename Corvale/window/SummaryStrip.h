@@ -49,14 +49,14 @@ private:
     Theme& m_theme;
     SymbolLabel* m_verdict;
     std::array<Chip, 4> m_chips;
-    QWidget* m_notes;
     SymbolLabel* m_newColumns = nullptr;
     SymbolLabel* m_removedColumns = nullptr;
     SymbolLabel* m_orderChanged = nullptr;
     SymbolLabel* m_emptyKeys = nullptr;
     SymbolLabel* m_formatOnly = nullptr;
     Button* m_duplicates = nullptr;
-    DuplicateList* m_duplicateList = nullptr;
+    QWidget* m_notes;
+    DuplicateList* m_duplicateList;
 };
 
 }  // namespace corvale
