@@ -49,7 +49,7 @@ int FlowLayout::heightForWidth(int width) const {
 
 QSize FlowLayout::sizeHint() const {
     const QMargins margins = contentsMargins();
-    QSize size;
+    QSize size(0, 0);
     for (const auto& item : m_items) {
         if (!item->isEmpty()) {
             const QSize wanted = item->sizeHint();
@@ -61,7 +61,7 @@ QSize FlowLayout::sizeHint() const {
 }
 
 QSize FlowLayout::minimumSize() const {
-    QSize size;
+    QSize size(0, 0);
     for (const auto& item : m_items) {
         if (!item->isEmpty()) {
             size = size.expandedTo(item->minimumSize());

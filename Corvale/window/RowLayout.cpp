@@ -35,7 +35,7 @@ bool RowLayout::givesWay(QLayoutItem& item) const { return m_givingWay.contains(
 
 template <typename SizeOf>
 QSize RowLayout::total(SizeOf sizeOf) const {
-    QSize size;
+    QSize size(0, 0);
     for (const auto& item : m_items) {
         if (isShown(*item)) {
             const QSize part = sizeOf(*item);
@@ -43,7 +43,7 @@ QSize RowLayout::total(SizeOf sizeOf) const {
                     std::max(size.height(), part.height())};
         }
     }
-    return size.expandedTo({0, 0}).grownBy(contentsMargins());
+    return size.grownBy(contentsMargins());
 }
 
 QSize RowLayout::sizeHint() const {
