@@ -12,6 +12,7 @@ namespace {
 // A character takes three pixels or more, but marks piled on one may be many bytes.
 constexpr int pixelsPerCharacter = 3;
 constexpr std::size_t bytesPerCharacter = 8;
+constexpr qsizetype longestToolTip = 1000;
 
 void breakNoLine(QString& text) {
     for (QChar& character : text) {
@@ -41,6 +42,11 @@ QString shortened(std::string_view text, std::size_t characters) {
 
 QString onOneLine(std::string_view text, int width) {
     return shortened(text, static_cast<std::size_t>(std::max(width, 0) / pixelsPerCharacter) + 1);
+}
+
+QString toolTip(const QString& text) {
+    const QString shown = text.size() > longestToolTip ? text.first(longestToolTip) + u'…' : text;
+    return QStringLiteral("<p style=\"white-space:pre-wrap\">%1</p>").arg(shown.toHtmlEscaped());
 }
 
 }  // namespace corvale::CellText

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <cstddef>
 #include <string_view>
 
 // Texts of the core as the window shows them.
@@ -16,5 +17,8 @@ QString onOneLine(std::string_view text, int width);
 
 // The first `characters` on one line, then "…" where more follow.
 QString shortened(std::string_view text, std::size_t characters);
+
+// For a tooltip, which wraps it: rich text that shows this very text, cut where it would fill the screen.
+QString toolTip(const QString& text);
 
 }  // namespace corvale::CellText

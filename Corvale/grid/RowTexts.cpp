@@ -68,11 +68,15 @@ QString RowTexts::labelledNumber(const DiffResult& result, const DiffRow& row, S
     return (side == Side::before ? tr("Before: ") : tr("After: ")) + number(result, row, side);
 }
 
+QString RowTexts::labelledNumbers(const DiffResult& result, const DiffRow& row) {
+    return labelledNumber(result, row, Side::before) + tr(", ") + labelledNumber(result, row, Side::after);
+}
+
 QString RowTexts::title(const DiffResult& result, const DiffRow& row) {
     if (!result.match.isKey()) {
         return tr("Row %1").arg(result.rowNumber(row));
     }
-    return row.key.empty() ? tr("(blank key)") : CellText::whole(row.key);
+    return row.key.empty() ? blankKey() : CellText::whole(row.key);
 }
 
 QString RowTexts::summary(const DiffResult& result, const DiffRow& row) {
@@ -94,8 +98,7 @@ QString RowTexts::summary(const DiffResult& result, const DiffRow& row) {
 
 QString RowTexts::spoken(const DiffResult& result, const DiffRow& row) {
     QStringList parts{statusWord(row.status),
-                      labelledNumber(result, row, Side::before),
-                      labelledNumber(result, row, Side::after),
+                      labelledNumbers(result, row),
                       CellText::shortened(title(result, row).toStdString(), longestInSummary)};
     if (!row.changes.empty()) {
         parts += summary(result, row);
@@ -118,6 +121,38 @@ QString RowTexts::copied(const DiffResult& result, const DiffRow& row) {
     }
     return lines.join(u'\n');
 }
+
+QString RowTexts::cell(const GridCell& cell) {
+    switch (cell.kind) {
+        case GridCell::Kind::missing:
+            return notInThisFile();
+        case GridCell::Kind::plain:
+            return CellText::whole(cell.text);
+        case GridCell::Kind::changed:
+        case GridCell::Kind::formatOnly:
+            break;
+    }
+    const auto shown = [](std::string_view text) { return text.empty() ? emptyCell() : CellText::whole(text); };
+    switch (cell.side) {
+        case GridGeometry::CellSide::before:
+            return shown(cell.before);
+        case GridGeometry::CellSide::after:
+            return shown(cell.after);
+        case GridGeometry::CellSide::both:
+            break;
+    }
+    return tr("%1 to %2", "old and new value of a cell").arg(shown(cell.before), shown(cell.after));
+}
+
+QString RowTexts::heading(const DiffResult& result, const DiffRow& row, Side side) {
+    const auto number = result.rowNumber(side, row);
+    if (!number) {
+        return (side == Side::before ? tr("Before: ") : tr("After: ")) + notInThisFile();
+    }
+    return (side == Side::before ? tr("Before: row ") : tr("After: row ")) + QString::number(*number);
+}
+
+QString RowTexts::blankKey() { return tr("(blank key)"); }
 
 QString RowTexts::emptyCell() { return tr("(empty)"); }
 

@@ -2,9 +2,8 @@
 
 #include <QCoreApplication>
 #include <QString>
-#include <cstdint>
-#include <vector>
 
+#include "Corvale/grid/GridRow.h"
 #include "CorvaleKit/engine/DiffResult.h"
 
 namespace corvale {
@@ -23,6 +22,9 @@ public:
     // The same, labelled: "Before: 8".
     static QString labelledNumber(const DiffResult& result, const DiffRow& row, DuplicateKey::Side side);
 
+    // Both: "Before: 8, After: 8".
+    static QString labelledNumbers(const DiffResult& result, const DiffRow& row);
+
     // What the row is known by: its key, "(blank key)", or "Row 8" where rows are matched by their order.
     static QString title(const DiffResult& result, const DiffRow& row);
 
@@ -36,6 +38,9 @@ public:
     // A row for the clipboard: for each side that has it a line of its name, row number and cells in display order,
     // separated by tabs. A text with a tab, a line break or a quote in it stands in quotes.
     static QString copied(const DiffResult& result, const DiffRow& row);
+
+    // All that a cell has to show: its text, or "89.00 to 94.00" for one that shows a change.
+    static QString cell(const GridCell& cell);
 
     static QString emptyCell();      // "(empty)"
     static QString notInThisFile();  // "(not in this file)"

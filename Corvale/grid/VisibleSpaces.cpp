@@ -28,6 +28,15 @@ QChar visibleSpace(QChar character) {
     return Text::isSpace(unit) ? QChar(u'·') : character;
 }
 
+bool differOnlyInSpaces(std::string_view a, std::string_view b) {
+    const auto withoutSpaces = [](std::string_view text) {
+        QString kept = CellText::whole(text);
+        kept.removeIf([](QChar c) { return Text::isSpaceOrLineBreak(c.unicode()); });
+        return kept;
+    };
+    return withoutSpaces(a) == withoutSpaces(b);
+}
+
 VisibleSpaces VisibleSpaces::of(std::string_view original) {
     const QString plain = CellText::whole(original);
     VisibleSpaces visible;
