@@ -34,6 +34,7 @@ ProgressOverlay::ProgressOverlay(AppModel& model, Theme& theme, QWidget* covered
       m_bar(new ProgressBar(theme, this)),
       m_cancel(new QPushButton(tr("Cancel"), this)) {
     m_title->setFont(fontFor(TextRole::panelTitle));
+    setObjectName(QStringLiteral("progress"));
     m_delay.setSingleShot(true);
     covered->installEventFilter(this);
     hide();

@@ -12,9 +12,7 @@ namespace corvale::TestSupport {
 
 namespace {
 
-QString textOf(const QAction& action) {
-    return action.text().replace(QStringLiteral("&&"), QStringLiteral("&"));
-}
+QString textOf(const QAction& action) { return action.text().replace(QStringLiteral("&&"), QStringLiteral("&")); }
 
 QString described(const QAction& action) {
     const QString text = textOf(action);
@@ -94,7 +92,8 @@ QWidget* WindowTest::childNamed(const std::string& name) {
     // One that shows before one that does not: the two cards have parts of the same name.
     QWidget* found = nullptr;
     for (QWidget* widget : window.findChildren<QWidget*>()) {
-        if (widget->accessibleName() == QString::fromStdString(name) && (found == nullptr || (!found->isVisible() && widget->isVisible()))) {
+        if (widget->accessibleName() == QString::fromStdString(name) &&
+            (found == nullptr || (!found->isVisible() && widget->isVisible()))) {
             found = widget;
         }
     }

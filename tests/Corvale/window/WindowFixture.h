@@ -5,7 +5,6 @@
 #include <QMimeData>
 #include <QString>
 #include <QWidget>
-
 #include <memory>
 #include <string>
 #include <vector>

@@ -1,0 +1,67 @@
+// Takes pictures of every state of the window, in light and in dark. Argument: the folder to write them to; then the
+// names of scenes, for some of them alone.
+
+#include <QApplication>
+#include <QDir>
+#include <QLocale>
+#include <QPalette>
+#include <cstdio>
+
+#include "tests/Corvale/screenshots/Scenes.h"
+#include "tests/Corvale/screenshots/Stage.h"
+
+namespace {
+
+using namespace corvale;
+
+// As a desktop switches.
+void setDesktop(Scheme scheme) {
+    const bool isDark = scheme == Scheme::dark;
+    QPalette desktop;
+    desktop.setColor(QPalette::Window, isDark ? Qt::black : Qt::white);
+    desktop.setColor(QPalette::WindowText, isDark ? Qt::white : Qt::black);
+    QApplication::setPalette(desktop);
+    QApplication::processEvents();
+}
+
+bool take(const Screenshots::Scene& scene, Scheme scheme, Theme& theme, const QDir& folder) {
+    setDesktop(scheme);
+    Screenshots::Stage stage(theme, scene.size);
+    scene.setUp(stage);
+    const QString name = QString::fromStdString(scene.name) +
+                         (scheme == Scheme::dark ? QStringLiteral("-dark.png") : QStringLiteral(".png"));
+    return stage.picture().save(folder.filePath(name));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    QApplication application(argc, argv);
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() < 2) {
+        std::fputs("usage: corvale-screenshots FOLDER [SCENE...]\n", stderr);
+        return 2;
+    }
+    const QDir folder(arguments[1]);
+    if (!folder.mkpath(QStringLiteral("."))) {
+        std::fputs("corvale-screenshots: the folder cannot be made\n", stderr);
+        return 1;
+    }
+    Theme theme(application);
+    for (const Screenshots::Scene& scene : Screenshots::scenes()) {
+        if (arguments.size() > 2 && !arguments.mid(2).contains(QString::fromStdString(scene.name))) {
+            continue;
+        }
+        for (const Scheme scheme : {Scheme::light, Scheme::dark}) {
+            if (!take(scene, scheme, theme, folder)) {
+                std::fprintf(stderr, "corvale-screenshots: %s was not written\n", scene.name.c_str());
+                return 1;
+            }
+        }
+    }
+    return 0;
+}
