@@ -20,7 +20,7 @@ namespace corvale {
 namespace {
 
 using Place = GridGeometry::Place;
-using Side = DuplicateKey::Side;
+using RowSide = DuplicateKey::Side;
 
 constexpr int gutterWidth = static_cast<int>(GridLayout::numbersWidth) / 2;
 
@@ -126,7 +126,7 @@ QString DiffGrid::toolTipAt(const QPoint& position) const {
     const GridRow gridRow = row(*spot.line);
     if (position.x() < 2 * gutterWidth) {
         return RowTexts::labelledNumber(
-            gridRow.result(), gridRow.row(), position.x() < gutterWidth ? Side::before : Side::after);
+            gridRow.result(), gridRow.row(), position.x() < gutterWidth ? RowSide::before : RowSide::after);
     }
     return {};
 }

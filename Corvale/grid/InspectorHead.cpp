@@ -18,7 +18,7 @@ namespace corvale {
 
 namespace {
 
-using Side = DuplicateKey::Side;
+using RowSide = DuplicateKey::Side;
 
 constexpr int paddingX = FieldView::padding;
 constexpr int paddingTop = 11;
@@ -97,8 +97,8 @@ void InspectorHead::refresh() {
     const DiffRow row = result.rows[static_cast<std::size_t>(*m_model.selectedRow())];
     m_keyText = CellText::shortened(RowTexts::title(result, row).toStdString(), 1000);
     m_status->setText(RowTexts::statusWord(row.status));
-    m_before->setText(RowTexts::heading(result, row, Side::before));
-    m_after->setText(RowTexts::heading(result, row, Side::after));
+    m_before->setText(RowTexts::heading(result, row, RowSide::before));
+    m_after->setText(RowTexts::heading(result, row, RowSide::after));
     m_summary->setText(RowTexts::summary(result, row));
     m_summary->setVisible(!row.changes.empty());
     updateColors();
@@ -161,8 +161,8 @@ void InspectorHead::paintEvent(QPaintEvent*) {
     const qreal baseline = font.baseline(titlesTop, titlesHeight());
     painter.setFont(font.font());
     painter.setPen(palette.text2);
-    painter.drawText(QPointF(paddingX, baseline), RowTexts::sideName(Side::before));
-    painter.drawText(QPointF(FieldView::afterLeft(width()), baseline), RowTexts::sideName(Side::after));
+    painter.drawText(QPointF(paddingX, baseline), RowTexts::sideName(RowSide::before));
+    painter.drawText(QPointF(FieldView::afterLeft(width()), baseline), RowTexts::sideName(RowSide::after));
 }
 
 void InspectorHead::resizeEvent(QResizeEvent* event) {

@@ -16,7 +16,7 @@ namespace {
 
 using CellSide = GridGeometry::CellSide;
 using Place = GridGeometry::Place;
-using Side = DuplicateKey::Side;
+using RowSide = DuplicateKey::Side;
 
 constexpr int contentHeight = LinePainter::lineHeight - 1;
 constexpr int gutterWidth = 52;
@@ -26,7 +26,7 @@ constexpr int statusIcon = 16;
 constexpr int statusGap = 7;
 constexpr int gapWidth = static_cast<int>(GridLayout::gapWidth);
 constexpr int shadowWidth = 3;
-constexpr qreal shadowOpacity = 0.16;
+constexpr float shadowOpacity = 0.16F;
 constexpr qreal tintOfColoredHairline = 0.45;
 constexpr QSize tabSize(14, 21);
 constexpr int tabRadius = 5;
@@ -163,8 +163,8 @@ void LinePainter::paintPinned(QPainter& painter, const GridRow& line, int y, int
     if (pinned) {
         paintCell(painter, line, *pinned, y, scroll, state);
     }
-    paintNumber(painter, line, Side::before, {0, y, gutterWidth, contentHeight}, state.isSelected);
-    paintNumber(painter, line, Side::after, {gutterWidth, y, gutterWidth, contentHeight}, state.isSelected);
+    paintNumber(painter, line, RowSide::before, {0, y, gutterWidth, contentHeight}, state.isSelected);
+    paintNumber(painter, line, RowSide::after, {gutterWidth, y, gutterWidth, contentHeight}, state.isSelected);
     paintStatus(painter, line.row(), y);
     painter.fillRect(0, y + contentHeight, layout.viewportWidth(), 1, hairline(line));
 
@@ -177,7 +177,7 @@ void LinePainter::paintPinned(QPainter& painter, const GridRow& line, int y, int
     }
 }
 
-void LinePainter::paintNumber(QPainter& painter, const GridRow& line, Side side, const QRect& area,
+void LinePainter::paintNumber(QPainter& painter, const GridRow& line, RowSide side, const QRect& area,
                               bool isSelected) const {
     const Palette& palette = m_theme.palette();
     painter.fillRect(area.right(), area.top(), 1, area.height(), isSelected ? palette.accentLine : hairline(line));

@@ -42,7 +42,11 @@ public:
     // All that a cell has to show: its text, or "89.00 to 94.00" for one that shows a change.
     static QString cell(const GridCell& cell);
 
+    // The row number on a side as a heading, "Before: row 8" or "Before: (not in this file)".
+    static QString heading(const DiffResult& result, const DiffRow& row, DuplicateKey::Side side);
+
     static QString emptyCell();      // "(empty)"
+    static QString blankKey();       // "(blank key)"
     static QString notInThisFile();  // "(not in this file)"
     static QString sideName(DuplicateKey::Side side);
 };

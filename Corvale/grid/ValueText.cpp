@@ -105,20 +105,20 @@ int ValueText::heightIn(int width) {
 }
 
 QMimeData* ValueText::createMimeDataFromSelection() const {
-    auto* data = new QMimeData;
+    auto* selected = new QMimeData;
     const int begin = textCursor().selectionStart();
     const int end = textCursor().selectionEnd();
     if (m_value.isNote || begin >= end) {
-        return data;
+        return selected;
     }
     if (m_value.origins.empty()) {
-        data->setText(m_value.original.mid(begin, end - begin));
-        return data;
+        selected->setText(m_value.original.mid(begin, end - begin));
+        return selected;
     }
     const int from = m_value.origins[static_cast<std::size_t>(begin)];
     const int to = m_value.origins[static_cast<std::size_t>(end - 1)];
-    data->setText(m_value.original.mid(from, to - from + 1));
-    return data;
+    selected->setText(m_value.original.mid(from, to - from + 1));
+    return selected;
 }
 
 }  // namespace corvale
