@@ -27,9 +27,10 @@ public:
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
 
-private:
+    // What a line says of a key in one column.
     QString text(const DuplicateKey& duplicate, int column) const;
 
+private:
     AppModel& m_model;
     bool m_open = false;
 };

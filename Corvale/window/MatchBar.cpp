@@ -52,6 +52,7 @@ MatchBar::MatchBar(AppModel& model, Theme& theme, QWidget* parent)
     m_numberStyle->setHelp(
         tr("How the files write numbers: 1,234.56 or 1.234,56. Automatic follows the files (else this Mac’s region)."));
     m_ignoreColumns->setHelp(tr("Leave columns such as “Last updated” out of the comparison"));
+    setAccessibleName(tr("Matching"));
     layOut();
 
     for (const auto changed : {&AppModel::beforeChanged,
