@@ -1,6 +1,6 @@
 #include "Corvale/window/Button.h"
 
-#include <QFontMetrics>
+#include <QButtonGroup>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -144,6 +144,12 @@ QSize Button::sizeHint() const { return {widthWithText(m_textShown), metricsOf(m
 QSize Button::minimumSizeHint() const {
     const QSize whole = sizeHint();
     return m_narrowest > 0 ? QSize(std::min(m_narrowest, whole.width()), whole.height()) : whole;
+}
+
+void Button::nextCheckState() {
+    if (group() != nullptr) {
+        QAbstractButton::nextCheckState();
+    }
 }
 
 void Button::keyPressEvent(QKeyEvent* event) {

@@ -52,7 +52,8 @@ public:
     void setNarrowest(int width);
 
 protected:
-    void nextCheckState() override {}
+    // Of several in a group, Qt has the others give way.
+    void nextCheckState() override;
     // Return does what a click does, and so does Down where there is a menu.
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;

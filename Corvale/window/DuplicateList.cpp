@@ -24,6 +24,7 @@ namespace corvale {
 namespace {
 
 constexpr int listWidth = 420;
+constexpr int sideMargin = 16;
 constexpr int lineHeight = 29;
 constexpr int mostLinesShown = 10;
 constexpr int sideWidth = 78;
@@ -84,6 +85,7 @@ DuplicateList::DuplicateList(AppModel& model, Theme& theme, QWidget* parent)
     text->setFont(fontFor(TextRole::secondary));
     setLook(*text, Look::secondaryText);
     text->setWordWrap(true);
+    text->setFixedHeight(text->heightForWidth(listWidth - 2 * sideMargin));
 
     m_view->setModel(m_keys);
     m_view->setItemDelegate(new LineDelegate(theme, m_view));
@@ -105,7 +107,7 @@ DuplicateList::DuplicateList(AppModel& model, Theme& theme, QWidget* parent)
     m_view->setColumnWidth(DuplicateKeysTable::rows, rowsWidth);
 
     auto* const column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 14, 16, 8);
+    column->setContentsMargins(sideMargin, 14, sideMargin, 8);
     column->setSpacing(0);
     column->addWidget(title);
     column->addSpacing(4);

@@ -32,6 +32,8 @@ constexpr int narrowSide = 62;
 constexpr int sideSymbol = 20;
 constexpr int longestSheetName = 150;
 constexpr int narrowestSheetName = 48;
+constexpr int nameHeight = 20;
+constexpr int detailsHeight = 22;
 constexpr QSize busyBarSize(140, 4);
 
 }  // namespace
@@ -41,7 +43,8 @@ FileCard::FileCard(Side side, AppModel& model, Theme& theme, QWidget* parent)
       m_side(side),
       m_model(model),
       m_theme(theme),
-      m_sideBlock(new QSpacerItem(wideSide, 0, QSizePolicy::Fixed)), m_pages(new QStackedLayout),
+      m_sideBlock(new QSpacerItem(wideSide, 0, QSizePolicy::Fixed)),
+      m_pages(new QStackedLayout),
       m_emptyPage(makeEmptyPage()),
       m_loadingPage(makeLoadingPage()),
       m_loadedPage(makeLoadedPage()) {
@@ -70,7 +73,15 @@ QWidget* FileCard::makeEmptyPage() {
     m_invitation->setText(tr("Drop a file here"));
     auto* const formats = new ElidedLabel(TextRole::secondary, m_theme, page);
     formats->setText(tr("Excel (.xlsx), CSV or TSV"));
-    row->addLayout(linesOf(m_invitation, formats), 1);
+    m_invitation->setFixedHeight(nameHeight);
+    formats->setFixedHeight(detailsHeight);
+    auto* const lines = new QVBoxLayout;
+    lines->setSpacing(0);
+    lines->addStretch();
+    lines->addWidget(m_invitation);
+    lines->addWidget(formats);
+    lines->addStretch();
+    row->addLayout(lines, 1);
     auto* const choose = new Button(Button::Face::bordered, m_theme, page);
     choose->setLabel(tr("Choose…"));
     choose->setHelp(m_side == Side::before ? tr("Choose the older file") : tr("Choose the newer file"));
@@ -112,36 +123,25 @@ QWidget* FileCard::makeLoadedPage() {
     close->setAccessibleName(tr("Close this file"));
     connect(close, &Button::clicked, this, [this] { m_model.close(m_side); });
 
+    m_name->setFixedHeight(nameHeight);
+    details->setFixedHeight(detailsHeight);
     auto* const detailsRow = new RowLayout(2, details);
     detailsRow->addWidget(m_size);
     detailsRow->addItem(new QSpacerItem(6, 0));
     detailsRow->addWidget(m_sheet);
     detailsRow->addWidget(m_headerRow);
     detailsRow->setGivingWay({m_sheet, m_size});
-    auto* const row = new QHBoxLayout(page);
-    row->setContentsMargins(12, 0, 8, 0);
-    row->setSpacing(8);
-    row->addLayout(linesOf(m_name, details), 1);
-    // Level with the name.
-    auto* const corner = new QVBoxLayout;
-    corner->setContentsMargins(0, 7, 0, 0);
-    corner->addWidget(close);
-    corner->addStretch();
-    row->addLayout(corner);
-    return page;
-}
-
-// The two lines of a page, at the same heights on every page.
-QLayout* FileCard::linesOf(QWidget* first, QWidget* second) {
-    first->setFixedHeight(20);
-    second->setFixedHeight(22);
-    auto* const lines = new QVBoxLayout;
+    auto* const nameRow = new QHBoxLayout;
+    nameRow->setSpacing(8);
+    nameRow->addWidget(m_name, 1, Qt::AlignBottom);
+    nameRow->addWidget(close, 0, Qt::AlignTop);
+    auto* const lines = new QVBoxLayout(page);
+    lines->setContentsMargins(12, 7, 8, 0);
     lines->setSpacing(0);
+    lines->addLayout(nameRow);
+    lines->addWidget(details);
     lines->addStretch();
-    lines->addWidget(first);
-    lines->addWidget(second);
-    lines->addStretch();
-    return lines;
+    return page;
 }
 
 void FileCard::refresh() {

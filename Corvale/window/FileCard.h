@@ -44,7 +44,6 @@ private:
     QWidget* makeLoadingPage();
     QWidget* makeLoadedPage();
     void fillSheets(PopupMenu& menu);
-    QLayout* linesOf(QWidget* first, QWidget* second);
     bool isEmpty() const;
     int sideWidth() const;
 

@@ -16,7 +16,7 @@ namespace corvale {
 
 namespace {
 
-constexpr int alertWidth = 400;
+constexpr int textWidth = 356;
 
 }  // namespace
 
@@ -49,7 +49,7 @@ ProblemAlert::ProblemAlert(AppModel& model, Theme& theme, QWidget* parent)
 }
 
 void ProblemAlert::layOut() {
-    setFixedWidth(alertWidth);
+    m_text->setFixedWidth(textWidth);
     m_text->setTextFormat(Qt::PlainText);
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_text->setWordWrap(true);

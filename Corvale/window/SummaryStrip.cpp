@@ -59,7 +59,7 @@ SummaryStrip::SummaryStrip(AppModel& model, Theme& theme, QWidget* parent)
         flow->addWidget(chip.label);
     }
     flow->addWidget(m_notes);
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
 

@@ -74,6 +74,8 @@ Stage::Stage(Theme& theme, QSize size) {
     window = std::make_unique<MainWindow>(*model, platform, theme);
     window->resize(size);
     window->show();
+    window->activateWindow();
+    QApplication::processEvents();
 }
 
 void Stage::open(const DataTable& table, Side side, const std::string& name) {

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QLocale>
 #include <QPalette>
+#include <QTemporaryFile>
 #include <cstdio>
 
 #include "tests/Corvale/screenshots/Scenes.h"
@@ -24,6 +25,15 @@ void setDesktop(Scheme scheme) {
     QApplication::processEvents();
 }
 
+// A screen as large as windows and their menus need; the platform's own is 800 pixels wide.
+void useScreenlessPlatform(QTemporaryFile& screen) {
+    screen.open();
+    screen.write(R"({"screens": [{"name": "pictures", "x": 0, "y": 0, "width": 1920, "height": 1200,
+                                  "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+    screen.close();
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(screen.fileName()));
+}
+
 bool take(const Screenshots::Scene& scene, Scheme scheme, Theme& theme, const QDir& folder) {
     setDesktop(scheme);
     Screenshots::Stage stage(theme, scene.size);
@@ -36,8 +46,9 @@ bool take(const Screenshots::Scene& scene, Scheme scheme, Theme& theme, const QD
 }  // namespace
 
 int main(int argc, char** argv) {
+    QTemporaryFile screen;
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+        useScreenlessPlatform(screen);
     }
     QApplication application(argc, argv);
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));

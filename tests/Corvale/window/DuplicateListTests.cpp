@@ -1,11 +1,10 @@
-#include "Corvale/window/DuplicateList.h"
-
 #include <QAccessible>
 #include <QElapsedTimer>
 #include <QTableView>
 #include <QTest>
 
 #include "Corvale/window/DuplicateKeysTable.h"
+#include "Corvale/window/DuplicateList.h"
 #include "Corvale/window/SummaryStrip.h"
 #include "tests/Corvale/window/WindowFixture.h"
 

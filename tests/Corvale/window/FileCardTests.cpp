@@ -1,9 +1,8 @@
-#include "Corvale/window/FileCard.h"
-
 #include <QTemporaryDir>
 #include <QTest>
 
 #include "Corvale/window/ElidedLabel.h"
+#include "Corvale/window/FileCard.h"
 #include "Corvale/window/FilesBar.h"
 #include "Corvale/window/PopupMenu.h"
 #include "tests/Corvale/window/WindowFixture.h"
@@ -118,14 +117,22 @@ TEST_F(FileCardTest, TheHeaderRowMenuOffersTheFirstRows) {
     EXPECT_EQ(menu.label(), QStringLiteral("headers in row 3"));
     EXPECT_EQ(menu.toolTip(),
               QStringLiteral("Choose the row with the column names (when the file has a title above its table)"));
-    EXPECT_EQ(itemsOf(menu), (Items{"[Column names are in]", "✓ Automatic (row 3)", "Row 1: Stock in October",
-                                    "Row 3: ID, Name", "Row 4: 1, Pen"}));
+    EXPECT_EQ(itemsOf(menu),
+              (Items{"[Column names are in]",
+                     "✓ Automatic (row 3)",
+                     "Row 1: Stock in October",
+                     "Row 3: ID, Name",
+                     "Row 4: 1, Pen"}));
     pick(menu, "Row 4: 1, Pen");
     platform.settle();
     EXPECT_EQ(model.before()->headerRow, 4);
     EXPECT_EQ(menu.label(), QStringLiteral("headers in row 4"));
-    EXPECT_EQ(itemsOf(menu), (Items{"[Column names are in]", "Automatic (row 3)", "Row 1: Stock in October",
-                                    "Row 3: ID, Name", "✓ Row 4: 1, Pen"}));
+    EXPECT_EQ(itemsOf(menu),
+              (Items{"[Column names are in]",
+                     "Automatic (row 3)",
+                     "Row 1: Stock in October",
+                     "Row 3: ID, Name",
+                     "✓ Row 4: 1, Pen"}));
     pick(menu, "Automatic (row 3)");
     platform.settle();
     EXPECT_EQ(model.before()->headerRow, std::nullopt);
@@ -173,9 +180,10 @@ TEST_F(FileCardTest, ADragThatLeavesLeavesNoTrace) {
 
 TEST_F(FileCardTest, AFolderAndThreeFilesAreRefused) {
     const QTemporaryDir folder;
-    for (const std::vector<std::string>& paths :
-         {std::vector<std::string>{folder.path().toStdString()}, {"/one.csv", folder.path().toStdString()},
-          {"/one.csv", "/two.csv", "/three.csv"}, {}}) {
+    for (const std::vector<std::string>& paths : {std::vector<std::string>{folder.path().toStdString()},
+                                                  {"/one.csv", folder.path().toStdString()},
+                                                  {"/one.csv", "/two.csv", "/three.csv"},
+                                                  {}}) {
         EXPECT_FALSE(drop(card(Side::before), paths));
         EXPECT_FALSE(card(Side::before).targeted());
     }

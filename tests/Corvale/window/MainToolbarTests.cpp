@@ -1,7 +1,6 @@
-#include "Corvale/window/MainToolbar.h"
-
 #include <QTest>
 
+#include "Corvale/window/MainToolbar.h"
 #include "Corvale/window/PopupMenu.h"
 #include "Corvale/window/SearchField.h"
 #include "tests/Corvale/window/WindowFixture.h"
@@ -107,8 +106,9 @@ TEST_F(MainToolbarTest, AMenuOfAThousandColumnsFitsTheScreen) {
 TEST_F(MainToolbarTest, ExportMenuWritesReports) {
     compare(before, after);
     auto& report = button("Export Report");
-    EXPECT_EQ(report.toolTip(), QStringLiteral("Save the changes as an Excel workbook with highlighted cells, or as a "
-                                               "web page to share"));
+    EXPECT_EQ(report.toolTip(),
+              QStringLiteral("Save the changes as an Excel workbook with highlighted cells, or as a "
+                             "web page to share"));
     EXPECT_EQ(itemsOf(report), (Items{"Excel Report (.xlsx)…", "HTML Report…"}));
     pick(report, "HTML Report…");
     ASSERT_EQ(platform.savePanels.size(), 1U);
@@ -230,9 +230,7 @@ TEST_F(SearchFieldTest, TheCursorStaysWhereTheUserTypes) {
     EXPECT_EQ(field().cursorPosition(), 2);
 }
 
-TEST_F(SearchFieldTest, FilesDroppedOnItAreForTheWindow) {
-    EXPECT_FALSE(dragInto(field(), {"/other.csv"}));
-}
+TEST_F(SearchFieldTest, FilesDroppedOnItAreForTheWindow) { EXPECT_FALSE(dragInto(field(), {"/other.csv"})); }
 
 }  // namespace
 }  // namespace corvale

@@ -1,7 +1,6 @@
-#include "Corvale/window/MatchBar.h"
-
 #include <QTest>
 
+#include "Corvale/window/MatchBar.h"
 #include "Corvale/window/PopupMenu.h"
 #include "tests/Corvale/window/WindowFixture.h"
 
@@ -71,7 +70,8 @@ TEST_F(MatchBarTest, NumberStyleMenuNamesTheDetectedStyle) {
     pick(style, "Numbers like 1.234,56");
     EXPECT_EQ(options().numberStyle, NumberStyle::commaDecimal);
     EXPECT_EQ(style.label(), QStringLiteral("Numbers like 1.234,56"));
-    EXPECT_EQ(itemsOf(style), (Items{"Automatic (Numbers like 1,234.56)", "Numbers like 1,234.56", "✓ Numbers like 1.234,56"}));
+    EXPECT_EQ(itemsOf(style),
+              (Items{"Automatic (Numbers like 1,234.56)", "Numbers like 1,234.56", "✓ Numbers like 1.234,56"}));
     platform.settle();
     // A result that was told the style detected none.
     EXPECT_EQ(itemsOf(style), (Items{"Numbers: automatic", "Numbers like 1,234.56", "✓ Numbers like 1.234,56"}));
@@ -79,8 +79,12 @@ TEST_F(MatchBarTest, NumberStyleMenuNamesTheDetectedStyle) {
 
 TEST_F(MatchBarTest, IgnoreMenuCountsWhatIsOn) {
     comparePair();
-    EXPECT_EQ(itemsOf(ignore()), (Items{"[What doesn’t count as a change]", "Ignore case", "✓ Ignore extra spaces",
-                                        "Ignore number formatting", "✓ Ignore column order"}));
+    EXPECT_EQ(itemsOf(ignore()),
+              (Items{"[What doesn’t count as a change]",
+                     "Ignore case",
+                     "✓ Ignore extra spaces",
+                     "Ignore number formatting",
+                     "✓ Ignore column order"}));
     pick(ignore(), "Ignore extra spaces");
     EXPECT_EQ(ignoreName(), "Ignoring 1 of 4");
     pick(ignore(), "Ignore column order");
@@ -154,9 +158,10 @@ TEST_F(MatchBarTest, EveryMenuHasItsHelp) {
     EXPECT_EQ(button("Match rows by: ID (suggested)").accessibleDescription(),
               QStringLiteral("Rows with the same value in this column are compared with each other. Pick Row order for "
                              "files without an ID column."));
-    EXPECT_EQ(button("Automatic (Numbers like 1,234.56)").accessibleDescription(),
-              QStringLiteral("How the files write numbers: 1,234.56 or 1.234,56. Automatic follows the files (else this "
-                             "Mac’s region)."));
+    EXPECT_EQ(
+        button("Automatic (Numbers like 1,234.56)").accessibleDescription(),
+        QStringLiteral("How the files write numbers: 1,234.56 or 1.234,56. Automatic follows the files (else this "
+                       "Mac’s region)."));
     EXPECT_EQ(columns().accessibleDescription(),
               QStringLiteral("Leave columns such as “Last updated” out of the comparison"));
     ignore().menu()->open();

@@ -1,8 +1,7 @@
-#include "Corvale/window/SummaryStrip.h"
-
 #include <QTest>
 
 #include "Corvale/window/ChipLabel.h"
+#include "Corvale/window/SummaryStrip.h"
 #include "Corvale/window/SymbolLabel.h"
 #include "tests/Corvale/window/WindowFixture.h"
 
@@ -42,8 +41,10 @@ TEST_F(SummaryStripTest, ChipsCountTheRowsOfEachKind) {
 
 TEST_F(SummaryStripTest, ClickingAChipTwiceReturnsToAllChanges) {
     compare(before, after);
-    for (const auto& [name, show] : {std::pair("Added 2", Show::added), {"Removed 1", Show::removed},
-                                     {"Changed 2, 3 cells", Show::changed}, {"Unchanged 1", Show::all}}) {
+    for (const auto& [name, show] : {std::pair("Added 2", Show::added),
+                                     {"Removed 1", Show::removed},
+                                     {"Changed 2, 3 cells", Show::changed},
+                                     {"Unchanged 1", Show::all}}) {
         EXPECT_FALSE(chip(name).selected());
         click(name);
         EXPECT_EQ(shown(), show) << name;
@@ -98,16 +99,24 @@ TEST_F(SummaryStripTest, ANewColumnIsADifference) {
 TEST_F(SummaryStripTest, NotesTellWhatElseDiffers) {
     compare("ID,Old,Name,Price\n1,x,Pen,2\n2,x,Cup,3.0\n,x,Hat,5\n2,x,Cap,1\n",
             "ID,Price,Name,New,Newer\n1,2,pen,y,z\n2,3,Cup,y,z\n2,1,Cap,y,z\n");
-    for (const auto* note : {"2 new columns", "1 columns removed", "Column order changed", "1 rows with an empty key",
-                             "2 cells differ only in number format, case or spacing", "2 duplicate keys"}) {
+    for (const auto* note : {"2 new columns",
+                             "1 columns removed",
+                             "Column order changed",
+                             "1 rows with an empty key",
+                             "2 cells differ only in number format, case or spacing",
+                             "2 duplicate keys"}) {
         EXPECT_TRUE(shows(note)) << note;
     }
 }
 
 TEST_F(SummaryStripTest, NotesOfNothingAreAbsent) {
     compare("ID,Name\n1,Pen\n2,Cup\n", "ID,Name\n1,Pen\n2,Mug\n");
-    for (const auto* note : {"0 new columns", "0 columns removed", "Column order changed", "0 rows with an empty key",
-                             "0 cells differ only in number format, case or spacing", "0 duplicate keys"}) {
+    for (const auto* note : {"0 new columns",
+                             "0 columns removed",
+                             "Column order changed",
+                             "0 rows with an empty key",
+                             "0 cells differ only in number format, case or spacing",
+                             "0 duplicate keys"}) {
         EXPECT_FALSE(shows(note)) << note;
     }
 }
