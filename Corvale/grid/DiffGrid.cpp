@@ -253,7 +253,8 @@ void DiffGrid::paintLines(QPainter& painter, const QRect& area) {
     forEach([&](const GridRow& gridRow, int y, const LinePainter::State& state) {
         m_painter.paintPinned(painter, gridRow, y, scroll(), state);
     });
-    if (const auto selected = selectedLine()) {
+    const auto selected = selectedLine();
+    if (selected && *selected >= onScreen.begin && *selected < onScreen.end) {
         m_painter.paintSelection(painter, lineArea(*selected).top(), viewport()->width(), hasFocus());
     }
 }

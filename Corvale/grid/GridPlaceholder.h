@@ -29,7 +29,6 @@ private:
     class Picture;
 
     void updateFonts();
-    void updateColors();
 
     Subject m_subject;
     const Theme& m_theme;

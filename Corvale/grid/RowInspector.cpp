@@ -41,6 +41,9 @@ RowInspector::RowInspector(AppModel& model, Theme& theme, QWidget* parent)
     connect(&model, &AppModel::resultChanged, this, &RowInspector::refresh);
     connect(&model, &AppModel::selectedRowChanged, this, &RowInspector::showSelection);
     connect(&theme, &Theme::changed, this, &RowInspector::refresh);
+    connect(m_fields, &FieldList::fieldWidthChanged, m_head, [this] {
+        m_head->setFieldWidth(m_fields->viewport()->width());
+    });
     refresh();
 }
 
