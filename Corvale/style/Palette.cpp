@@ -10,7 +10,7 @@ QColor rgb(QRgb value) { return QColor(value); }
 
 QColor translucent(QRgb value, int percent) {
     QColor color(value);
-    color.setAlpha(255 * percent / 100);
+    color.setAlphaF(float(percent) / 100);
     return color;
 }
 

@@ -19,12 +19,13 @@ struct ChangeColors {
 };
 
 // The colours of the window. All are opaque but `veil` and `scrim`. Text keeps a contrast of 4.5 on everything that it
-// is put on (10 for `text`), marks and the borders of check boxes 3; the tests hold every tuned value to that.
+// is put on (10 for `text`, 7.7 on a button under the pointer), marks and the borders of check boxes 3; the tests hold
+// every tuned value to that.
 struct Palette {
     QColor window;    // menu bar, toolbar, files bar, match bar, dialogs
     QColor surface;   // cards, strip, grid, details
     QColor surface2;  // grid header, details head, scroll tracks, a row under the pointer
-    QColor menu;      // menus and tooltip-like frames over the window
+    QColor menu;      // menus, and frames that open like them
     QColor control;   // a button, then under the pointer, then pressed or with its menu open
     QColor controlHover;
     QColor controlPressed;
