@@ -97,7 +97,7 @@ GridPlaceholder::GridPlaceholder(Subject subject, const Theme& theme, QWidget* p
     layout->addWidget(m_picture, 0, Qt::AlignHCenter);
     layout->addSpacing(16);
     layout->addWidget(m_title);
-    layout->addSpacing(6);
+    layout->addSpacing(9);
     layout->addWidget(m_text);
     layout->addStretch();
     for (QLabel* label : {m_title, m_text}) {
@@ -116,6 +116,8 @@ void GridPlaceholder::setSubject(Subject subject) {
     m_text->setText(textOf(subject));
     m_picture->update();
 }
+
+QString GridPlaceholder::message() const { return titleOf(m_subject) + QStringLiteral(". ") + textOf(m_subject); }
 
 void GridPlaceholder::updateFonts() {
     m_title->setFont(fontFor(TextRole::stateTitle, font()));
