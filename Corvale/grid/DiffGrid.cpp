@@ -59,7 +59,7 @@ DiffGrid::DiffGrid(AppModel& model, Theme& theme, QWidget* parent)
     connect(&model, &AppModel::resultChanged, this, &DiffGrid::refresh);
     connect(&model, &AppModel::settingsChanged, this, &DiffGrid::refresh);
     connect(&model, &AppModel::visibleChanged, this, &DiffGrid::showVisibleRows);
-    connect(&model, &AppModel::filterChanged, this, &DiffGrid::showTop);
+    connect(&model, &AppModel::filterChanged, this, &DiffGrid::takeFilter);
     connect(&model, &AppModel::selectedRowChanged, this, &DiffGrid::showSelection);
     connect(&theme, &Theme::changed, this, &DiffGrid::applyTheme);
     refresh();
@@ -119,6 +119,7 @@ void DiffGrid::updatePlaceholder() {
     if (isEmpty) {
         m_placeholder->setSubject(reasonForNoRows(*m_model.result(), m_model.filter()));
     }
+    setAccessibleDescription(isEmpty ? m_placeholder->message() : QString());
     m_placeholder->setGeometry(viewport()->rect());
     m_placeholder->setVisible(isEmpty);
 }
@@ -127,10 +128,18 @@ void DiffGrid::showVisibleRows() {
     refresh();
     if (const auto line = selectedLine()) {
         ensureLineOnScreen(*line);
+    } else if (m_model.selectedRow()) {
+        verticalScrollBar()->setValue(0);
     }
 }
 
-void DiffGrid::showTop() { verticalScrollBar()->setValue(0); }
+void DiffGrid::takeFilter() {
+    // The list itself comes later, and only if it is another one.
+    updatePlaceholder();
+    if (!m_model.selectedRow()) {
+        verticalScrollBar()->setValue(0);
+    }
+}
 
 void DiffGrid::showSelection() {
     if (m_currentChange && m_model.selectedRow() != m_currentChange->row) {
@@ -253,7 +262,8 @@ void DiffGrid::paintLines(QPainter& painter, const QRect& area) {
     forEach([&](const GridRow& gridRow, int y, const LinePainter::State& state) {
         m_painter.paintPinned(painter, gridRow, y, scroll(), state);
     });
-    if (const auto selected = selectedLine()) {
+    const auto selected = selectedLine();
+    if (selected && *selected >= onScreen.begin && *selected < onScreen.end) {
         m_painter.paintSelection(painter, lineArea(*selected).top(), viewport()->width(), hasFocus());
     }
 }

@@ -96,7 +96,7 @@ private:
     void updatePlaceholder();
     void showSelection();
     void showVisibleRows();
-    void showTop();
+    void takeFilter();
     void applyTheme();
 
     int scroll() const;

@@ -44,11 +44,12 @@ FieldView* FieldList::view(std::size_t field) const {
 }
 
 void FieldList::estimateHeights() {
+    const FieldView::Fonts fonts(font());
     const auto row = m_model.selectedRow();
     m_heights.assign(m_model.result() && row ? m_model.result()->columns.size() : 0, 0);
     for (std::size_t field = 0; field < m_heights.size(); ++field) {
         m_heights[field] = FieldView::estimatedHeight(
-            font(), RowField::of(*m_model.result(), *m_columns, *row, field), viewport()->width());
+            fonts, RowField::of(*m_model.result(), *m_columns, *row, field), viewport()->width());
     }
     sumHeights();
 }
@@ -184,6 +185,7 @@ void FieldList::paintEvent(QPaintEvent*) {
 
 void FieldList::resizeEvent(QResizeEvent* event) {
     QAbstractScrollArea::resizeEvent(event);
+    Q_EMIT fieldWidthChanged();
     if (m_columns && !m_isLayingOut) {
         estimateHeights();
         updateScrollBar();

@@ -30,6 +30,10 @@ public:
     // How many views there are, shown or kept for later.
     std::size_t viewCount() const { return m_views.size() + m_spare.size(); }
 
+Q_SIGNALS:
+    // The fields got another width, which is that of the viewport.
+    void fieldWidthChanged();
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;

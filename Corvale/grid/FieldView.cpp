@@ -33,11 +33,11 @@ QFont nameFont(const QFont& base, bool isChanged) {
     return font;
 }
 
-int nameHeight(const QFont& base) { return QFontMetrics(fontFor(TextRole::caption, base)).height() + 1; }
+int nameHeight(const QFont& font) { return QFontMetrics(font).height() + 1; }
 
 int valueWidth(int width) { return std::max(1, (width - 2 * FieldView::padding - arrowColumn) / 2); }
 
-int heightAround(const QFont& base) { return 2 * paddingY + nameHeight(base) + nameGap + hairline; }
+int heightAround(const QFont& nameFont) { return 2 * paddingY + nameHeight(nameFont) + nameGap + hairline; }
 
 ValueText::Look lookOf(const Palette& palette, const RowField& field, const FieldValue& value, bool isAfter) {
     ValueText::Look look;
@@ -81,27 +81,30 @@ void FieldView::setField(const RowField& field) {
 int FieldView::heightIn(int width) {
     const int column = valueWidth(width);
     const int values = std::max(m_before->heightIn(column), m_after->heightIn(column));
-    const int top = paddingY + nameHeight(font()) + nameGap;
+    const int top = paddingY + nameHeight(nameFont(font(), true)) + nameGap;
     m_before->setGeometry(padding, top, column, values);
     m_after->setGeometry(afterLeft(width), top, column, values);
-    return heightAround(font()) + values;
+    return heightAround(nameFont(font(), true)) + values;
 }
 
 int FieldView::afterLeft(int width) { return padding + valueWidth(width) + arrowColumn; }
 
-int FieldView::estimatedHeight(const QFont& base, const RowField& field, int width) {
+FieldView::Fonts::Fonts(const QFont& base)
+    : name(fontFor(TextRole::caption, base)),
+      plain(fontFor(TextRole::body, base)),
+      bold(fontFor(TextRole::bodyBold, base)) {}
+
+int FieldView::estimatedHeight(const Fonts& fonts, const RowField& field, int width) {
     const int column = valueWidth(width);
-    const QFont bold = fontFor(TextRole::bodyBold, base);
-    const QFont plain = fontFor(TextRole::body, base);
-    const QFont& afterFont = field.kind == RowField::Kind::changed ? bold : plain;
-    const int before = ValueText::estimatedHeight(plain, FieldValue::before(field).text, column);
+    const QFont& afterFont = field.kind == RowField::Kind::changed ? fonts.bold : fonts.plain;
+    const int before = ValueText::estimatedHeight(fonts.plain, FieldValue::before(field).text, column);
     const int after = ValueText::estimatedHeight(afterFont, FieldValue::after(field).text, column);
-    return heightAround(base) + std::max(before, after);
+    return heightAround(fonts.name) + std::max(before, after);
 }
 
 QRect FieldView::nameArea() const {
     const int left = padding + (m_field.isKey ? keyIcon + keyGap : 0);
-    return {left, paddingY, std::max(0, width() - left - padding), nameHeight(font())};
+    return {left, paddingY, std::max(0, width() - left - padding), nameHeight(nameFont(font(), true))};
 }
 
 void FieldView::paintEvent(QPaintEvent*) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFont>
 #include <QWidget>
 
 #include "Corvale/grid/RowField.h"
@@ -14,6 +15,13 @@ class FieldView : public QWidget {
     Q_OBJECT
 
 public:
+    struct Fonts {
+        explicit Fonts(const QFont& base);
+        QFont name;
+        QFont plain;
+        QFont bold;
+    };
+
     // The theme outlives the view.
     FieldView(const Theme& theme, QWidget* parent);
 
@@ -24,7 +32,7 @@ public:
     ValueText& after() { return *m_after; }
 
     // The height that a field will have, near enough to scroll by.
-    static int estimatedHeight(const QFont& base, const RowField& field, int width);
+    static int estimatedHeight(const Fonts& fonts, const RowField& field, int width);
     // Where the After values begin, from the left of a field of that width.
     static int afterLeft(int width);
     static constexpr int padding = 14;

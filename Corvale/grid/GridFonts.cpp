@@ -20,6 +20,16 @@ QFont sized(const QFont& base, qreal pixelsAtBase, QFont::Weight weight) {
     return font;
 }
 
+// A family whose digits are wide, such as the one that every system has, is narrowed rather than cut everywhere.
+QFont narrowed(QFont font, bool isScaled) {
+    constexpr qreal wideDigit = 0.625;
+    const qreal digit = QFontMetricsF(font).horizontalAdvance(u'0') / QFontInfo(font).pixelSize();
+    if (isScaled && digit > wideDigit) {
+        font.setStretch(QFont::SemiCondensed);
+    }
+    return font;
+}
+
 QFont tightened(QFont font, bool isTight) {
     if (isTight) {
         font.setLetterSpacing(QFont::PercentageSpacing, tightSpacing);
@@ -46,17 +56,18 @@ qreal GridFont::baseline(qreal top, qreal height) const {
 }
 
 GridFonts::GridFonts(const QFont& base, ViewMode view, bool isScaled)
-    : cell(sized(base, cellPixels(view), QFont::Normal)),
-      newValue(sized(base, cellPixels(view), QFont::Bold)),
-      key(tightened(sized(base, cellPixels(view), view == ViewMode::unified ? QFont::Medium : QFont::Normal),
-                    isScaled)),
+    : cell(narrowed(sized(base, cellPixels(view), QFont::Normal), isScaled)),
+      newValue(narrowed(sized(base, cellPixels(view), QFont::Bold), isScaled)),
+      key(tightened(
+          narrowed(sized(base, cellPixels(view), view == ViewMode::unified ? QFont::Medium : QFont::Normal), isScaled),
+          isScaled)),
       number(sized(base, 11.5, QFont::Normal)),
       longNumber(sized(base, 9, QFont::Normal)),
       selectedNumber(sized(base, 11.5, QFont::DemiBold)),
       status(sized(base, 13, QFont::Medium)),
       unchangedStatus(sized(base, 13, QFont::Normal)),
-      header(sized(base, 12, QFont::DemiBold)),
-      headerNote(sized(base, 12, QFont::Normal)),
+      header(narrowed(sized(base, 12, QFont::DemiBold), isScaled)),
+      headerNote(narrowed(sized(base, 12, QFont::Normal), isScaled)),
       sideTitle(sized(base, 12, QFont::DemiBold)) {}
 
 }  // namespace corvale

@@ -84,7 +84,9 @@ void GridHeader::paintEvent(QPaintEvent*) {
     }
     paintLeadingBlock(painter);
     painter.fillRect(0, height() - 1, width(), 1, palette.border);
-    LinePainter::paintEdges(painter, palette.border, m_contents.layout, m_scroll, height());
+    if (!m_model.visible().empty()) {
+        LinePainter::paintEdges(painter, palette.border, m_contents.layout, m_scroll, height());
+    }
 }
 
 void GridHeader::paintSideTitles(QPainter& painter) const {

@@ -3,10 +3,10 @@
 #include <QEvent>
 #include <QLabel>
 #include <QPainter>
-#include <QPalette>
 #include <QVBoxLayout>
 
 #include "Corvale/grid/GridDrawing.h"
+#include "Corvale/style/Look.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/style/Typography.h"
 
@@ -17,7 +17,6 @@ namespace {
 constexpr int pictureSize = 64;
 constexpr int pictureRadius = 16;
 constexpr int symbolSize = 34;
-constexpr int mostTextWidth = 500;
 constexpr int liftedBy = 96;  // the middle that the eye takes is above that of the pane
 
 QString symbolOf(GridPlaceholder::Subject subject) {
@@ -98,18 +97,16 @@ GridPlaceholder::GridPlaceholder(Subject subject, const Theme& theme, QWidget* p
     layout->addWidget(m_picture, 0, Qt::AlignHCenter);
     layout->addSpacing(16);
     layout->addWidget(m_title);
-    layout->addSpacing(6);
-    layout->addWidget(m_text, 0, Qt::AlignHCenter);
+    layout->addSpacing(9);
+    layout->addWidget(m_text);
     layout->addStretch();
     for (QLabel* label : {m_title, m_text}) {
         label->setAlignment(Qt::AlignHCenter);
         label->setTextFormat(Qt::PlainText);
         label->setWordWrap(true);
     }
-    m_text->setMaximumWidth(mostTextWidth);
-    connect(&theme, &Theme::changed, this, &GridPlaceholder::updateColors);
+    setLook(*m_text, Look::secondaryText);
     updateFonts();
-    updateColors();
     setSubject(subject);
 }
 
@@ -117,22 +114,14 @@ void GridPlaceholder::setSubject(Subject subject) {
     m_subject = subject;
     m_title->setText(titleOf(subject));
     m_text->setText(textOf(subject));
-    m_text->setMinimumWidth(std::min(mostTextWidth, m_text->fontMetrics().horizontalAdvance(textOf(subject)) / 2 + 32));
     m_picture->update();
 }
+
+QString GridPlaceholder::message() const { return titleOf(m_subject) + QStringLiteral(". ") + textOf(m_subject); }
 
 void GridPlaceholder::updateFonts() {
     m_title->setFont(fontFor(TextRole::stateTitle, font()));
     m_text->setFont(fontFor(TextRole::body, font()));
-}
-
-void GridPlaceholder::updateColors() {
-    QPalette colors = palette();
-    colors.setColor(QPalette::WindowText, m_theme.palette().text);
-    m_title->setPalette(colors);
-    colors.setColor(QPalette::WindowText, m_theme.palette().text2);
-    m_text->setPalette(colors);
-    m_picture->update();
 }
 
 void GridPlaceholder::changeEvent(QEvent* event) {

@@ -21,6 +21,8 @@ public:
 
     void setSubject(Subject subject);
     Subject subject() const { return m_subject; }
+    // Title and sentence, to be read out.
+    QString message() const;
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -29,7 +31,6 @@ private:
     class Picture;
 
     void updateFonts();
-    void updateColors();
 
     Subject m_subject;
     const Theme& m_theme;

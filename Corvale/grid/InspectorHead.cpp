@@ -4,11 +4,13 @@
 #include <QLabel>
 #include <QPainter>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "Corvale/grid/CellText.h"
 #include "Corvale/grid/FieldView.h"
 #include "Corvale/grid/GridFonts.h"
 #include "Corvale/grid/RowTexts.h"
+#include "Corvale/grid/ValueText.h"
 #include "Corvale/model/AppModel.h"
 #include "Corvale/style/Icons.h"
 #include "Corvale/style/Theme.h"
@@ -24,6 +26,7 @@ constexpr int paddingX = FieldView::padding;
 constexpr int paddingTop = 11;
 constexpr int paddingBottom = 10;
 constexpr int statusIcon = 14;
+constexpr int mostSummaryLines = 8;
 constexpr int titlePadding = 12;  // above and below the titles together
 
 QColor statusColor(const Palette& palette, DiffRow::Status status) {
@@ -57,15 +60,15 @@ InspectorHead::InspectorHead(AppModel& model, const Theme& theme, QWidget* paren
       m_status(new QLabel(this)),
       m_before(new QLabel(this)),
       m_after(new QLabel(this)),
-      m_summary(new QLabel(this)) {
-    for (QLabel* label : {m_key, m_status, m_before, m_after, m_summary}) {
+      m_summary(new ValueText(this)) {
+    for (QLabel* label : {m_key, m_status, m_before, m_after}) {
         label->setTextFormat(Qt::PlainText);
     }
-    for (QLabel* label : {m_before, m_after, m_summary}) {
+    for (QLabel* label : {m_before, m_after}) {
         label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     }
     m_key->setMinimumWidth(1);
-    m_summary->setWordWrap(true);
+    m_summary->setAccessibleName(tr("Changes"));
     connect(&theme, &Theme::changed, this, &InspectorHead::updateColors);
     updateFonts();
     addRows();
@@ -99,9 +102,9 @@ void InspectorHead::refresh() {
     m_status->setText(RowTexts::statusWord(row.status));
     m_before->setText(RowTexts::heading(result, row, RowSide::before));
     m_after->setText(RowTexts::heading(result, row, RowSide::after));
-    m_summary->setText(RowTexts::summary(result, row));
     m_summary->setVisible(!row.changes.empty());
     updateColors();
+    fitSummary();
     elideKey();
 }
 
@@ -111,7 +114,7 @@ QString InspectorHead::beforeNumber() const { return m_before->text(); }
 
 QString InspectorHead::afterNumber() const { return m_after->text(); }
 
-QString InspectorHead::summary() const { return m_summary->text(); }
+QString InspectorHead::summary() const { return m_summary->toPlainText(); }
 
 void InspectorHead::elideKey() {
     const QString shown = m_key->fontMetrics().elidedText(m_keyText, Qt::ElideMiddle, m_key->width());
@@ -133,15 +136,29 @@ void InspectorHead::updateFonts() {
 void InspectorHead::updateColors() {
     const Palette& palette = m_theme.palette();
     setColor(*m_key, palette.text);
-    setColor(*m_summary, palette.text);
     setColor(*m_before, palette.text2);
     setColor(*m_after, palette.text2);
     if (m_model.result() && m_model.selectedRow()) {
         const DiffRow row = m_model.result()->rows[static_cast<std::size_t>(*m_model.selectedRow())];
         const QColor color = statusColor(palette, row.status);
         setColor(*m_status, color);
+        FieldValue summary;
+        summary.text = summary.original = RowTexts::summary(*m_model.result(), row);
+        ValueText::Look look;
+        look.color = palette.text;
+        m_summary->setValue(summary, look);
         m_symbol->setPixmap(Icons::pixmap(RowTexts::statusSymbol(row.status), color, statusIcon, devicePixelRatioF()));
     }
+    update();
+}
+
+void InspectorHead::fitSummary() {
+    const int most = mostSummaryLines * ValueText::lineHeight(m_summary->font());
+    m_summary->setFixedHeight(std::min(most, m_summary->heightIn(width() - 2 * paddingX)));
+}
+
+void InspectorHead::setFieldWidth(int width) {
+    m_fieldWidth = width;
     update();
 }
 
@@ -162,12 +179,13 @@ void InspectorHead::paintEvent(QPaintEvent*) {
     painter.setFont(font.font());
     painter.setPen(palette.text2);
     painter.drawText(QPointF(paddingX, baseline), RowTexts::sideName(RowSide::before));
-    painter.drawText(QPointF(FieldView::afterLeft(width()), baseline), RowTexts::sideName(RowSide::after));
+    painter.drawText(QPointF(FieldView::afterLeft(m_fieldWidth), baseline), RowTexts::sideName(RowSide::after));
 }
 
 void InspectorHead::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     elideKey();
+    fitSummary();
 }
 
 void InspectorHead::changeEvent(QEvent* event) {

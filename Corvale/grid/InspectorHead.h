@@ -8,6 +8,7 @@ namespace corvale {
 
 class AppModel;
 class Theme;
+class ValueText;
 
 // What row is selected: its key and status, its numbers, what changed in a line; and the titles of the two columns
 // below.
@@ -20,6 +21,8 @@ public:
 
     // There is a selected row.
     void refresh();
+    // That of the fields below, which a scroll bar may narrow.
+    void setFieldWidth(int width);
 
     QString key() const { return m_keyText; }
     QString status() const;
@@ -37,6 +40,7 @@ private:
     void updateFonts();
     void updateColors();
     void elideKey();
+    void fitSummary();
     int titlesHeight() const;
 
     AppModel& m_model;
@@ -47,7 +51,8 @@ private:
     QLabel* m_status;
     QLabel* m_before;
     QLabel* m_after;
-    QLabel* m_summary;
+    ValueText* m_summary;
+    int m_fieldWidth = 0;
 };
 
 }  // namespace corvale

@@ -21,6 +21,7 @@ using RowSide = DuplicateKey::Side;
 constexpr int contentHeight = LinePainter::lineHeight - 1;
 constexpr int gutterWidth = 52;
 constexpr int gutterPadding = 7;
+constexpr int widestNumber = 41;  // beside the bar of the selected line
 constexpr int statusLeft = static_cast<int>(GridLayout::numbersWidth) + 11;
 constexpr int statusIcon = 16;
 constexpr int statusGap = 7;
@@ -85,7 +86,7 @@ CellPainter::Style LinePainter::cellStyle(const GridRow& line, std::size_t cell)
     CellPainter::Style style;
     style.view = line.layout().view();
     style.isKey = m_contents.columns.isKey(line.layout().cells()[cell].column);
-    style.isQuiet = line.row().status == DiffRow::Status::same && !(style.isKey && !line.sideBySide());
+    style.isQuiet = line.row().status == DiffRow::Status::same;
     return style;
 }
 
@@ -183,13 +184,20 @@ void LinePainter::paintNumber(QPainter& painter, const GridRow& line, RowSide si
     painter.fillRect(area.right(), area.top(), 1, area.height(), isSelected ? palette.accentLine : hairline(line));
     const bool isThere = line.result().rowNumber(side, line.row()).has_value();
     const QString text = RowTexts::number(line.result(), line.row(), side);
-    const qreal room = area.width() - 1 - gutterPadding;
-    const GridFont& wanted = isSelected ? m_contents.fonts.selectedNumber : m_contents.fonts.number;
-    const GridFont& font = wanted.width(text) <= room ? wanted : m_contents.fonts.longNumber;
-    const QString shown = font.elided(text, room, Qt::ElideLeft);
+    const int right = area.right() - gutterPadding;
+    const GridFont& font = numberFont(text, isSelected);
+    const QString shown = font.elided(text, widestNumber, Qt::ElideLeft);
     painter.setFont(font.font());
     painter.setPen(!isThere ? palette.text3 : isSelected ? palette.text : palette.text2);
-    painter.drawText(QPointF(area.left() + room - font.width(shown), font.baseline(area.top(), area.height())), shown);
+    painter.drawText(QPointF(right - font.width(shown), font.baseline(area.top(), area.height())), shown);
+}
+
+const GridFont& LinePainter::numberFont(const QString& text, bool isSelected) const {
+    const GridFonts& fonts = m_contents.fonts;
+    if (isSelected && fonts.selectedNumber.width(text) <= widestNumber) {
+        return fonts.selectedNumber;
+    }
+    return fonts.number.width(text) <= widestNumber ? fonts.number : fonts.longNumber;
 }
 
 void LinePainter::paintStatus(QPainter& painter, const DiffRow& row, int y) const {

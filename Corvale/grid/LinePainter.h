@@ -58,6 +58,7 @@ private:
     void paintCell(QPainter& painter, const GridRow& line, std::size_t cell, int y, int scroll, const State& state);
     void paintNumber(QPainter& painter, const GridRow& line, DuplicateKey::Side side, const QRect& area,
                      bool isSelected) const;
+    const GridFont& numberFont(const QString& text, bool isSelected) const;
     void paintStatus(QPainter& painter, const DiffRow& row, int y) const;
     void paintTab(QPainter& painter, GridGeometry::Place side, const QRect& area);
 

@@ -27,12 +27,11 @@ RowInspector::RowInspector(AppModel& model, Theme& theme, QWidget* parent)
     m_head = new InspectorHead(model, theme, details);
     m_fields = new FieldList(model, theme, details);
     auto* column = new QVBoxLayout(details);
-    column->setContentsMargins(0, 0, 0, 0);
+    column->setContentsMargins(edgeWidth, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(m_head);
     column->addWidget(m_fields, 1);
     m_placeholder = new GridPlaceholder(GridPlaceholder::Subject::noRowSelected, theme, this);
-    m_pages->setContentsMargins(edgeWidth, 0, 0, 0);
     m_pages->addWidget(m_placeholder);
     m_pages->addWidget(details);
     setMinimumWidth(Metrics::detailsWidthMin);
@@ -41,6 +40,9 @@ RowInspector::RowInspector(AppModel& model, Theme& theme, QWidget* parent)
     connect(&model, &AppModel::resultChanged, this, &RowInspector::refresh);
     connect(&model, &AppModel::selectedRowChanged, this, &RowInspector::showSelection);
     connect(&theme, &Theme::changed, this, &RowInspector::refresh);
+    connect(m_fields, &FieldList::fieldWidthChanged, m_head, [this] {
+        m_head->setFieldWidth(m_fields->viewport()->width());
+    });
     refresh();
 }
 

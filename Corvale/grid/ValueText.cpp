@@ -84,6 +84,7 @@ void ValueText::setValue(const FieldValue& value, const Look& look) {
         format.setUnderlineColor(look.color);
     }
     QTextBlockFormat block;
+    block.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
     block.setLineHeight(lineHeight(font()), QTextBlockFormat::FixedHeight);
     clear();
     QTextCursor cursor(document());
