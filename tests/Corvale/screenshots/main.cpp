@@ -11,9 +11,8 @@
 #include "tests/Corvale/screenshots/Scenes.h"
 #include "tests/Corvale/screenshots/Stage.h"
 
+namespace corvale::Screenshots {
 namespace {
-
-using namespace corvale;
 
 // As a desktop switches.
 void setDesktop(Scheme scheme) {
@@ -34,9 +33,9 @@ void useScreenlessPlatform(QTemporaryFile& screen) {
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(screen.fileName()));
 }
 
-bool take(const Screenshots::Scene& scene, Scheme scheme, Theme& theme, const QDir& folder) {
+bool take(const Scene& scene, Scheme scheme, Theme& theme, const QDir& folder) {
     setDesktop(scheme);
-    Screenshots::Stage stage(theme, scene.size);
+    Stage stage(theme, scene.size);
     scene.setUp(stage);
     const QString name = QString::fromStdString(scene.name) +
                          (scheme == Scheme::dark ? QStringLiteral("-dark.png") : QStringLiteral(".png"));
@@ -44,11 +43,12 @@ bool take(const Screenshots::Scene& scene, Scheme scheme, Theme& theme, const QD
 }
 
 }  // namespace
+}  // namespace corvale::Screenshots
 
 int main(int argc, char** argv) {
     QTemporaryFile screen;
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        useScreenlessPlatform(screen);
+        corvale::Screenshots::useScreenlessPlatform(screen);
     }
     QApplication application(argc, argv);
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
@@ -62,13 +62,13 @@ int main(int argc, char** argv) {
         std::fputs("corvale-screenshots: the folder cannot be made\n", stderr);
         return 1;
     }
-    Theme theme(application);
-    for (const Screenshots::Scene& scene : Screenshots::scenes()) {
+    corvale::Theme theme(application);
+    for (const corvale::Screenshots::Scene& scene : corvale::Screenshots::scenes()) {
         if (arguments.size() > 2 && !arguments.mid(2).contains(QString::fromStdString(scene.name))) {
             continue;
         }
-        for (const Scheme scheme : {Scheme::light, Scheme::dark}) {
-            if (!take(scene, scheme, theme, folder)) {
+        for (const auto scheme : {corvale::Scheme::light, corvale::Scheme::dark}) {
+            if (!corvale::Screenshots::take(scene, scheme, theme, folder)) {
                 std::fprintf(stderr, "corvale-screenshots: %s was not written\n", scene.name.c_str());
                 return 1;
             }

@@ -1,5 +1,6 @@
 #include <QTemporaryDir>
 #include <QTest>
+#include <stdexcept>
 
 #include "Corvale/window/ElidedLabel.h"
 #include "Corvale/window/FileCard.h"
@@ -41,8 +42,7 @@ protected:
                 return *found;
             }
         }
-        ADD_FAILURE() << "nothing named " << name;
-        std::abort();
+        throw std::runtime_error("nothing named " + name);
     }
     bool cardShows(Side side, const std::string& name) {
         for (const auto* widget : card(side).findChildren<QWidget*>()) {

@@ -7,7 +7,6 @@
 namespace corvale {
 namespace {
 
-using testing::ElementsAre;
 using TestSupport::itemsOf;
 using TestSupport::pick;
 using TestSupport::WindowTest;

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QWidget>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -40,13 +41,12 @@ protected:
     // Reads one file.
     void open(const std::string& text, Side side, const std::string& name = "before.csv");
 
-    // The child with this accessible name; a failure when there is none or it is another kind of widget.
+    // The child with this accessible name; throws when there is none or it is another kind of widget.
     template <typename Widget>
     Widget& named(const std::string& name) {
         auto* const widget = dynamic_cast<Widget*>(childNamed(name));
         if (widget == nullptr) {
-            ADD_FAILURE() << "no widget named " << name << " among:\n" << names();
-            std::abort();
+            throw std::runtime_error("no widget named " + name + " among:\n" + names());
         }
         return *widget;
     }
