@@ -145,6 +145,11 @@ QSize ControlStyle::sizeFromContents(ContentsType type, const QStyleOption* opti
     if (type != CT_MenuItem || item == nullptr) {
         return QProxyStyle::sizeFromContents(type, option, contents, widget);
     }
+    if (item->menuItemType == QStyleOptionMenuItem::Separator && !item->text.isEmpty()) {
+        // The menu knows nothing of what a separator says.
+        const int text = QFontMetrics(fontFor(TextRole::caption, item->font)).horizontalAdvance(item->text);
+        return {Metrics::menuTextLeft + text + Metrics::menuTextRight, menuItemHeight(*item, item->fontMetrics.height())};
+    }
     // The menu itself adds the width of its longest shortcut.
     const int gap = item->text.contains(u'\t') ? Metrics::menuShortcutGap : 0;
     return {Metrics::menuTextLeft + contents.width() + gap + Metrics::menuTextRight,
@@ -155,6 +160,7 @@ int ControlStyle::styleHint(StyleHint hint, const QStyleOption* option, const QW
                             QStyleHintReturn* returned) const {
     switch (hint) {
         case SH_Menu_SupportsSections:
+        case SH_Menu_Scrollable:  // or hundreds of columns would become a wall of items, cut off at the screen's edge
         case SH_FocusFrame_AboveWidget:
             return 1;
         case SH_FocusFrame_Mask:  // the ring of a check box lies within it

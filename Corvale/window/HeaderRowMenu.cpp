@@ -11,6 +11,7 @@ HeaderRowMenu::HeaderRowMenu(Side side, AppModel& model, Theme& theme, QWidget* 
     setHelp(tr("Choose the row with the column names (when the file has a title above its table)"));
     setMenu(new PopupMenu(
         PopupMenu::Ticking::closes, [this](PopupMenu& menu) { fill(menu); }, theme, this));
+    refresh();
 }
 
 void HeaderRowMenu::refresh() {

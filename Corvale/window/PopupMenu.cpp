@@ -21,8 +21,6 @@ QString withoutMnemonics(QString text) { return text.replace(u'&', QStringLitera
 
 PopupMenu::PopupMenu(Ticking ticking, std::function<void(PopupMenu&)> fill, Theme& theme, QAbstractButton* button)
     : QMenu(button), m_ticking(ticking), m_fill(std::move(fill)), m_theme(theme), m_button(button) {
-    // Otherwise a menu of hundreds of columns would become a wall of them, cut off at the edge of the screen.
-    setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }"));
     setToolTipsVisible(true);
     connect(this, &QMenu::aboutToShow, this, &PopupMenu::refill);
     connect(this, &QMenu::aboutToHide, button, [button] { button->setDown(false); });

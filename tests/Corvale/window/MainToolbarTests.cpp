@@ -1,6 +1,8 @@
 #include <QTest>
 
 #include "Corvale/window/MainToolbar.h"
+#include "Corvale/window/FileCard.h"
+#include "Corvale/window/FileCard.h"
 #include "Corvale/window/PopupMenu.h"
 #include "Corvale/window/SearchField.h"
 #include "tests/Corvale/window/WindowFixture.h"

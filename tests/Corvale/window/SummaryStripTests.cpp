@@ -99,6 +99,8 @@ TEST_F(SummaryStripTest, ANewColumnIsADifference) {
 TEST_F(SummaryStripTest, NotesTellWhatElseDiffers) {
     compare("ID,Old,Name,Price\n1,x,Pen,2\n2,x,Cup,3.0\n,x,Hat,5\n2,x,Cap,1\n",
             "ID,Price,Name,New,Newer\n1,2,pen,y,z\n2,3,Cup,y,z\n2,1,Cap,y,z\n");
+    model.setMatch(MatchChoice::key("ID"));
+    platform.settle();
     for (const auto* note : {"2 new columns",
                              "1 columns removed",
                              "Column order changed",

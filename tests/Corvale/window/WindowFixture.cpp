@@ -73,6 +73,8 @@ std::unique_ptr<QMimeData> dragOf(const std::vector<std::string>& paths) {
 WindowTest::WindowTest() : m_model(modelOn(platform)), model(*m_model), window(model, platform, theme()) {
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
     window.show();
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
 }
 
 void WindowTest::compare(const std::string& before, const std::string& after) {
