@@ -1,8 +1,7 @@
 #include <QTest>
 
+#include "Corvale/window/FileCard.h"
 #include "Corvale/window/MainToolbar.h"
-#include "Corvale/window/FileCard.h"
-#include "Corvale/window/FileCard.h"
 #include "Corvale/window/PopupMenu.h"
 #include "Corvale/window/SearchField.h"
 #include "tests/Corvale/window/WindowFixture.h"
@@ -232,7 +231,10 @@ TEST_F(SearchFieldTest, TheCursorStaysWhereTheUserTypes) {
     EXPECT_EQ(field().cursorPosition(), 2);
 }
 
-TEST_F(SearchFieldTest, FilesDroppedOnItAreForTheWindow) { EXPECT_FALSE(dragInto(field(), {"/other.csv"})); }
+TEST_F(SearchFieldTest, FilesDroppedOnItAreForTheWindow) {
+    EXPECT_TRUE(dragInto(field(), {"/other.csv"}));
+    EXPECT_TRUE(named<FileCard>("After file").targeted());
+}
 
 }  // namespace
 }  // namespace corvale
