@@ -39,7 +39,7 @@ private:
     void drawFocusRing(const QStyleOption& option, QPainter& painter, const QWidget* frame) const;
     void drawMenuItem(const QStyleOptionMenuItem& item, QPainter& painter) const;
     void drawMenuSeparator(const QStyleOptionMenuItem& item, QPainter& painter) const;
-    void drawMenuText(const QStyleOptionMenuItem& item, QPainter& painter, bool highlighted) const;
+    void drawMenuText(const QStyleOptionMenuItem& item, QPainter& painter, bool onePen) const;
 
     Palette m_palette;
 };

@@ -53,7 +53,7 @@ QPixmap cached(const QString& symbol, const QColor& color, int deviceSize, qreal
 
 class SymbolEngine : public QIconEngine {
 public:
-    SymbolEngine(QString symbol, Colors colors) : m_symbol(std::move(symbol)), m_colors(std::move(colors)) {}
+    SymbolEngine(QString symbol, const Colors& colors) : m_symbol(std::move(symbol)), m_colors(colors) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
         const qreal ratio = painter->device()->devicePixelRatioF();

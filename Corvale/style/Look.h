@@ -8,7 +8,7 @@ namespace corvale {
 //
 // Needs no look: QPushButton (32 high; the default button is the accented one), QToolButton (28 high; with a menu it
 // has a chevron, checked it is a toggle, with autoRaise it is flat and 24 square), QLineEdit, QComboBox, QCheckBox,
-// QMenu.
+// QMenu, QToolBar (with a margin of 8 on every side, since a style sheet can give it but one).
 enum class Look {
     none,
     bar,         // a bar of the window, with an edge below

@@ -14,8 +14,7 @@ namespace MacMenuBaseline {
 namespace {
 
 // A guard of a shown main window, which counts how often it asks.
-class CloseGuardTest : public testing::Test {
-protected:
+struct CloseGuardTest : testing::Test {
     CloseGuardTest() {
         main.show();
         guard.setMain(&main);

@@ -78,8 +78,7 @@ TEST(MenuBaseline, AnAmpersandInTheNameIsShown) {
 }
 
 // A main window and a second one, both with the close command of one guard.
-class CloseShortcut : public testing::Test {
-protected:
+struct CloseShortcut : testing::Test {
     CloseShortcut() {
         guard.setMain(&main);
         MenuBaseline baseline;

@@ -26,8 +26,7 @@ bool shows(const QImage& image, const QColor& color) {
     return false;
 }
 
-class ControlStyleTest : public testing::Test {
-protected:
+struct ControlStyleTest : testing::Test {
     // What an item of the menu looks like, once the menu has been shown.
     QImage imageOf(QAction* action) {
         menu.popup(QPoint(0, 0));

@@ -15,8 +15,7 @@ namespace corvale {
 namespace {
 
 // A window of three controls, with the keyboard.
-class FocusRingTest : public testing::Test {
-protected:
+struct FocusRingTest : testing::Test {
     FocusRingTest() {
         auto* column = new QVBoxLayout(&window);
         column->addWidget(button);

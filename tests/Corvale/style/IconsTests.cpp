@@ -102,8 +102,7 @@ TEST(IconsDeathTest, AnUnknownNameEndsTheProcess) {
 }
 
 // The colour that most of an icon's picture has.
-class IconTest : public testing::Test {
-protected:
+struct IconTest : testing::Test {
     Ink inkIn(QIcon::Mode mode, QIcon::State state, const QColor& color) const {
         return inkOf(imageOf(icon.pixmap(QSize(16, 16), 1, mode, state)), color);
     }

@@ -26,8 +26,7 @@ double contrast(const QColor& a, const QColor& b) {
 
 std::string hex(const QColor& color) { return color.name(QColor::HexArgb).toStdString(); }
 
-class PaletteTest : public testing::TestWithParam<Scheme> {
-protected:
+struct PaletteTest : testing::TestWithParam<Scheme> {
     const Palette& palette = Palette::forScheme(GetParam());
 
     // The faces that text is put on.

@@ -24,8 +24,7 @@ void switchDesktop(Scheme scheme) {
     QApplication::setPalette(palette);
 }
 
-class ThemeTest : public testing::Test {
-protected:
+struct ThemeTest : testing::Test {
     ThemeTest() { switchDesktop(Scheme::light); }
     ~ThemeTest() override { switchDesktop(Scheme::light); }
 };

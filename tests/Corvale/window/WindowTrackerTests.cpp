@@ -8,8 +8,7 @@ namespace corvale {
 namespace {
 
 // A view in a window of 400 x 300, and what its tracker tells.
-class WindowTrackerTest : public testing::Test {
-protected:
+struct WindowTrackerTest : testing::Test {
     WindowTrackerTest() { window.resize(400, 300); }
 
     void track() {
