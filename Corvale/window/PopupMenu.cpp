@@ -23,7 +23,7 @@ PopupMenu::PopupMenu(Ticking ticking, std::function<void(PopupMenu&)> fill, Them
     : QMenu(button), m_ticking(ticking), m_fill(std::move(fill)), m_theme(theme), m_button(button) {
     setToolTipsVisible(true);
     connect(this, &QMenu::aboutToShow, this, &PopupMenu::refill);
-    connect(this, &QMenu::aboutToHide, button, [button] { button->setDown(false); });
+    connect(this, &QMenu::aboutToHide, this, &PopupMenu::release);
 }
 
 void PopupMenu::addTitle(const QString& title) { addSection(title); }
@@ -57,6 +57,13 @@ void PopupMenu::refresh() {
             entry.action->setEnabled(entry.item.isEnabled());
         }
     }
+}
+
+void PopupMenu::release() {
+    m_button->setDown(false);
+    // The pointer left the button unseen, while the menu had it.
+    const QPoint pointer = m_button->mapFromGlobal(QCursor::pos());
+    m_button->setAttribute(Qt::WA_UnderMouse, m_button->rect().contains(pointer));
 }
 
 QPoint PopupMenu::place() {

@@ -54,6 +54,8 @@ private:
     };
 
     void refill();
+    // Lets the button go back to how it is without its menu.
+    void release();
     QPoint place();
     // Picks the item without closing; false for one that closes the menu.
     bool tick(QAction* action);

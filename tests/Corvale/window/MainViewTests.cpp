@@ -98,7 +98,9 @@ TEST_F(MainViewTest, AComparisonCancelledBeforeItsFirstResultCanBeStartedAgain) 
 TEST_F(MainViewTest, AResultShowsTheGridAndTheDetails) {
     auto& details = *window.findChild<RowInspector*>();
     EXPECT_FALSE(grid.isVisible());
+    window.resize(1280, 800);
     compare(before, after);
+    QApplication::processEvents();
     EXPECT_TRUE(grid.isVisible());
     EXPECT_TRUE(details.isVisible());
     EXPECT_EQ(details.width(), 264);
@@ -106,6 +108,7 @@ TEST_F(MainViewTest, AResultShowsTheGridAndTheDetails) {
     EXPECT_FALSE(details.isVisible());
     model.toggleInspector();
     EXPECT_TRUE(details.isVisible());
+    QApplication::processEvents();
     EXPECT_EQ(details.width(), 264);
     model.close(Side::before);
     EXPECT_FALSE(grid.isVisible());
