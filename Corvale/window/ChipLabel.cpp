@@ -120,8 +120,6 @@ QFont ChipLabel::countFont() const {
     return font;
 }
 
-QFont ChipLabel::detailFont() const { return fontFor(TextRole::secondary); }
-
 int ChipLabel::padding() const { return m_quiet ? 6 : 9; }
 
 QSize ChipLabel::sizeHint() const {
@@ -129,7 +127,7 @@ QSize ChipLabel::sizeHint() const {
     int width = padding() + symbolSize + gap + Drawing::textWidth(titleFont(!m_quiet), m_title) + gap +
                 Drawing::textWidth(countFont(), countText()) + padding() + (m_quiet ? 0 : endPadding);
     if (m_detail) {
-        width += 2 * detailGap + Drawing::textWidth(detailFont(), *m_detail);
+        width += 2 * detailGap + Drawing::textWidth(fontFor(TextRole::secondary), *m_detail);
     }
     return {width, chipHeight};
 }
@@ -185,7 +183,7 @@ void ChipLabel::paintEvent(QPaintEvent*) {
         x += detailGap;
         painter.fillRect(next(1).adjusted(0, 8, 0, -8), palette.border);
         x += detailGap - 1;
-        write(*m_detail, detailFont(), palette.text2);
+        write(*m_detail, fontFor(TextRole::secondary), palette.text2);
     }
 }
 

@@ -44,7 +44,6 @@ protected:
 private:
     QFont titleFont(bool selected) const;
     QFont countFont() const;
-    QFont detailFont() const;
     QString countText() const;
     int padding() const;
     void paintFace(QPainter& painter) const;

@@ -2,6 +2,7 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <QStyle>
 #include <cmath>
 
 #include "Corvale/style/Icons.h"
@@ -32,7 +33,12 @@ void text(QPainter& painter, const QRect& rect, const QString& text, const QFont
     painter.setPen(color);
     const QString shown =
         textWidth(font, text) <= rect.width() ? text : QFontMetricsF(font).elidedText(text, elided, rect.width());
-    painter.drawText(rect, static_cast<int>(Qt::AlignLeading | Qt::AlignVCenter | Qt::TextSingleLine), shown);
+    // At the start as the window reads, but in the direction of the text itself: "13 rows" stays so in any window.
+    const Qt::LayoutDirection window = painter.layoutDirection();
+    const Qt::Alignment start = QStyle::visualAlignment(window, Qt::AlignLeft);
+    painter.setLayoutDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    painter.drawText(rect, static_cast<int>(start | Qt::AlignAbsolute | Qt::AlignVCenter) | Qt::TextSingleLine, shown);
+    painter.setLayoutDirection(window);
 }
 
 void symbol(QPainter& painter, const QString& name, const QColor& color, const QRect& rect, int size) {

@@ -43,7 +43,7 @@ QVariant DuplicateKeysTable::data(const QModelIndex& index, int role) const {
     return text(m_model.result()->duplicates[static_cast<std::size_t>(index.row())], index.column());
 }
 
-QString DuplicateKeysTable::text(const DuplicateKey& duplicate, int column) const {
+QString DuplicateKeysTable::text(const DuplicateKey& duplicate, int column) {
     switch (column) {
         case key:
             return duplicate.key.empty() ? tr("(blank)") : Wording::oneLine(duplicate.key);

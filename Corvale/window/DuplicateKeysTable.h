@@ -28,7 +28,7 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
 
     // What a line says of a key in one column.
-    QString text(const DuplicateKey& duplicate, int column) const;
+    static QString text(const DuplicateKey& duplicate, int column);
 
 private:
     AppModel& m_model;

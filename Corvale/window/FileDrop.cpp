@@ -16,13 +16,13 @@ bool isFile(const QUrl& url) { return url.isLocalFile() && !QFileInfo(url.toLoca
 }  // namespace
 
 QList<QUrl> files(const QMimeData& data) {
-    const QList<QUrl> urls = data.urls();
+    QList<QUrl> urls = data.urls();
     const bool fit = urls.size() <= sides && std::all_of(urls.begin(), urls.end(), isFile);
     return fit ? urls : QList<QUrl>();
 }
 
 QList<QUrl> take(QDropEvent& event) {
-    const QList<QUrl> urls = files(*event.mimeData());
+    QList<QUrl> urls = files(*event.mimeData());
     if (urls.isEmpty()) {
         event.ignore();
         return urls;

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "Corvale/model/AppModel.h"
+#include "Corvale/model/Columns.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/window/Button.h"
 #include "Corvale/window/PopupMenu.h"
@@ -130,10 +131,10 @@ QString MatchBar::automaticStyle() const {
 }
 
 std::int64_t MatchBar::ignoredColumns() const {
-    const auto& ignored = m_model.settings().options.ignoredColumns;
+    const DiffOptions& options = m_model.settings().options;
     const std::vector<std::string> offered = m_model.ignorableColumns();
     return std::count_if(
-        offered.begin(), offered.end(), [&ignored](const auto& name) { return ignored.count(name) > 0; });
+        offered.begin(), offered.end(), [&options](const auto& column) { return Columns::isIgnored(options, column); });
 }
 
 void MatchBar::fillMatch(PopupMenu& menu) {
@@ -182,18 +183,12 @@ void MatchBar::addOption(PopupMenu& menu, const QString& text, bool DiffOptions:
 }
 
 void MatchBar::fillIgnoreColumns(PopupMenu& menu) {
-    const auto isIgnored = [this](const std::string& column) {
-        return m_model.settings().options.ignoredColumns.count(column) > 0;
-    };
     for (const std::string& column : m_model.ignorableColumns()) {
-        const auto toggle = [column, isIgnored](DiffOptions& options) {
-            if (options.ignoredColumns.erase(column) == 0) {
-                options.ignoredColumns.insert(column);
-            }
-        };
-        menu.addItem({.text = Wording::menuText(column),
-                      .action = [this, toggle] { change(toggle); },
-                      .isTicked = [isIgnored, column] { return isIgnored(column); }});
+        menu.addItem(
+            {.text = Wording::menuText(column),
+             .action = [this,
+                        column] { change([&column](auto& options) { Columns::toggleIgnored(options, column); }); },
+             .isTicked = [this, column] { return Columns::isIgnored(m_model.settings().options, column); }});
     }
     menu.addSeparator();
     menu.addItem({.text = tr("Compare Every Column"),

@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QStyle>
 #include <algorithm>
+#include <utility>
 
 #include "Corvale/style/Theme.h"
 #include "Corvale/window/Drawing.h"
@@ -17,8 +18,8 @@ constexpr double boxRadius = 8;
 
 }  // namespace
 
-SymbolLabel::SymbolLabel(const Look& look, const QString& text, Theme& theme, QWidget* parent)
-    : QWidget(parent), m_look(look), m_theme(theme) {
+SymbolLabel::SymbolLabel(Look look, const QString& text, Theme& theme, QWidget* parent)
+    : QWidget(parent), m_look(std::move(look)), m_theme(theme) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     connect(&theme, &Theme::changed, this, [this] {
         updateGeometry();

@@ -25,7 +25,7 @@ public:
     };
 
     // The theme outlives the label.
-    SymbolLabel(const Look& look, const QString& text, Theme& theme, QWidget* parent);
+    SymbolLabel(Look look, const QString& text, Theme& theme, QWidget* parent);
 
     void setText(const QString& text);
     const QString& text() const { return m_text; }

@@ -43,7 +43,7 @@ QString oneLine(std::string_view text) {
 }
 
 QString menuText(std::string_view text) {
-    const QString line = oneLine(text);
+    QString line = oneLine(text);
     if (line.size() <= longestMenuText) {
         return line;
     }

@@ -152,6 +152,17 @@ TEST_F(MatchBarTest, ColumnsIgnoredInOtherFilesAreNotCounted) {
     EXPECT_EQ(itemsOf(columns()).back(), "Compare Every Column");
 }
 
+TEST_F(MatchBarTest, AColumnIsIgnoredWhateverItsLetterCase) {
+    AppSettings settings = model.settings();
+    settings.options.ignoredColumns = {"PRICE"};
+    model.setSettings(settings);
+    compare(before, after);
+    Button& menu = button("Ignoring 1 columns");
+    EXPECT_EQ(itemsOf(menu).at(2), "✓ Price");
+    pick(menu, "Price");
+    EXPECT_EQ(options().ignoredColumns, (std::set<std::string>{}));
+}
+
 TEST_F(MatchBarTest, EveryMenuHasItsHelp) {
     comparePair();
     EXPECT_EQ(button("Match rows by: ID (suggested)").accessibleDescription(),
