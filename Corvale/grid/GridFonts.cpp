@@ -15,7 +15,7 @@ constexpr int largestBase = 18;
 constexpr qreal tightSpacing = 98;  // percent
 constexpr char16_t firstPlain = u' ';
 constexpr char16_t lastPlain = 0x7F;
-constexpr std::size_t longestNumber = 24;
+constexpr qsizetype longestNumber = 24;
 constexpr qreal mostKerning = 1;  // by which a text may be wider than its characters
 
 // What numbers and dates are written with. No font kerns digits, and so nor these between them.

@@ -34,13 +34,14 @@ TEST(GridFonts, NumbersAreAsWideAsWhenShaped) {
 TEST(GridFonts, ElidingAgreesWithTheMetrics) {
     const GridFonts fonts(base(), ViewMode::unified, false);
     std::mt19937 random(7);
+    const auto upTo = [&](int limit) { return std::uniform_int_distribution<int>(0, limit)(random); };
     const QString letters = QStringLiteral("0123456789.-AVToWfijlx ,äß…م");
     for (int round = 0; round < 2000; ++round) {
         QString text;
-        for (std::uint32_t length = random() % 12; length > 0; --length) {
-            text += letters[static_cast<qsizetype>(random() % static_cast<std::uint32_t>(letters.size()))];
+        for (int length = upTo(11); length > 0; --length) {
+            text += letters[upTo(static_cast<int>(letters.size()) - 1)];
         }
-        const qreal width = 10 + static_cast<qreal>(random() % 90);
+        const qreal width = 10 + upTo(90);
         const auto mode = round % 2 == 0 ? Qt::ElideRight : Qt::ElideMiddle;
         EXPECT_EQ(fonts.cell.elided(text, width, mode), fonts.cell.metrics().elidedText(text, mode, width))
             << text.toStdString() << " in " << width;
