@@ -6,6 +6,7 @@
 
 #include "Corvale/grid/CellText.h"
 #include "Corvale/grid/GridDrawing.h"
+#include "Corvale/style/Icons.h"
 #include "Corvale/style/Theme.h"
 
 namespace corvale {
@@ -42,6 +43,11 @@ quint64 pillName(QSize size, GridCell::Kind kind, bool isCurrent) {
 }
 
 }  // namespace
+
+void CellPainter::forgetPictures() {
+    m_pills.clear();
+    m_info = {};
+}
 
 void CellPainter::paint(QPainter& painter, const QRect& area, const GridCell& cell, const Style& style) {
     switch (cell.kind) {
@@ -81,10 +87,10 @@ void CellPainter::paintPlain(QPainter& painter, const QRect& area, std::string_v
     const GridFont& font = plainFont(style);
     const Insets& inset = insets(style.view);
     const int width = area.width() - inset.left - inset.right;
-    painter.setFont(font.font());
     painter.setPen(style.isQuiet ? m_theme.palette().text2 : m_theme.palette().text);
-    painter.drawText(QPointF(area.left() + inset.left, font.baseline(area.top(), textHeight)),
-                     font.elided(CellText::onOneLine(text, width), width, elideMode(style)));
+    font.draw(painter,
+              QPointF(area.left() + inset.left, font.baseline(area.top(), textHeight)),
+              font.elided(CellText::onOneLine(text, width), width, elideMode(style)));
 }
 
 void CellPainter::paintChange(QPainter& painter, const QRect& area, const GridCell& cell, const Style& style) {
@@ -94,7 +100,7 @@ void CellPainter::paintChange(QPainter& painter, const QRect& area, const GridCe
     if (size.width() <= 0) {
         return;
     }
-    painter.drawPixmap(corner, pill(size, cell.kind, style.isCurrent, painter.device()->devicePixelRatioF()));
+    painter.drawPixmap(corner, pill(size, cell.kind, style.isCurrent));
 
     const bool isFormat = cell.kind == GridCell::Kind::formatOnly;
     const auto& colors = isFormat ? m_theme.palette().formatOnly : m_theme.palette().changed;
@@ -103,7 +109,10 @@ void CellPainter::paintChange(QPainter& painter, const QRect& area, const GridCe
     if (isFormat && style.view == ViewMode::unified) {
         const QRect icon(
             area.left() + inset.left, area.top() + pillTop + (pillHeight - infoSize) / 2, infoSize, infoSize);
-        GridDrawing::symbol(painter, QStringLiteral("info.circle"), colors.text, icon);
+        if (m_info.isNull()) {
+            m_info = Icons::pixmap(QStringLiteral("info.circle"), colors.text, infoSize, m_pixelRatio);
+        }
+        painter.drawPixmap(icon.topLeft(), m_info);
         baseline.rx() += infoSize + infoGap;
     }
     painter.setPen(colors.text);
@@ -117,8 +126,7 @@ void CellPainter::paintOldValue(QPainter& painter, QPointF baseline, const QStri
         return;
     }
     const GridFont& font = m_fonts.cell;
-    painter.setFont(font.font());
-    painter.drawText(baseline, text);
+    font.draw(painter, baseline, text);
     const qreal y = qRound(baseline.y() - font.metrics().strikeOutPos());
     painter.fillRect(QRectF(baseline.x(), y, font.width(text), 1), painter.pen().color());
 }
@@ -128,8 +136,7 @@ void CellPainter::paintNewValue(QPainter& painter, QPointF baseline, const QStri
         return;
     }
     const GridFont& font = m_fonts.newValue;
-    painter.setFont(font.font());
-    painter.drawText(baseline, text);
+    font.draw(painter, baseline, text);
     if (isUnderlined) {
         constexpr qreal below = 3;
         constexpr qreal dot = 1.5;
@@ -161,12 +168,12 @@ CellPainter::ChangeParts CellPainter::changeParts(const GridCell& cell, int widt
     return parts;
 }
 
-const QPixmap& CellPainter::pill(QSize size, GridCell::Kind kind, bool isCurrent, qreal pixelRatio) {
+const QPixmap& CellPainter::pill(QSize size, GridCell::Kind kind, bool isCurrent) {
     QPixmap& picture = m_pills[pillName(size, kind, isCurrent)];
-    if (picture.isNull() || !qFuzzyCompare(picture.devicePixelRatio(), pixelRatio)) {
+    if (picture.isNull()) {
         const Palette& palette = m_theme.palette();
         const auto& colors = kind == GridCell::Kind::changed ? palette.changed : palette.formatOnly;
-        picture = GridDrawing::transparentPicture(size, pixelRatio);
+        picture = GridDrawing::transparentPicture(size, m_pixelRatio);
         QPainter painter(&picture);
         GridDrawing::roundedBox(painter,
                                 QRectF(QPointF(), size),

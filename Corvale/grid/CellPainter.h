@@ -30,7 +30,9 @@ public:
     // Both outlive the painter.
     CellPainter(const Theme& theme, const GridFonts& fonts) : m_theme(theme), m_fonts(fonts) {}
 
-    void forgetPictures() { m_pills.clear(); }
+    void forgetPictures();
+    // Of the screen that pictures are drawn for.
+    void setPixelRatio(qreal pixelRatio) { m_pixelRatio = pixelRatio; }
 
     // `area` is the cell's place in a line. Draws nothing for a missing cell.
     void paint(QPainter& painter, const QRect& area, const GridCell& cell, const Style& style);
@@ -49,13 +51,15 @@ private:
     void paintChange(QPainter& painter, const QRect& area, const GridCell& cell, const Style& style);
     void paintOldValue(QPainter& painter, QPointF baseline, const QString& text) const;
     void paintNewValue(QPainter& painter, QPointF baseline, const QString& text, bool isUnderlined) const;
-    const QPixmap& pill(QSize size, GridCell::Kind kind, bool isCurrent, qreal pixelRatio);
+    const QPixmap& pill(QSize size, GridCell::Kind kind, bool isCurrent);
     ChangeParts changeParts(const GridCell& cell, int width, const Style& style) const;
     const GridFont& plainFont(const Style& style) const { return style.isKey ? m_fonts.key : m_fonts.cell; }
 
     const Theme& m_theme;
     const GridFonts& m_fonts;
+    qreal m_pixelRatio = 1;
     QHash<quint64, QPixmap> m_pills;
+    QPixmap m_info;
 };
 
 }  // namespace corvale

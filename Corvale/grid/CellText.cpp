@@ -9,8 +9,8 @@ namespace corvale::CellText {
 
 namespace {
 
-// A character takes three pixels or more, but marks piled on one may be many bytes.
-constexpr int pixelsPerCharacter = 3;
+// A character takes two pixels or more, but marks piled on one may be many bytes.
+constexpr int pixelsPerCharacter = 2;
 constexpr std::size_t bytesPerCharacter = 8;
 constexpr qsizetype longestToolTip = 1000;
 

@@ -99,7 +99,7 @@ void DiffGrid::layOut() {
     }
     m_contents.widths.fit(mode, viewport()->width());
     m_contents.layout = GridGeometry(m_contents.widths, mode, m_contents.columns.firstKey(), viewport()->width());
-    m_contents.fonts = GridFonts(font(), mode, m_contents.widths.scale < 1);
+    m_contents.setFonts(font(), mode);
     m_painter.forgetPictures();
     m_header->setGeometry(viewport()->x(), viewport()->y() - header, viewport()->width(), header);
 }
@@ -225,10 +225,7 @@ void DiffGrid::scrollToCell(std::size_t cell) {
 
 void DiffGrid::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
-    if (!qFuzzyCompare(m_pixelRatio, viewport()->devicePixelRatioF())) {
-        m_pixelRatio = viewport()->devicePixelRatioF();
-        m_painter.forgetPictures();
-    }
+    m_painter.setPixelRatio(viewport()->devicePixelRatioF());
     painter.setLayoutDirection(Qt::LayoutDirectionAuto);
     painter.fillRect(event->rect(), m_theme.palette().surface);
     if (lineCount() > 0) {

@@ -74,6 +74,7 @@ Q_SIGNALS:
     void viewMoved();
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
@@ -117,6 +118,7 @@ private:
     QString toolTipAt(const QPoint& position) const;
     QString cellToolTip(std::int64_t line, std::size_t cell) const;
     void announceSelection();
+    void announceCell(std::int64_t line, std::size_t cell);
 
     // The changed cell that was gone to last, while its row is the selected one.
     struct CurrentChange {
@@ -134,7 +136,6 @@ private:
     BriefNote* m_note;
     std::optional<std::int64_t> m_hoveredLine;
     std::optional<CurrentChange> m_currentChange;
-    qreal m_pixelRatio = 0;  // that the painter's pictures were drawn for
 };
 
 }  // namespace corvale

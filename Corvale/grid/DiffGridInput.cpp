@@ -142,6 +142,15 @@ QString DiffGrid::cellToolTip(std::int64_t line, std::size_t cell) const {
 
 // --- Keyboard
 
+bool DiffGrid::event(QEvent* event) {
+    // Here the key for copying means the selected row, whatever command of the window has it too.
+    if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
+        event->accept();
+        return true;
+    }
+    return QAbstractScrollArea::event(event);
+}
+
 void DiffGrid::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Copy)) {
         copySelectedRow();
@@ -277,10 +286,24 @@ void DiffGrid::goToChange(const std::optional<ChangeWalk::Step>& step, const QSt
     ensureLineOnScreen(step->stop.line);
     if (const auto cell = m_contents.layout.cellOfColumn(column)) {
         scrollToCell(*cell);
+        announceCell(step->stop.line, *cell);
     }
     viewport()->update();
     if (step->wrapped) {
         m_note->say(noteWhenWrapped);
+    }
+}
+
+void DiffGrid::announceCell(std::int64_t line, std::size_t cell) {
+    if (!QAccessible::isActive()) {
+        return;
+    }
+    QAccessibleInterface* table = QAccessible::queryAccessibleInterface(this);
+    QAccessibleInterface* part = table->tableInterface()->cellAt(GridAccessibility::childOfLine(line) - 1,
+                                                                 GridAccessibility::columnOfCell(cell));
+    if (part) {
+        QAccessibleEvent event(part, QAccessible::Focus);
+        QAccessible::updateAccessibility(&event);
     }
 }
 

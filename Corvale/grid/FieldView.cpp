@@ -130,10 +130,10 @@ void FieldView::paintEvent(QPaintEvent*) {
         GridDrawing::symbol(painter, QStringLiteral("key"), nameColor, icon);
     }
     const GridFont font(nameFont(this->font(), m_field.kind != RowField::Kind::plain));
-    painter.setFont(font.font());
     painter.setPen(nameColor);
-    painter.drawText(QPointF(area.left(), font.baseline(area.top(), area.height())),
-                     font.elided(m_field.name, area.width()));
+    font.draw(painter,
+              QPointF(area.left(), font.baseline(area.top(), area.height())),
+              font.elided(m_field.name, area.width()));
 }
 
 bool FieldView::event(QEvent* event) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 // What assistive technology sees of the grid: a table whose children are its header and its lines, each with its cells.
@@ -12,5 +13,8 @@ void install();
 
 // The index of a line among the table's children, after the header's; lines beyond what Qt can count are none.
 int childOfLine(std::int64_t line);
+
+// The table's column of a place in the layout, after those of the numbers and the status.
+int columnOfCell(std::size_t cell);
 
 }  // namespace corvale::GridAccessibility

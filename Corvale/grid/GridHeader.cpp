@@ -40,7 +40,9 @@ Spacing spacing(bool sideBySide) {
 }  // namespace
 
 GridHeader::GridHeader(const AppModel& model, const GridContents& contents, const Theme& theme, QWidget* parent)
-    : QWidget(parent), m_model(model), m_contents(contents), m_theme(theme) {}
+    : QWidget(parent), m_model(model), m_contents(contents), m_theme(theme) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
 
 void GridHeader::setScroll(int scroll) {
     m_scroll = scroll;
@@ -115,14 +117,13 @@ void GridHeader::paintSideTitle(QPainter& painter, const QRect& area, const QStr
         return;
     }
     const QString title = titleFont.elided(side, room);
-    painter.setFont(titleFont.font());
     painter.setPen(m_theme.palette().text);
-    painter.drawText(QPointF(left, titleFont.baseline(area.top(), area.height())), title);
+    titleFont.draw(painter, QPointF(left, titleFont.baseline(area.top(), area.height())), title);
     const qreal fileLeft = titleFont.width(title) + titleGap;
-    painter.setFont(fileFont.font());
     painter.setPen(m_theme.palette().text2);
-    painter.drawText(QPointF(left + fileLeft, fileFont.baseline(area.top(), area.height())),
-                     fileFont.elided(file, room - fileLeft, Qt::ElideMiddle));
+    fileFont.draw(painter,
+                  QPointF(left + fileLeft, fileFont.baseline(area.top(), area.height())),
+                  fileFont.elided(file, room - fileLeft, Qt::ElideMiddle));
 }
 
 void GridHeader::paintColumns(QPainter& painter) const {
@@ -159,13 +160,11 @@ void GridHeader::paintColumn(QPainter& painter, std::size_t cell) const {
     const qreal forName = std::max(room - noteFont.width(note), std::min<qreal>(room, leastName));
     const QString name = nameFont.elided(m_contents.columns.name(place.column, place.side), forName);
     painter.setPen(palette.text2);
-    painter.setFont(nameFont.font());
-    painter.drawText(QPointF(x, nameFont.baseline(area.top(), area.height())), name);
+    nameFont.draw(painter, QPointF(x, nameFont.baseline(area.top(), area.height())), name);
     const qreal nameWidth = nameFont.width(name);
     x += nameWidth;
     const QString shownNote = noteFont.elided(note, room - nameWidth);
-    painter.setFont(noteFont.font());
-    painter.drawText(QPointF(x, noteFont.baseline(area.top(), area.height())), shownNote);
+    noteFont.draw(painter, QPointF(x, noteFont.baseline(area.top(), area.height())), shownNote);
     x += noteFont.width(shownNote);
     if (m_contents.columns.hasChanges(place.column)) {
         const qreal top = area.top() + (area.height() - Metrics::changeDot) / 2.0;
@@ -183,9 +182,8 @@ void GridHeader::paintLeadingBlock(QPainter& painter) const {
     const qreal baseline = font.baseline(top, height() - top - 1);
     const QString row = tr("Row");
     painter.setPen(m_theme.palette().text2);
-    painter.setFont(font.font());
-    painter.drawText(QPointF(qRound((GridLayout::numbersWidth - font.width(row)) / 2), baseline), row);
-    painter.drawText(QPointF(statusLeft, baseline), tr("Status"));
+    font.draw(painter, QPointF(qRound((GridLayout::numbersWidth - font.width(row)) / 2), baseline), row);
+    font.draw(painter, QPointF(statusLeft, baseline), tr("Status"));
 }
 
 bool GridHeader::event(QEvent* event) {

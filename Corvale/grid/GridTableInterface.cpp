@@ -29,6 +29,10 @@ int GridAccessibility::childOfLine(std::int64_t line) {
     return line >= 0 && line < mostLines ? static_cast<int>(line) + 1 : -1;
 }
 
+int GridAccessibility::columnOfCell(std::size_t cell) {
+    return GridTableInterface::leadingColumns + static_cast<int>(cell);
+}
+
 GridTableInterface::GridTableInterface(DiffGrid& grid) : QAccessibleWidget(&grid, QAccessible::Table) {}
 
 GridTableInterface::~GridTableInterface() { dropChildren(); }

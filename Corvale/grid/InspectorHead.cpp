@@ -176,10 +176,9 @@ void InspectorHead::paintEvent(QPaintEvent*) {
     painter.fillRect(0, height() - 1, width(), 1, palette.line);
     const GridFont font(fontFor(TextRole::caption, this->font()));
     const qreal baseline = font.baseline(titlesTop, titlesHeight());
-    painter.setFont(font.font());
     painter.setPen(palette.text2);
-    painter.drawText(QPointF(paddingX, baseline), RowTexts::sideName(RowSide::before));
-    painter.drawText(QPointF(FieldView::afterLeft(m_fieldWidth), baseline), RowTexts::sideName(RowSide::after));
+    font.draw(painter, QPointF(paddingX, baseline), RowTexts::sideName(RowSide::before));
+    font.draw(painter, QPointF(FieldView::afterLeft(m_fieldWidth), baseline), RowTexts::sideName(RowSide::after));
 }
 
 void InspectorHead::resizeEvent(QResizeEvent* event) {

@@ -8,6 +8,7 @@
 
 #include "Corvale/grid/GridDrawing.h"
 #include "Corvale/grid/RowTexts.h"
+#include "Corvale/style/Icons.h"
 #include "Corvale/style/Theme.h"
 
 namespace corvale {
@@ -39,7 +40,16 @@ constexpr int hatchPeriod = 8;  // across; six between the diagonals
 void LinePainter::forgetPictures() {
     m_cells.forgetPictures();
     m_hatch = {};
+    m_statusSymbols = {};
     m_tabs = {};
+}
+
+void LinePainter::setPixelRatio(qreal pixelRatio) {
+    if (!qFuzzyCompare(m_pixelRatio, pixelRatio)) {
+        m_pixelRatio = pixelRatio;
+        m_cells.setPixelRatio(pixelRatio);
+        forgetPictures();
+    }
 }
 
 std::optional<QColor> LinePainter::fill(const GridRow& line, const State& state) const {
@@ -140,8 +150,7 @@ void LinePainter::paintHalf(QPainter& painter, const GridRow& line, const QRect&
     const bool isMissing = isBefore ? !line.row().left : !line.row().right;
     if (isMissing) {
         if (m_hatch.isNull()) {
-            m_hatch =
-                GridDrawing::hatch(hatchPeriod, palette.surface2, palette.hatch, painter.device()->devicePixelRatioF());
+            m_hatch = GridDrawing::hatch(hatchPeriod, palette.surface2, palette.hatch, m_pixelRatio);
         }
         painter.drawTiledPixmap(area.intersected({0, area.top(), line.layout().viewportWidth(), area.height()}),
                                 m_hatch,
@@ -187,9 +196,8 @@ void LinePainter::paintNumber(QPainter& painter, const GridRow& line, RowSide si
     const int right = area.right() - gutterPadding;
     const GridFont& font = numberFont(text, isSelected);
     const QString shown = font.elided(text, widestNumber, Qt::ElideLeft);
-    painter.setFont(font.font());
     painter.setPen(!isThere ? palette.text3 : isSelected ? palette.text : palette.text2);
-    painter.drawText(QPointF(right - font.width(shown), font.baseline(area.top(), area.height())), shown);
+    font.draw(painter, QPointF(right - font.width(shown), font.baseline(area.top(), area.height())), shown);
 }
 
 const GridFont& LinePainter::numberFont(const QString& text, bool isSelected) const {
@@ -200,17 +208,20 @@ const GridFont& LinePainter::numberFont(const QString& text, bool isSelected) co
     return fonts.number.width(text) <= widestNumber ? fonts.number : fonts.longNumber;
 }
 
-void LinePainter::paintStatus(QPainter& painter, const DiffRow& row, int y) const {
+void LinePainter::paintStatus(QPainter& painter, const DiffRow& row, int y) {
     const QColor color = statusColor(row.status);
-    const QRect icon(statusLeft, y + (contentHeight - statusIcon) / 2, statusIcon, statusIcon);
-    GridDrawing::symbol(painter, RowTexts::statusSymbol(row.status), color, icon);
+    QPixmap& symbol = m_statusSymbols.at(static_cast<std::size_t>(row.status));
+    if (symbol.isNull()) {
+        symbol = Icons::pixmap(RowTexts::statusSymbol(row.status), color, statusIcon, m_pixelRatio);
+    }
+    painter.drawPixmap(statusLeft, y + (contentHeight - statusIcon) / 2, symbol);
     const GridFont& font =
         row.status == DiffRow::Status::same ? m_contents.fonts.unchangedStatus : m_contents.fonts.status;
     constexpr int left = statusLeft + statusIcon + statusGap;
-    painter.setFont(font.font());
     painter.setPen(color);
-    painter.drawText(QPointF(left, font.baseline(y, contentHeight)),
-                     font.elided(RowTexts::statusWord(row.status), GridGeometry::leadingWidth - left - 2));
+    font.draw(painter,
+              QPointF(left, font.baseline(y, contentHeight)),
+              font.elided(RowTexts::statusWord(row.status), GridGeometry::leadingWidth - left - 2));
 }
 
 QRect LinePainter::tabArea(const GridGeometry& layout, Place side, int y, int scroll) {
@@ -225,7 +236,7 @@ void LinePainter::paintTab(QPainter& painter, Place side, const QRect& area) {
     QPixmap& picture = m_tabs.at(isLeft ? 0 : 1);
     if (picture.isNull()) {
         const auto& colors = m_theme.palette().changed;
-        picture = GridDrawing::transparentPicture(tabSize, painter.device()->devicePixelRatioF());
+        picture = GridDrawing::transparentPicture(tabSize, m_pixelRatio);
         QPainter onPicture(&picture);
         // Its outer side lies beyond the picture, so that only the inner corners are round.
         const QRectF box =

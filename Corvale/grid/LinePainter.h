@@ -36,6 +36,8 @@ public:
 
     // After the theme or the layout has changed.
     void forgetPictures();
+    // Of the screen that pictures are drawn for.
+    void setPixelRatio(qreal pixelRatio);
 
     // `y` is the line's top, `scroll` how far it is scrolled sideways.
     void paintScrolled(QPainter& painter, const GridRow& line, int y, int scroll, const State& state);
@@ -59,7 +61,7 @@ private:
     void paintNumber(QPainter& painter, const GridRow& line, DuplicateKey::Side side, const QRect& area,
                      bool isSelected) const;
     const GridFont& numberFont(const QString& text, bool isSelected) const;
-    void paintStatus(QPainter& painter, const DiffRow& row, int y) const;
+    void paintStatus(QPainter& painter, const DiffRow& row, int y);
     void paintTab(QPainter& painter, GridGeometry::Place side, const QRect& area);
 
     // What is behind the cells of a whole line, or of its leading block side by side.
@@ -70,8 +72,10 @@ private:
     const Theme& m_theme;
     const GridContents& m_contents;
     CellPainter m_cells;
+    qreal m_pixelRatio = 0;
     QPixmap m_hatch;
-    std::array<QPixmap, 2> m_tabs;  // left, right
+    std::array<QPixmap, 4> m_statusSymbols;  // by DiffRow::Status
+    std::array<QPixmap, 2> m_tabs;           // left, right
 };
 
 }  // namespace corvale

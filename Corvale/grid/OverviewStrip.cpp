@@ -50,6 +50,7 @@ OverviewStrip::OverviewStrip(AppModel& model, DiffGrid& grid, Theme& theme, Plat
     : QWidget(parent), m_model(model), m_grid(grid), m_theme(theme), m_jobs(platform) {
     setFixedWidth(Metrics::overviewWidth);
     setFocusPolicy(Qt::NoFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
     setAccessibleName(tr("Overview of all changes"));
     connect(&model, &AppModel::resultChanged, this, &OverviewStrip::refresh);
     connect(&model, &AppModel::selectedRowChanged, this, qOverload<>(&QWidget::update));

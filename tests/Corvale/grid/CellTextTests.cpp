@@ -46,8 +46,8 @@ TEST(CellText, MarksPiledOnOneCharacterCostNoMore) {
 TEST(CellText, OnOneLineHoldsAllThatFits) {
     const std::string cell(16384, 'i');
     const QString line = CellText::onOneLine(cell, 240);
-    EXPECT_GE(line.size(), 80);
-    EXPECT_LE(line.size(), 90);
+    EXPECT_GE(line.size(), 120);
+    EXPECT_LE(line.size(), 130);
     EXPECT_EQ(CellText::onOneLine("Terracotta pot", 240), QStringLiteral("Terracotta pot"));
     EXPECT_EQ(CellText::onOneLine("Terracotta pot", -3), QStringLiteral("T…"));
 }
