@@ -52,6 +52,14 @@ std::vector<HeaderRowChoice> AppModel::headerRowChoices(Side side) const {
     return file(side) ? corvale::headerRowChoices(file(side)->table) : std::vector<HeaderRowChoice>();
 }
 
+std::optional<std::int64_t> AppModel::automaticHeaderRow(Side side) const {
+    if (!file(side)) {
+        return std::nullopt;
+    }
+    const DataTable& table = file(side)->table;
+    return file(side)->headerRow ? corvale::automaticHeaderRow(table) : table.headerRowNumber();
+}
+
 void AppModel::select(std::optional<std::int64_t> row) {
     const Operation operation(*this);
     const auto rows = m_result ? static_cast<std::int64_t>(m_result->rows.size()) : 0;

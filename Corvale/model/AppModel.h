@@ -91,6 +91,8 @@ public:
     std::vector<std::string> ignorableColumns() const;
     // The rows that may hold a file's column names; empty while the side is.
     std::vector<HeaderRowChoice> headerRowChoices(Side side) const;
+    // The row that the loader takes for them when none is chosen; none while the side is empty.
+    std::optional<std::int64_t> automaticHeaderRow(Side side) const;
 
     // --- Files
 

@@ -1,5 +1,6 @@
 #include "Corvale/model/Columns.h"
 
+#include <algorithm>
 #include <set>
 
 #include "CorvaleKit/text/Text.h"
@@ -38,6 +39,22 @@ std::vector<std::string> all(const DataTable& before, const DataTable& after) {
         }
     }
     return names;
+}
+
+bool isIgnored(const DiffOptions& options, const std::string& column) {
+    const auto isSame = [name = Text::lowercased(column)](const auto& ignored) {
+        return Text::lowercased(ignored) == name;
+    };
+    return options.ignoredColumns.contains(column) ||
+           std::any_of(options.ignoredColumns.begin(), options.ignoredColumns.end(), isSame);
+}
+
+void toggleIgnored(DiffOptions& options, const std::string& column) {
+    const std::string name = Text::lowercased(column);
+    if (std::erase_if(options.ignoredColumns,
+                      [&name](const auto& ignored) { return Text::lowercased(ignored) == name; }) == 0) {
+        options.ignoredColumns.insert(column);
+    }
 }
 
 }  // namespace corvale::Columns

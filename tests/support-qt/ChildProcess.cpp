@@ -1,4 +1,4 @@
-#include "tests/Corvale/support/ChildProcess.h"
+#include "tests/support-qt/ChildProcess.h"
 
 #include <grp.h>
 #include <sched.h>

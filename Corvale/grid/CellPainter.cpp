@@ -1,0 +1,188 @@
+#include "Corvale/grid/CellPainter.h"
+
+#include <QPainter>
+#include <QPen>
+#include <algorithm>
+
+#include "Corvale/grid/CellText.h"
+#include "Corvale/grid/GridDrawing.h"
+#include "Corvale/style/Icons.h"
+#include "Corvale/style/Theme.h"
+
+namespace corvale {
+
+namespace {
+
+constexpr int textHeight = 27;  // of a line without its hairline
+constexpr int pillTop = 2;
+constexpr int pillHeight = 23;
+constexpr int pillRadius = 4;
+constexpr int infoSize = 12;
+constexpr int infoGap = 6;
+constexpr qreal mostForOld = 0.45;  // of a cell too narrow for both values
+
+// Distances of the texts from the edges of their cell.
+struct Insets {
+    int left;       // of a text, in a pill or not
+    int right;      // of a plain text
+    int pillRight;  // of a text in a pill
+    int pill;       // of the pill
+    int valuesGap;  // between old and new value
+};
+
+constexpr Insets unifiedInsets{11, 11, 11, 4, 6};
+constexpr Insets sideInsets{6, 3, 4, 1, 3};
+
+const Insets& insets(ViewMode view) { return view == ViewMode::unified ? unifiedInsets : sideInsets; }
+
+Qt::TextElideMode elideMode(const CellPainter::Style& style) { return style.isKey ? Qt::ElideMiddle : Qt::ElideRight; }
+
+quint64 pillName(QSize size, GridCell::Kind kind, bool isCurrent) {
+    return static_cast<quint64>(size.width()) << 2U | (kind == GridCell::Kind::changed ? 2U : 0U) |
+           (isCurrent ? 1U : 0U);
+}
+
+}  // namespace
+
+void CellPainter::forgetPictures() {
+    m_pills.clear();
+    m_info = {};
+}
+
+void CellPainter::paint(QPainter& painter, const QRect& area, const GridCell& cell, const Style& style) {
+    switch (cell.kind) {
+        case GridCell::Kind::missing:
+            break;
+        case GridCell::Kind::plain:
+            paintPlain(painter, area, cell.text, style);
+            break;
+        case GridCell::Kind::changed:
+        case GridCell::Kind::formatOnly:
+            paintChange(painter, area, cell, style);
+            break;
+    }
+}
+
+bool CellPainter::fits(int width, const GridCell& cell, const Style& style) const {
+    switch (cell.kind) {
+        case GridCell::Kind::missing:
+            return true;
+        case GridCell::Kind::plain: {
+            const int available = width - insets(style.view).left - insets(style.view).right;
+            const QString text = CellText::onOneLine(cell.text, available);
+            return plainFont(style).elided(text, available, elideMode(style)) == CellText::whole(cell.text);
+        }
+        case GridCell::Kind::changed:
+        case GridCell::Kind::formatOnly:
+            break;
+    }
+    const ChangeParts parts = changeParts(cell, width, style);
+    return parts.before == CellText::whole(cell.before) && parts.after == CellText::whole(cell.after);
+}
+
+void CellPainter::paintPlain(QPainter& painter, const QRect& area, std::string_view text, const Style& style) const {
+    if (text.empty()) {
+        return;
+    }
+    const GridFont& font = plainFont(style);
+    const Insets& inset = insets(style.view);
+    const int width = area.width() - inset.left - inset.right;
+    painter.setPen(style.isQuiet ? m_theme.palette().text2 : m_theme.palette().text);
+    font.draw(painter,
+              QPointF(area.left() + inset.left, font.baseline(area.top(), textHeight)),
+              font.elided(CellText::onOneLine(text, width), width, elideMode(style)));
+}
+
+void CellPainter::paintChange(QPainter& painter, const QRect& area, const GridCell& cell, const Style& style) {
+    const Insets& inset = insets(style.view);
+    const QPoint corner(area.left() + inset.pill, area.top() + pillTop);
+    const QSize size(area.width() - 2 * inset.pill, pillHeight);
+    if (size.width() <= 0) {
+        return;
+    }
+    painter.drawPixmap(corner, pill(size, cell.kind, style.isCurrent));
+
+    const bool isFormat = cell.kind == GridCell::Kind::formatOnly;
+    const auto& colors = isFormat ? m_theme.palette().formatOnly : m_theme.palette().changed;
+    const ChangeParts parts = changeParts(cell, area.width(), style);
+    QPointF baseline(area.left() + inset.left, m_fonts.cell.baseline(area.top(), textHeight));
+    if (isFormat && style.view == ViewMode::unified) {
+        const QRect icon(
+            area.left() + inset.left, area.top() + pillTop + (pillHeight - infoSize) / 2, infoSize, infoSize);
+        if (m_info.isNull()) {
+            m_info = Icons::pixmap(QStringLiteral("info.circle"), colors.text, infoSize, m_pixelRatio);
+        }
+        painter.drawPixmap(icon.topLeft(), m_info);
+        baseline.rx() += infoSize + infoGap;
+    }
+    painter.setPen(colors.text);
+    paintOldValue(painter, baseline, parts.before);
+    painter.setPen(isFormat ? colors.text : m_theme.palette().text);
+    paintNewValue(painter, baseline + QPointF(parts.afterOffset, 0), parts.after, isFormat);
+}
+
+void CellPainter::paintOldValue(QPainter& painter, QPointF baseline, const QString& text) const {
+    if (text.isEmpty()) {
+        return;
+    }
+    const GridFont& font = m_fonts.cell;
+    font.draw(painter, baseline, text);
+    const qreal y = qRound(baseline.y() - font.metrics().strikeOutPos());
+    painter.fillRect(QRectF(baseline.x(), y, font.width(text), 1), painter.pen().color());
+}
+
+void CellPainter::paintNewValue(QPainter& painter, QPointF baseline, const QString& text, bool isUnderlined) const {
+    if (text.isEmpty()) {
+        return;
+    }
+    const GridFont& font = m_fonts.newValue;
+    font.draw(painter, baseline, text);
+    if (isUnderlined) {
+        constexpr qreal below = 3;
+        constexpr qreal dot = 1.5;
+        const qreal end = baseline.x() + font.width(text);
+        for (qreal x = baseline.x(); x < end; x += 2 * dot) {
+            painter.fillRect(QRectF(x, baseline.y() + below, dot, dot), painter.pen().color());
+        }
+    }
+}
+
+CellPainter::ChangeParts CellPainter::changeParts(const GridCell& cell, int width, const Style& style) const {
+    const Insets& inset = insets(style.view);
+    const bool hasIcon = cell.kind == GridCell::Kind::formatOnly && style.view == ViewMode::unified;
+    const int available = width - inset.left - inset.pillRight - (hasIcon ? infoSize + infoGap : 0);
+    ChangeParts parts{CellText::onOneLine(cell.before, available), CellText::onOneLine(cell.after, available), 0};
+    const qreal gap = cell.before.empty() || cell.after.empty() ? 0 : inset.valuesGap;
+    const qreal beforeWidth = m_fonts.cell.width(parts.before);
+    const qreal afterWidth = m_fonts.newValue.width(parts.after);
+    const qreal left = available - gap;
+    if (beforeWidth + afterWidth > left) {
+        const qreal forBefore = std::min(beforeWidth, std::max(left - afterWidth, mostForOld * width));
+        parts.before = m_fonts.cell.elided(parts.before, std::min(forBefore, left));
+        const qreal shownBefore = std::min(forBefore, m_fonts.cell.width(parts.before));
+        parts.after = m_fonts.newValue.elided(parts.after, left - shownBefore);
+        parts.afterOffset = shownBefore + gap;
+    } else {
+        parts.afterOffset = beforeWidth + gap;
+    }
+    return parts;
+}
+
+const QPixmap& CellPainter::pill(QSize size, GridCell::Kind kind, bool isCurrent) {
+    QPixmap& picture = m_pills[pillName(size, kind, isCurrent)];
+    if (picture.isNull()) {
+        const Palette& palette = m_theme.palette();
+        const auto& colors = kind == GridCell::Kind::changed ? palette.changed : palette.formatOnly;
+        picture = GridDrawing::transparentPicture(size, m_pixelRatio);
+        QPainter painter(&picture);
+        GridDrawing::roundedBox(painter,
+                                QRectF(QPointF(), size),
+                                pillRadius,
+                                colors.fill,
+                                isCurrent ? palette.accent : colors.edge,
+                                isCurrent ? 2 : 1);
+    }
+    return picture;
+}
+
+}  // namespace corvale

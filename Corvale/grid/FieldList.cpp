@@ -1,0 +1,212 @@
+#include "Corvale/grid/FieldList.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <algorithm>
+
+#include "Corvale/grid/FieldView.h"
+#include "Corvale/grid/ValueText.h"
+#include "Corvale/model/AppModel.h"
+#include "Corvale/style/Theme.h"
+
+namespace corvale {
+
+namespace {
+
+constexpr int scrollStep = 30;
+
+}  // namespace
+
+FieldList::FieldList(AppModel& model, const Theme& theme, QWidget* parent)
+    : QAbstractScrollArea(parent), m_model(model), m_theme(theme) {
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::NoFocus);
+    verticalScrollBar()->setSingleStep(scrollStep);
+}
+
+void FieldList::refresh(const GridColumns& columns, bool fromTop) {
+    m_columns = &columns;
+    recycleViews({0, 0});
+    estimateHeights();
+    updateScrollBar();
+    if (fromTop) {
+        verticalScrollBar()->setValue(0);
+    }
+    layOutViews();
+}
+
+FieldView* FieldList::view(std::size_t field) const {
+    const auto found = m_views.find(field);
+    return found == m_views.end() ? nullptr : found->second;
+}
+
+void FieldList::estimateHeights() {
+    const FieldView::Fonts fonts(font());
+    const auto row = m_model.selectedRow();
+    m_heights.assign(m_model.result() && row ? m_model.result()->columns.size() : 0, 0);
+    for (std::size_t field = 0; field < m_heights.size(); ++field) {
+        m_heights[field] = FieldView::estimatedHeight(
+            fonts, RowField::of(*m_model.result(), *m_columns, *row, field), viewport()->width());
+    }
+    sumHeights();
+}
+
+void FieldList::sumHeights() {
+    m_tops.assign(1, 0);
+    for (const int height : m_heights) {
+        m_tops.push_back(m_tops.back() + height);
+    }
+}
+
+void FieldList::updateScrollBar() {
+    verticalScrollBar()->setRange(0, std::max(0, m_tops.back() - viewport()->height()));
+    verticalScrollBar()->setPageStep(viewport()->height());
+}
+
+std::size_t FieldList::fieldAt(int y) const {
+    const auto after = std::upper_bound(m_tops.begin(), m_tops.end(), y);
+    return static_cast<std::size_t>(std::max<std::ptrdiff_t>(after - m_tops.begin() - 1, 0));
+}
+
+// Those between the two edges and one more on either side, which Tab goes on to.
+FieldList::Range FieldList::fieldsAround(int top, int bottom) const {
+    const std::size_t first = fieldAt(top);
+    return {first > 0 ? first - 1 : 0, std::min(fieldAt(bottom) + 2, m_heights.size())};
+}
+
+void FieldList::layOutViews() {
+    if (m_isLayingOut || !m_columns || m_tops.empty()) {
+        return;
+    }
+    const QScopedValueRollback<bool> busy(m_isLayingOut, true);
+    const auto onScreen = [this] {
+        const int top = verticalScrollBar()->value();
+        return fieldsAround(top, top + viewport()->height());
+    };
+    // Measuring moves what follows, and may bring more on screen; a field is measured once, so this ends.
+    Range range = onScreen();
+    while (measureViews(range)) {
+        sumHeights();
+        updateScrollBar();
+        range = onScreen();
+    }
+    recycleViews(range);
+    placeViews(range);
+}
+
+// False when nothing turned out to be of another height.
+bool FieldList::measureViews(Range range) {
+    bool isNews = false;
+    for (std::size_t field = range.begin; field < range.end; ++field) {
+        const int height = viewFor(field).heightIn(viewport()->width());
+        isNews = isNews || height != m_heights[field];
+        m_heights[field] = height;
+    }
+    return isNews;
+}
+
+void FieldList::placeViews(Range range) {
+    QWidget* previous = nullptr;
+    for (std::size_t field = range.begin; field < range.end; ++field) {
+        FieldView& view = viewFor(field);
+        view.setGeometry(0, m_tops[field] - verticalScrollBar()->value(), viewport()->width(), m_heights[field]);
+        view.show();
+        for (QWidget* value : {static_cast<QWidget*>(&view.before()), static_cast<QWidget*>(&view.after())}) {
+            if (previous) {
+                setTabOrder(previous, value);
+            }
+            previous = value;
+        }
+    }
+}
+
+void FieldList::recycleViews(Range kept) {
+    for (auto known = m_views.begin(); known != m_views.end();) {
+        if (known->first >= kept.begin && known->first < kept.end) {
+            ++known;
+            continue;
+        }
+        known->second->hide();
+        m_spare.push_back(known->second);
+        known = m_views.erase(known);
+    }
+}
+
+FieldView& FieldList::viewFor(std::size_t field) {
+    FieldView*& view = m_views[field];
+    if (!view) {
+        view = newView();
+        view->setField(RowField::of(*m_model.result(), *m_columns, *m_model.selectedRow(), field));
+    }
+    return *view;
+}
+
+FieldView* FieldList::newView() {
+    if (!m_spare.empty()) {
+        FieldView* view = m_spare.back();
+        m_spare.pop_back();
+        return view;
+    }
+    auto* view = new FieldView(m_theme, viewport());
+    view->before().installEventFilter(this);
+    view->after().installEventFilter(this);
+    return view;
+}
+
+bool FieldList::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn) {
+        for (const auto& [field, view] : m_views) {
+            if (watched == &view->before() || watched == &view->after()) {
+                ensureFieldOnScreen(field);
+                break;
+            }
+        }
+    }
+    return QAbstractScrollArea::eventFilter(watched, event);
+}
+
+void FieldList::ensureFieldOnScreen(std::size_t field) {
+    QScrollBar* bar = verticalScrollBar();
+    const int top = m_tops[field];
+    if (top < bar->value()) {
+        bar->setValue(top);
+    } else if (m_tops[field + 1] > bar->value() + viewport()->height()) {
+        bar->setValue(std::min(top, m_tops[field + 1] - viewport()->height()));
+    }
+}
+
+void FieldList::paintEvent(QPaintEvent*) {
+    QPainter painter(viewport());
+    painter.fillRect(viewport()->rect(), m_theme.palette().surface);
+}
+
+void FieldList::resizeEvent(QResizeEvent* event) {
+    QAbstractScrollArea::resizeEvent(event);
+    Q_EMIT fieldWidthChanged();
+    if (m_columns && !m_isLayingOut) {
+        estimateHeights();
+        updateScrollBar();
+        layOutViews();
+    }
+}
+
+void FieldList::scrollContentsBy(int, int) { layOutViews(); }
+
+void FieldList::keyPressEvent(QKeyEvent* event) {
+    // From a value that did not use the key itself.
+    switch (event->key()) {
+        case Qt::Key_PageUp:
+            verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepSub);
+            return;
+        case Qt::Key_PageDown:
+            verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepAdd);
+            return;
+        default:
+            QAbstractScrollArea::keyPressEvent(event);
+    }
+}
+
+}  // namespace corvale

@@ -1,0 +1,51 @@
+#include "Corvale/grid/GridDrawing.h"
+
+#include <QPainter>
+#include <QPen>
+
+#include "Corvale/style/Icons.h"
+
+namespace corvale::GridDrawing {
+
+void symbol(QPainter& painter, const QString& name, const QColor& color, const QRect& area) {
+    const qreal pixelRatio = painter.device()->devicePixelRatioF();
+    painter.drawPixmap(area.topLeft(), Icons::pixmap(name, color, area.width(), pixelRatio));
+}
+
+void roundedBox(QPainter& painter, const QRectF& area, qreal radius, const QColor& fill, const QColor& border,
+                qreal borderWidth) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(fill);
+    painter.setPen(QPen(border, borderWidth));
+    const qreal inset = borderWidth / 2;
+    painter.drawRoundedRect(area.adjusted(inset, inset, -inset, -inset), radius - inset, radius - inset);
+    painter.restore();
+}
+
+QPixmap transparentPicture(QSize size, qreal pixelRatio) {
+    QPixmap picture((QSizeF(size) * pixelRatio).toSize());
+    picture.setDevicePixelRatio(pixelRatio);
+    picture.fill(Qt::transparent);
+    return picture;
+}
+
+QPixmap hatch(int period, const QColor& ground, const QColor& lines, qreal pixelRatio) {
+    QPixmap tile = transparentPicture({period, period}, pixelRatio);
+    tile.fill(ground);
+    QPainter painter(&tile);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(lines, 1));
+    // The neighbours' diagonals reach into the corners.
+    for (const int offset : {-period, 0, period}) {
+        painter.drawLine(QPointF(offset, period), QPointF(offset + period, 0));
+    }
+    return tile;
+}
+
+QColor mixed(const QColor& color, const QColor& ground, qreal share) {
+    const auto part = [share](int a, int b) { return qRound(a * share + b * (1 - share)); };
+    return {part(color.red(), ground.red()), part(color.green(), ground.green()), part(color.blue(), ground.blue())};
+}
+
+}  // namespace corvale::GridDrawing

@@ -1,0 +1,198 @@
+#include "Corvale/grid/InspectorHead.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "Corvale/grid/CellText.h"
+#include "Corvale/grid/FieldView.h"
+#include "Corvale/grid/GridFonts.h"
+#include "Corvale/grid/RowTexts.h"
+#include "Corvale/grid/ValueText.h"
+#include "Corvale/model/AppModel.h"
+#include "Corvale/style/Icons.h"
+#include "Corvale/style/Theme.h"
+#include "Corvale/style/Typography.h"
+
+namespace corvale {
+
+namespace {
+
+using RowSide = DuplicateKey::Side;
+
+constexpr int paddingX = FieldView::padding;
+constexpr int paddingTop = 11;
+constexpr int paddingBottom = 10;
+constexpr int statusIcon = 14;
+constexpr int mostSummaryLines = 8;
+constexpr int titlePadding = 12;  // above and below the titles together
+
+QColor statusColor(const Palette& palette, DiffRow::Status status) {
+    switch (status) {
+        case DiffRow::Status::added:
+            return palette.added.text;
+        case DiffRow::Status::removed:
+            return palette.removed.text;
+        case DiffRow::Status::changed:
+            return palette.changed.text;
+        case DiffRow::Status::same:
+            break;
+    }
+    return palette.text2;
+}
+
+void setColor(QLabel& label, const QColor& color) {
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::WindowText, color);
+    label.setPalette(palette);
+}
+
+}  // namespace
+
+InspectorHead::InspectorHead(AppModel& model, const Theme& theme, QWidget* parent)
+    : QWidget(parent),
+      m_model(model),
+      m_theme(theme),
+      m_key(new QLabel(this)),
+      m_symbol(new QLabel(this)),
+      m_status(new QLabel(this)),
+      m_before(new QLabel(this)),
+      m_after(new QLabel(this)),
+      m_summary(new ValueText(this)) {
+    for (QLabel* label : {m_key, m_status, m_before, m_after}) {
+        label->setTextFormat(Qt::PlainText);
+    }
+    for (QLabel* label : {m_before, m_after}) {
+        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    }
+    m_key->setMinimumWidth(1);
+    m_summary->setAccessibleName(tr("Changes"));
+    connect(&theme, &Theme::changed, this, &InspectorHead::updateColors);
+    updateFonts();
+    addRows();
+}
+
+void InspectorHead::addRows() {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(paddingX, paddingTop, paddingX, paddingBottom + titlesHeight());
+    layout->setSpacing(0);
+    auto* keyRow = new QHBoxLayout;
+    keyRow->setSpacing(5);
+    keyRow->addWidget(m_key, 1);
+    keyRow->addWidget(m_symbol);
+    keyRow->addWidget(m_status);
+    layout->addLayout(keyRow);
+    auto* numberRow = new QHBoxLayout;
+    numberRow->setSpacing(14);
+    numberRow->addWidget(m_before);
+    numberRow->addWidget(m_after);
+    numberRow->addStretch();
+    layout->addSpacing(3);
+    layout->addLayout(numberRow);
+    layout->addSpacing(7);
+    layout->addWidget(m_summary);
+}
+
+void InspectorHead::refresh() {
+    const DiffResult& result = *m_model.result();
+    const DiffRow row = result.rows[static_cast<std::size_t>(*m_model.selectedRow())];
+    m_keyText = CellText::shortened(RowTexts::title(result, row).toStdString(), 1000);
+    m_status->setText(RowTexts::statusWord(row.status));
+    m_before->setText(RowTexts::heading(result, row, RowSide::before));
+    m_after->setText(RowTexts::heading(result, row, RowSide::after));
+    m_summary->setVisible(!row.changes.empty());
+    updateColors();
+    fitSummary();
+    elideKey();
+}
+
+QString InspectorHead::status() const { return m_status->text(); }
+
+QString InspectorHead::beforeNumber() const { return m_before->text(); }
+
+QString InspectorHead::afterNumber() const { return m_after->text(); }
+
+QString InspectorHead::summary() const { return m_summary->toPlainText(); }
+
+void InspectorHead::elideKey() {
+    const QString shown = m_key->fontMetrics().elidedText(m_keyText, Qt::ElideMiddle, m_key->width());
+    m_key->setText(shown);
+    m_key->setToolTip(shown == m_keyText ? QString() : CellText::toolTip(m_keyText));
+    m_key->setAccessibleName(m_keyText);
+}
+
+void InspectorHead::updateFonts() {
+    m_key->setFont(fontFor(TextRole::detailsKey, font()));
+    QFont status = fontFor(TextRole::secondary, font());
+    m_before->setFont(status);
+    m_after->setFont(status);
+    m_summary->setFont(status);
+    status.setWeight(QFont::DemiBold);
+    m_status->setFont(status);
+}
+
+void InspectorHead::updateColors() {
+    const Palette& palette = m_theme.palette();
+    setColor(*m_key, palette.text);
+    setColor(*m_before, palette.text2);
+    setColor(*m_after, palette.text2);
+    if (m_model.result() && m_model.selectedRow()) {
+        const DiffRow row = m_model.result()->rows[static_cast<std::size_t>(*m_model.selectedRow())];
+        const QColor color = statusColor(palette, row.status);
+        setColor(*m_status, color);
+        FieldValue summary;
+        summary.text = summary.original = RowTexts::summary(*m_model.result(), row);
+        ValueText::Look look;
+        look.color = palette.text;
+        m_summary->setValue(summary, look);
+        m_symbol->setPixmap(Icons::pixmap(RowTexts::statusSymbol(row.status), color, statusIcon, devicePixelRatioF()));
+    }
+    update();
+}
+
+void InspectorHead::fitSummary() {
+    const int most = mostSummaryLines * ValueText::lineHeight(m_summary->font());
+    m_summary->setFixedHeight(std::min(most, m_summary->heightIn(width() - 2 * paddingX)));
+}
+
+void InspectorHead::setFieldWidth(int width) {
+    m_fieldWidth = width;
+    update();
+}
+
+int InspectorHead::titlesHeight() const {
+    return QFontMetrics(fontFor(TextRole::caption, font())).height() + titlePadding;
+}
+
+void InspectorHead::paintEvent(QPaintEvent*) {
+    const Palette& palette = m_theme.palette();
+    QPainter painter(this);
+    const int titlesTop = height() - titlesHeight();
+    painter.fillRect(0, 0, width(), titlesTop, palette.surface2);
+    painter.fillRect(0, titlesTop - 1, width(), 1, palette.border);
+    painter.fillRect(0, titlesTop, width(), titlesHeight(), palette.surface);
+    painter.fillRect(0, height() - 1, width(), 1, palette.line);
+    const GridFont font(fontFor(TextRole::caption, this->font()));
+    const qreal baseline = font.baseline(titlesTop, titlesHeight());
+    painter.setPen(palette.text2);
+    font.draw(painter, QPointF(paddingX, baseline), RowTexts::sideName(RowSide::before));
+    font.draw(painter, QPointF(FieldView::afterLeft(m_fieldWidth), baseline), RowTexts::sideName(RowSide::after));
+}
+
+void InspectorHead::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    elideKey();
+    fitSummary();
+}
+
+void InspectorHead::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        updateFonts();
+        layout()->setContentsMargins(paddingX, paddingTop, paddingX, paddingBottom + titlesHeight());
+    }
+}
+
+}  // namespace corvale

@@ -1,0 +1,87 @@
+#include "Corvale/grid/RowField.h"
+
+#include "Corvale/grid/CellText.h"
+#include "Corvale/grid/GridRow.h"
+#include "Corvale/grid/RowTexts.h"
+#include "Corvale/grid/TextDifference.h"
+#include "Corvale/grid/VisibleSpaces.h"
+
+namespace corvale {
+
+namespace {
+
+std::optional<ChangeKind> changeIn(const DiffRow& row, std::size_t column) {
+    for (const CellChange& change : row.changes) {
+        if (static_cast<std::size_t>(change.column) == column) {
+            return change.kind;
+        }
+    }
+    return std::nullopt;
+}
+
+FieldValue note(const QString& text) {
+    FieldValue value;
+    value.text = text;
+    value.isNote = true;
+    return value;
+}
+
+// `begin` and `end` are the stretch of the text that differs, in bytes.
+FieldValue written(const RowField& field, std::string_view text, std::size_t begin, std::size_t end) {
+    FieldValue value;
+    value.original = CellText::whole(text);
+    value.text = value.original;
+    if (field.showsSpaces) {
+        VisibleSpaces spaces = VisibleSpaces::of(text);
+        value.text = spaces.text;
+        value.origins = std::move(spaces.origins);
+        return value;
+    }
+    if (field.kind != RowField::Kind::plain && end - begin < text.size()) {
+        value.markBegin = static_cast<int>(CellText::whole(text.substr(0, begin)).size());
+        value.markEnd = static_cast<int>(CellText::whole(text.substr(0, end)).size());
+    }
+    return value;
+}
+
+FieldValue valueOf(const RowField& field, const std::optional<std::string_view>& text, bool isAfter) {
+    if (!text) {
+        return note(RowTexts::notInThisFile());
+    }
+    if (text->empty()) {
+        return note(field.isKey ? RowTexts::blankKey() : RowTexts::emptyCell());
+    }
+    if (field.kind == RowField::Kind::plain || !field.before || !field.after) {
+        return written(field, *text, 0, 0);
+    }
+    const auto difference = TextDifference::of(*field.before, *field.after);
+    return written(field, *text, difference.begin, isAfter ? difference.afterEnd : difference.beforeEnd);
+}
+
+}  // namespace
+
+RowField RowField::of(const DiffResult& result, const GridColumns& columns, std::int64_t row, std::size_t column) {
+    const DiffRow diffRow = result.rows[static_cast<std::size_t>(row)];
+    const ColumnPair& pair = result.columns[column];
+    const RowCells cells(result, diffRow);
+    RowField field;
+    field.name = columns.name(static_cast<std::int64_t>(column), GridGeometry::CellSide::both);
+    field.isKey = columns.isKey(static_cast<std::int64_t>(column));
+    if (diffRow.left && pair.left) {
+        field.before = cells.before(pair);
+    }
+    if (diffRow.right && pair.right) {
+        field.after = cells.after(pair);
+    }
+    if (const auto kind = changeIn(diffRow, column)) {
+        field.kind = *kind == ChangeKind::value ? Kind::changed : Kind::formatOnly;
+        field.showsSpaces = *kind == ChangeKind::whitespace || differOnlyInSpaces(*field.before, *field.after);
+    }
+    return field;
+}
+
+FieldValue FieldValue::before(const RowField& field) { return valueOf(field, field.before, false); }
+
+FieldValue FieldValue::after(const RowField& field) { return valueOf(field, field.after, true); }
+
+}  // namespace corvale

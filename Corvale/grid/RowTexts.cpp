@@ -1,0 +1,163 @@
+#include "Corvale/grid/RowTexts.h"
+
+#include <QStringList>
+#include <algorithm>
+#include <span>
+#include <string_view>
+
+#include "Corvale/grid/CellText.h"
+
+namespace corvale {
+
+namespace {
+
+using Side = DuplicateKey::Side;
+
+constexpr std::size_t listedChanges = 3;
+constexpr std::size_t longestInSummary = 60;
+
+QString quotedForClipboard(std::string_view cell) {
+    QString text = CellText::whole(cell);
+    if (std::none_of(
+            text.begin(), text.end(), [](QChar c) { return c == u'\t' || c == u'\n' || c == u'\r' || c == u'"'; })) {
+        return text;
+    }
+    return u'"' + text.replace(u'"', QStringLiteral("\"\"")) + u'"';
+}
+
+QString valueInSummary(std::string_view text) {
+    return text.empty() ? RowTexts::emptyCell() : CellText::shortened(text, longestInSummary);
+}
+
+}  // namespace
+
+QString RowTexts::statusWord(DiffRow::Status status) {
+    switch (status) {
+        case DiffRow::Status::added:
+            return tr("Added");
+        case DiffRow::Status::removed:
+            return tr("Removed");
+        case DiffRow::Status::changed:
+            return tr("Changed");
+        case DiffRow::Status::same:
+            break;
+    }
+    return tr("Unchanged");
+}
+
+QString RowTexts::statusSymbol(DiffRow::Status status) {
+    switch (status) {
+        case DiffRow::Status::added:
+            return QStringLiteral("plus.circle.fill");
+        case DiffRow::Status::removed:
+            return QStringLiteral("minus.circle.fill");
+        case DiffRow::Status::changed:
+            return QStringLiteral("pencil.circle.fill");
+        case DiffRow::Status::same:
+            break;
+    }
+    return QStringLiteral("equal.circle");
+}
+
+QString RowTexts::number(const DiffResult& result, const DiffRow& row, Side side) {
+    const auto number = result.rowNumber(side, row);
+    return number ? QString::number(*number) : QStringLiteral("–");
+}
+
+QString RowTexts::labelledNumber(const DiffResult& result, const DiffRow& row, Side side) {
+    return (side == Side::before ? tr("Before: ") : tr("After: ")) + number(result, row, side);
+}
+
+QString RowTexts::labelledNumbers(const DiffResult& result, const DiffRow& row) {
+    return labelledNumber(result, row, Side::before) + tr(", ") + labelledNumber(result, row, Side::after);
+}
+
+QString RowTexts::title(const DiffResult& result, const DiffRow& row) {
+    if (!result.match.isKey()) {
+        return tr("Row %1").arg(result.rowNumber(row));
+    }
+    return row.key.empty() ? blankKey() : CellText::whole(row.key);
+}
+
+QString RowTexts::summary(const DiffResult& result, const DiffRow& row) {
+    const RowCells cells(result, row);
+    QStringList parts;
+    for (const CellChange& change : row.changes.first(std::min(listedChanges, row.changes.size()))) {
+        const ColumnPair& column = result.columns[static_cast<std::size_t>(change.column)];
+        parts += tr("%1: %2 to %3", "a changed cell: column, old value, new value")
+                     .arg(CellText::shortened(column.name, longestInSummary),
+                          valueInSummary(cells.before(column)),
+                          valueInSummary(cells.after(column)));
+    }
+    if (row.changes.size() > listedChanges) {
+        const auto others = row.changes.size() - listedChanges;
+        parts += others == 1 ? tr("and 1 more change") : tr("and %1 more changes").arg(others);
+    }
+    return parts.join(tr(", "));
+}
+
+QString RowTexts::spoken(const DiffResult& result, const DiffRow& row) {
+    QStringList parts{statusWord(row.status),
+                      labelledNumbers(result, row),
+                      CellText::shortened(title(result, row).toStdString(), longestInSummary)};
+    if (!row.changes.empty()) {
+        parts += summary(result, row);
+    }
+    return parts.join(tr(", "));
+}
+
+QString RowTexts::copied(const DiffResult& result, const DiffRow& row) {
+    const RowCells cells(result, row);
+    QStringList lines;
+    for (const Side side : {Side::before, Side::after}) {
+        if (!result.rowNumber(side, row)) {
+            continue;
+        }
+        QStringList fields{sideName(side), number(result, row, side)};
+        for (const ColumnPair& column : result.columns) {
+            fields += quotedForClipboard(side == Side::before ? cells.before(column) : cells.after(column));
+        }
+        lines += fields.join(u'\t');
+    }
+    return lines.join(u'\n');
+}
+
+QString RowTexts::cell(const GridCell& cell) {
+    switch (cell.kind) {
+        case GridCell::Kind::missing:
+            return notInThisFile();
+        case GridCell::Kind::plain:
+            return CellText::whole(cell.text);
+        case GridCell::Kind::changed:
+        case GridCell::Kind::formatOnly:
+            break;
+    }
+    const auto shown = [](std::string_view text) { return text.empty() ? emptyCell() : CellText::whole(text); };
+    switch (cell.side) {
+        case GridGeometry::CellSide::before:
+            return shown(cell.before);
+        case GridGeometry::CellSide::after:
+            return shown(cell.after);
+        case GridGeometry::CellSide::both:
+            break;
+    }
+    return tr("%1 to %2", "old and new value of a cell").arg(shown(cell.before), shown(cell.after));
+}
+
+QString RowTexts::heading(const DiffResult& result, const DiffRow& row, Side side) {
+    const auto number = result.rowNumber(side, row);
+    if (!number) {
+        return (side == Side::before ? tr("Before: ") : tr("After: ")) + notInThisFile();
+    }
+    return (side == Side::before ? tr("Before: row ") : tr("After: row ")) + QString::number(*number);
+}
+
+QString RowTexts::blankKey() { return tr("(blank key)"); }
+
+QString RowTexts::emptyCell() { return tr("(empty)"); }
+
+QString RowTexts::notInThisFile() { return tr("(not in this file)"); }
+
+QString RowTexts::sideName(Side side) { return side == Side::before ? tr("Before") : tr("After"); }
+
+}  // namespace corvale

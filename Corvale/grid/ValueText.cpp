@@ -1,0 +1,125 @@
+#include "Corvale/grid/ValueText.h"
+
+#include <QFontMetricsF>
+#include <QMimeData>
+#include <QTextBlockFormat>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextLayout>
+#include <QTextOption>
+#include <algorithm>
+#include <cmath>
+
+namespace corvale {
+
+namespace {
+
+constexpr qsizetype longestMeasured = 2000;
+constexpr qreal lineSpacing = 17.0 / 13.0;  // of the font's size
+
+QTextOption wrapping() {
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    // A text reads in its own direction, yet begins at the edge of its column.
+    option.setTextDirection(Qt::LayoutDirectionAuto);
+    return option;
+}
+
+int lineCount(const QFont& font, const QString& text, int width) {
+    QString paragraphs = text;
+    paragraphs.replace(u'\n', QChar::LineSeparator);
+    QTextLayout layout(paragraphs, font);
+    layout.setTextOption(wrapping());
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+    }
+    layout.endLayout();
+    return std::max(1, layout.lineCount());
+}
+
+}  // namespace
+
+ValueText::ValueText(QWidget* parent) : QTextEdit(parent) {
+    setReadOnly(true);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setFrameShape(QFrame::NoFrame);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setTabChangesFocus(true);
+    setUndoRedoEnabled(false);
+    viewport()->setAutoFillBackground(false);
+    document()->setDocumentMargin(0);
+    document()->setDefaultTextOption(wrapping());
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+}
+
+int ValueText::lineHeight(const QFont& font) {
+    const QFontMetricsF metrics(font);
+    return qRound(std::max(QFontInfo(font).pixelSize() * lineSpacing, metrics.height()));
+}
+
+int ValueText::estimatedHeight(const QFont& font, const QString& text, int width) {
+    const int height = lineHeight(font);
+    const QFontMetricsF metrics(font);
+    if (text.size() > longestMeasured) {
+        const qreal lines = static_cast<qreal>(text.size()) * metrics.averageCharWidth() / std::max(width, 1);
+        return height * static_cast<int>(std::ceil(lines));
+    }
+    if (!text.contains(u'\n') && metrics.horizontalAdvance(text) <= width) {
+        return height;
+    }
+    return height * lineCount(font, text, width);
+}
+
+void ValueText::setValue(const FieldValue& value, const Look& look) {
+    m_value = value;
+    QTextCharFormat format;
+    format.setForeground(look.color);
+    format.setFontWeight(look.isBold ? QFont::Bold : QFont::Normal);
+    format.setFontStrikeOut(look.isStruck);
+    format.setFontItalic(look.isItalic);
+    if (look.isUnderlined) {
+        format.setUnderlineStyle(QTextCharFormat::DotLine);
+        format.setUnderlineColor(look.color);
+    }
+    QTextBlockFormat block;
+    block.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
+    block.setLineHeight(lineHeight(font()), QTextBlockFormat::FixedHeight);
+    clear();
+    QTextCursor cursor(document());
+    cursor.setBlockFormat(block);
+    cursor.insertText(value.text, format);
+    if (value.markBegin < value.markEnd) {
+        cursor.setPosition(value.markBegin);
+        cursor.setPosition(value.markEnd, QTextCursor::KeepAnchor);
+        QTextCharFormat mark;
+        mark.setBackground(look.markFill);
+        cursor.mergeCharFormat(mark);
+    }
+    moveCursor(QTextCursor::Start);
+}
+
+int ValueText::heightIn(int width) {
+    document()->setTextWidth(width);
+    return qRound(document()->size().height());
+}
+
+QMimeData* ValueText::createMimeDataFromSelection() const {
+    auto* selected = new QMimeData;
+    const int begin = textCursor().selectionStart();
+    const int end = textCursor().selectionEnd();
+    if (m_value.isNote || begin >= end) {
+        return selected;
+    }
+    if (m_value.origins.empty()) {
+        selected->setText(m_value.original.mid(begin, end - begin));
+        return selected;
+    }
+    const int from = m_value.origins[static_cast<std::size_t>(begin)];
+    const int to = m_value.origins[static_cast<std::size_t>(end - 1)];
+    selected->setText(m_value.original.mid(from, to - from + 1));
+    return selected;
+}
+
+}  // namespace corvale

@@ -1,0 +1,263 @@
+#include "Corvale/window/Button.h"
+
+#include <QButtonGroup>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyle>
+#include <algorithm>
+
+#include "Corvale/style/Theme.h"
+#include "Corvale/style/Typography.h"
+#include "Corvale/window/Drawing.h"
+#include "Corvale/window/PopupMenu.h"
+
+namespace corvale {
+
+namespace {
+
+struct Metrics {
+    int height;
+    int padding;      // left and right
+    int menuPadding;  // right of the chevron
+    int gap;          // between symbol, text and chevron
+    int chevron;
+    int radius;
+    TextRole text;
+};
+
+constexpr Metrics metricsOf(Button::Face face) {
+    switch (face) {
+        case Button::Face::bordered:
+            return {28, 11, 8, 6, 12, 6, TextRole::body};
+        case Button::Face::tile:
+            return {32, 7, 7, 0, 0, 8, TextRole::body};
+        case Button::Face::flat:
+            return {24, 5, 5, 0, 0, 5, TextRole::body};
+        case Button::Face::inCard:
+            return {22, 6, 5, 3, 10, 5, TextRole::secondary};
+        case Button::Face::segment:
+            return {28, 12, 12, 6, 12, 6, TextRole::body};
+        case Button::Face::warning:
+            return {24, 8, 8, 5, 0, 6, TextRole::secondary};
+    }
+    return {};
+}
+
+}  // namespace
+
+Button::Button(Face face, Theme& theme, QWidget* parent) : QAbstractButton(parent), m_face(face), m_theme(theme) {
+    setFocusPolicy(Qt::TabFocus);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    setAttribute(Qt::WA_Hover);
+    setProperty("cornerRadius", metricsOf(face).radius);
+    connect(&theme, &Theme::changed, this, [this] {
+        updateGeometry();
+        update();
+    });
+}
+
+void Button::setLabel(const QString& text, const QString& prefix) {
+    if (text == m_label && prefix == m_prefix) {
+        return;
+    }
+    m_label = text;
+    m_prefix = prefix;
+    setAccessibleName(prefix + text);
+    updateGeometry();
+    update();
+}
+
+void Button::setPrefixShown(bool shown) {
+    m_prefixShown = shown;
+    updateGeometry();
+    update();
+}
+
+void Button::setTextShown(bool shown) {
+    m_textShown = shown;
+    updateGeometry();
+    update();
+}
+
+void Button::setLongestText(int width) {
+    m_longestText = width;
+    updateGeometry();
+}
+
+void Button::setSymbol(const QString& name, int size) {
+    m_symbol = name;
+    m_symbolSize = size;
+    updateGeometry();
+    update();
+}
+
+void Button::setMenu(PopupMenu* menu) {
+    m_menu = menu;
+    connect(this, &Button::clicked, menu, &PopupMenu::open);
+}
+
+void Button::setHelp(const QString& help) {
+    setToolTip(help);
+    setAccessibleDescription(help);
+}
+
+void Button::setNarrowest(int width) {
+    m_narrowest = width;
+    updateGeometry();
+}
+
+QFont Button::textFont() const {
+    QFont font = fontFor(metricsOf(m_face).text);
+    const bool isValue = m_face == Face::inCard && !m_prefix.isEmpty();
+    font.setWeight(m_face == Face::warning || isOn() ? QFont::DemiBold : isValue ? QFont::Medium : QFont::Normal);
+    return font;
+}
+
+int Button::widthBesideText(bool textShown) const {
+    const Metrics& metrics = metricsOf(m_face);
+    const bool hasMenu = m_menu != nullptr;
+    int width = metrics.padding + (hasMenu ? metrics.gap + metrics.chevron + metrics.menuPadding : metrics.padding);
+    if (!m_symbol.isEmpty()) {
+        width += m_symbolSize + (textShown && !m_label.isEmpty() ? metrics.gap : 0);
+    }
+    if (m_prefixShown && !m_prefix.isEmpty()) {
+        width += Drawing::textWidth(fontFor(metrics.text), m_prefix);
+    }
+    return width;
+}
+
+int Button::fullTextWidth() const {
+    QFont font = textFont();
+    // What can be on keeps the width of its heavier text, so that switching moves nothing.
+    if (isCheckable()) {
+        font.setWeight(QFont::DemiBold);
+    }
+    const int width = Drawing::textWidth(font, m_label);
+    return m_longestText > 0 ? std::min(width, m_longestText) : width;
+}
+
+int Button::widthWithText(bool shown) const { return widthBesideText(shown) + (shown ? fullTextWidth() : 0); }
+
+QSize Button::sizeHint() const { return {widthWithText(m_textShown), metricsOf(m_face).height}; }
+
+QSize Button::minimumSizeHint() const {
+    const QSize whole = sizeHint();
+    return m_narrowest > 0 ? QSize(std::min(m_narrowest, whole.width()), whole.height()) : whole;
+}
+
+void Button::nextCheckState() {
+    if (group() != nullptr) {
+        QAbstractButton::nextCheckState();
+    }
+}
+
+void Button::keyPressEvent(QKeyEvent* event) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool isSpaceOrDown = event->key() == Qt::Key_Space || event->key() == Qt::Key_Down;
+    if (isReturn || (m_menu != nullptr && isSpaceOrDown)) {
+        click();
+    } else {
+        QAbstractButton::keyPressEvent(event);
+    }
+}
+
+void Button::mousePressEvent(QMouseEvent* event) {
+    // A menu opens when the button goes down, so that an item can be chosen in one movement.
+    if (m_menu != nullptr && event->button() == Qt::LeftButton) {
+        m_menu->open();
+    } else {
+        QAbstractButton::mousePressEvent(event);
+    }
+}
+
+Button::Colors Button::faceColors() const {
+    const Palette& palette = m_theme.palette();
+    const Colors plain{palette.control, palette.controlBorder, palette.text2, palette.text2, palette.text};
+    switch (m_face) {
+        case Face::segment:
+            return isOn() ? Colors{palette.segmentOn, palette.controlBorder, palette.text, palette.text, palette.text}
+                          : Colors{Qt::transparent, Qt::transparent, palette.text2, palette.text2, palette.text2};
+        case Face::warning:
+            return {palette.changed.fill,
+                    palette.changed.edge,
+                    palette.changed.text,
+                    palette.changed.text,
+                    palette.changed.text};
+        case Face::flat:
+            return {Qt::transparent, Qt::transparent, palette.text2, palette.text2, palette.text2};
+        case Face::inCard:
+            return {Qt::transparent,
+                    Qt::transparent,
+                    palette.text2,
+                    palette.text2,
+                    m_prefix.isEmpty() ? palette.text2 : palette.text};
+        default:
+            return isOn()
+                       ? Colors{palette.accentTint, palette.accentLine, palette.accent, palette.accent, palette.accent}
+                       : plain;
+    }
+}
+
+Button::Colors Button::colors() const {
+    const Palette& palette = m_theme.palette();
+    Colors colors = faceColors();
+    const bool isBare = m_face == Face::flat || m_face == Face::inCard;
+    if (!isEnabled()) {
+        colors = {Qt::transparent,
+                  isBare ? QColor(Qt::transparent) : palette.border,
+                  palette.disabled,
+                  palette.disabled,
+                  palette.disabled};
+    } else if (isBare && (isActive() || isHovered())) {
+        colors.face = palette.pressed;
+        colors.symbol = palette.text;
+        colors.text = palette.text;
+    } else if (m_face == Face::segment || isOn()) {
+        colors.text = isHovered() && !isOn() ? palette.text : colors.text;
+    } else if (m_face == Face::warning) {
+        colors.border = isActive() || isHovered() ? palette.changed.text : colors.border;
+    } else if (isActive() || isHovered()) {
+        colors.face = isActive() ? palette.controlPressed : palette.controlHover;
+        colors.border = palette.field;
+    }
+    return colors;
+}
+
+void Button::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const Colors shown = colors();
+    const bool isOpenNote = m_face == Face::warning && isActive();
+    Drawing::box(painter, rect(), metricsOf(m_face).radius, shown.face, shown.border, isOpenNote ? 2 : 1);
+    paintContents(painter, shown);
+}
+
+void Button::paintContents(QPainter& painter, const Colors& colors) const {
+    const Metrics& metrics = metricsOf(m_face);
+    // In the middle of what the heavier text of a button that is on would need.
+    const bool hasSlack = m_textShown && isCheckable();
+    int x = metrics.padding + (hasSlack ? (fullTextWidth() - Drawing::textWidth(textFont(), m_label)) / 2 : 0);
+    const auto place = [this](int left, int width) {
+        return QStyle::visualRect(layoutDirection(), rect(), QRect(left, 0, width, height()));
+    };
+    if (!m_symbol.isEmpty()) {
+        Drawing::symbol(painter, m_symbol, colors.symbol, place(x, m_symbolSize), m_symbolSize);
+        x += m_symbolSize + metrics.gap;
+    }
+    if (m_prefixShown && !m_prefix.isEmpty()) {
+        const QFont font = fontFor(metrics.text);
+        const int width = Drawing::textWidth(font, m_prefix);
+        Drawing::text(painter, place(x, width), m_prefix, font, colors.prefix);
+        x += width;
+    }
+    if (m_textShown) {
+        Drawing::text(painter, place(x, width() - widthBesideText(true)), m_label, textFont(), colors.text);
+    }
+    if (m_menu != nullptr) {
+        const int left = width() - metrics.menuPadding - metrics.chevron;
+        Drawing::symbol(
+            painter, QStringLiteral("chevron.down"), colors.symbol, place(left, metrics.chevron), metrics.chevron);
+    }
+}
+
+}  // namespace corvale

@@ -1,0 +1,22 @@
+# What the modules on Qt share.
+
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Svg)
+set(CORVALE_QT_DEFINITIONS
+  QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+
+# What Qt's tools write is not held to our style; clang-tidy refuses to look for nothing at all.
+file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/.clang-tidy" CONTENT "Checks: '-*,bugprone-assert-side-effect'\n")
+
+# A static library on Qt whose headers compile alone.
+function(corvale_qt_library target)
+  cmake_parse_arguments(PARSE_ARGV 1 module "" "" "HEADERS;SOURCES;LIBRARIES")
+  add_library(${target} STATIC)
+  target_sources(${target}
+    PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}" FILES ${module_HEADERS}
+    PRIVATE ${module_SOURCES})
+  set_target_properties(${target} PROPERTIES AUTOMOC ON VERIFY_INTERFACE_HEADER_SETS ON)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  target_compile_definitions(${target} PRIVATE ${CORVALE_QT_DEFINITIONS})
+  target_link_libraries(${target} PUBLIC ${module_LIBRARIES})
+  corvale_warnings(${target})
+endfunction()

@@ -1,0 +1,166 @@
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QScrollBar>
+
+#include "Corvale/grid/FieldList.h"
+#include "Corvale/grid/FieldView.h"
+#include "Corvale/grid/GridPlaceholder.h"
+#include "Corvale/grid/InspectorHead.h"
+#include "Corvale/grid/ValueText.h"
+#include "tests/Corvale/grid/GridScene.h"
+
+namespace corvale {
+namespace {
+
+using TestSupport::wideTable;
+using Show = DiffFilter::Show;
+
+class RowInspectorTest : public TestSupport::GridScene {
+protected:
+    void select(std::int64_t line) {
+        m_grid.selectLine(line);
+        settle();
+    }
+    QString before(std::size_t field) { return m_details.fields().view(field)->before().toPlainText(); }
+    QString after(std::size_t field) { return m_details.fields().view(field)->after().toPlainText(); }
+    QString copied(ValueText& value) {
+        value.selectAll();
+        value.copy();
+        return QApplication::clipboard()->text();
+    }
+};
+
+TEST_F(RowInspectorTest, WithoutASelectionItSaysHowToSelect) {
+    EXPECT_TRUE(m_details.placeholder().isVisible());
+    openSample();
+    EXPECT_TRUE(m_details.placeholder().isVisible());
+    EXPECT_EQ(m_details.placeholder().subject(), GridPlaceholder::Subject::noRowSelected);
+    select(0);
+    EXPECT_FALSE(m_details.placeholder().isVisible());
+    EXPECT_TRUE(m_details.head().isVisible());
+    m_model.select(std::nullopt);
+    EXPECT_TRUE(m_details.placeholder().isVisible());
+}
+
+TEST_F(RowInspectorTest, TheHeadTellsRowStatusAndChanges) {
+    openSample();
+    select(2);
+    EXPECT_EQ(m_details.head().key(), QStringLiteral("SKU-1007"));
+    EXPECT_EQ(m_details.head().status(), QStringLiteral("Changed"));
+    EXPECT_EQ(m_details.head().beforeNumber(), QStringLiteral("Before: row 8"));
+    EXPECT_EQ(m_details.head().afterNumber(), QStringLiteral("After: row 8"));
+    EXPECT_EQ(m_details.head().summary(), QStringLiteral("Price: 89.00 to 79.00, Qty: 5 to 8"));
+    select(6);
+    EXPECT_EQ(m_details.head().status(), QStringLiteral("Removed"));
+    EXPECT_EQ(m_details.head().beforeNumber(), QStringLiteral("Before: row 23"));
+    EXPECT_EQ(m_details.head().afterNumber(), QStringLiteral("After: (not in this file)"));
+    EXPECT_EQ(m_details.head().summary(), QString());
+}
+
+TEST_F(RowInspectorTest, EveryColumnIsAField) {
+    openSample();
+    select(2);
+    ASSERT_EQ(m_details.fields().fieldCount(), 6U);
+    EXPECT_EQ(before(0), QStringLiteral("SKU-1007"));
+    EXPECT_EQ(after(0), QStringLiteral("SKU-1007"));
+    EXPECT_EQ(before(3), QStringLiteral("89.00"));
+    EXPECT_EQ(after(3), QStringLiteral("79.00"));
+    EXPECT_EQ(m_details.fields().view(3)->before().accessibleName(), QStringLiteral("Price Before"));
+    EXPECT_EQ(m_details.fields().view(3)->after().accessibleName(), QStringLiteral("Price After"));
+}
+
+TEST_F(RowInspectorTest, WhatIsNotThereIsSaid) {
+    open("ID,A,Old\n1,x,o\n2,y,o\n", "ID,A,New\n1,,n\n3,z,n\n ,q,r\n");
+    setFilter(Show::all);
+    select(0);
+    EXPECT_EQ(before(1), QStringLiteral("x"));
+    EXPECT_EQ(after(1), QStringLiteral("(empty)"));
+    EXPECT_EQ(after(2), QStringLiteral("(not in this file)"));
+    EXPECT_EQ(before(3), QStringLiteral("(not in this file)"));
+    select(1);
+    EXPECT_EQ(after(0), QStringLiteral("(not in this file)"));
+    EXPECT_EQ(m_model.result()->rows.size(), 4U);
+    select(3);
+    EXPECT_EQ(m_details.head().key(), QStringLiteral("(blank key)"));
+}
+
+TEST_F(RowInspectorTest, SpacesAreVisibleWhereNothingElseChanged) {
+    DiffOptions options;
+    options.ignoreWhitespace = false;
+    setOptions(options);
+    open("ID,A,B\n1,a b,a b\n", "ID,A,B\n1,a\u00A0\tb,a  c\n");
+    select(0);
+    EXPECT_EQ(before(1), QStringLiteral("a·b"));
+    EXPECT_EQ(after(1), QStringLiteral("a␣→b"));
+    EXPECT_EQ(before(2), QStringLiteral("a b"));
+    EXPECT_EQ(copied(m_details.fields().view(1)->after()), QStringLiteral("a\u00A0\tb"));
+    EXPECT_EQ(copied(m_details.fields().view(2)->after()), QStringLiteral("a  c"));
+}
+
+TEST_F(RowInspectorTest, ANoteIsNotCopied) {
+    open("ID,A\n1,x\n", "ID,A\n1,\n");
+    select(0);
+    QApplication::clipboard()->setText(QStringLiteral("earlier"));
+    EXPECT_NE(copied(m_details.fields().view(1)->after()), QStringLiteral("(empty)"));
+}
+
+TEST_F(RowInspectorTest, TheStretchThatDiffersIsMarked) {
+    RowField field;
+    field.kind = RowField::Kind::changed;
+    field.before = "Dot grid notebook";
+    field.after = "Dot grid notebook, A5";
+    EXPECT_EQ(FieldValue::before(field).markBegin, FieldValue::before(field).markEnd);
+    EXPECT_EQ(FieldValue::after(field).markBegin, 17);
+    EXPECT_EQ(FieldValue::after(field).markEnd, 21);
+    field.before = "ä42.00";
+    field.after = "ä39.00";
+    EXPECT_EQ(FieldValue::before(field).markBegin, 1);
+    EXPECT_EQ(FieldValue::before(field).markEnd, 3);
+    field.before = "old";
+    field.after = "new";
+    EXPECT_EQ(FieldValue::before(field).markEnd, 0);
+}
+
+TEST_F(RowInspectorTest, AThousandColumnsHaveViewsForWhatShows) {
+    open(wideTable(3, 1000, false), wideTable(3, 1000, true));
+    select(1);
+    EXPECT_EQ(m_details.fields().fieldCount(), 1001U);
+    EXPECT_LT(m_details.fields().viewCount(), 40U);
+    EXPECT_EQ(m_details.fields().view(900), nullptr);
+    auto* bar = m_details.fields().verticalScrollBar();
+    bar->setValue(bar->maximum());
+    ASSERT_NE(m_details.fields().view(1000), nullptr);
+    EXPECT_EQ(after(1000), QStringLiteral("1.1000"));
+    EXPECT_EQ(m_details.fields().view(0), nullptr);
+    EXPECT_LT(m_details.fields().viewCount(), 40U);
+    select(2);
+    EXPECT_EQ(bar->value(), 0);
+    EXPECT_EQ(after(3), QStringLiteral("new"));
+}
+
+TEST_F(RowInspectorTest, ALongValueWrapsAndIsWhole) {
+    const std::string text(16384, 'x');
+    open("ID,A,B\n1," + text + ",b\n", "ID,A,B\n1," + text + "y,b\n");
+    select(0);
+    EXPECT_EQ(before(1).size(), 16384);
+    EXPECT_EQ(after(1).size(), 16385);
+    ValueText& value = m_details.fields().view(1)->after();
+    EXPECT_LE(value.document()->size().width(), value.width());
+    EXPECT_GE(value.height(), value.document()->size().height());
+}
+
+TEST_F(RowInspectorTest, TabGoesThroughTheValuesAndScrollsAlong) {
+    open(wideTable(1, 60, false), wideTable(1, 60, true));
+    select(0);
+    m_details.fields().view(0)->before().setFocus();
+    for (int i = 0; i < 80; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    ASSERT_NE(m_details.fields().view(40), nullptr);
+    EXPECT_EQ(QApplication::focusWidget(), &m_details.fields().view(40)->before());
+    EXPECT_TRUE(m_details.fields().viewport()->rect().intersects(m_details.fields().view(40)->geometry()));
+}
+
+}  // namespace
+}  // namespace corvale

@@ -1,0 +1,219 @@
+#include <QTemporaryDir>
+#include <QTest>
+#include <stdexcept>
+
+#include "Corvale/window/ElidedLabel.h"
+#include "Corvale/window/FileCard.h"
+#include "Corvale/window/FilesBar.h"
+#include "Corvale/window/PopupMenu.h"
+#include "tests/Corvale/window/WindowFixture.h"
+#include "tests/support/Workbooks.h"
+
+namespace corvale {
+namespace {
+
+using TestSupport::itemsOf;
+using TestSupport::pick;
+using TestSupport::ScriptedPlatform;
+using TestSupport::WindowTest;
+using Items = std::vector<std::string>;
+
+std::string workbookOfTwoSheets() {
+    const std::string row = "<row><c t=\"str\"><v>ID</v></c><c t=\"str\"><v>Name</v></c></row>";
+    return Workbooks::package(
+        {{"xl/workbook.xml",
+          "<workbook xmlns:r=\"r\"><sheets><sheet name=\"Stock\" sheetId=\"1\" r:id=\"a\"/><sheet name=\"Old "
+          "stock\" sheetId=\"2\" r:id=\"b\"/></sheets></workbook>"},
+         {"xl/_rels/workbook.xml.rels",
+          "<Relationships><Relationship Id=\"a\" Target=\"worksheets/sheet1.xml\"/><Relationship Id=\"b\" "
+          "Target=\"worksheets/sheet2.xml\"/></Relationships>"},
+         {"xl/worksheets/sheet1.xml", Workbooks::worksheet(row + row)},
+         {"xl/worksheets/sheet2.xml", Workbooks::worksheet(row + row + row)}});
+}
+
+class FileCardTest : public WindowTest {
+protected:
+    FileCard& card(Side side) { return *window.findChild<FilesBar*>()->card(side); }
+    template <typename Widget>
+    Widget& inCard(Side side, const std::string& name) {
+        for (auto* widget : card(side).findChildren<QWidget*>()) {
+            auto* const found = dynamic_cast<Widget*>(widget);
+            if (found != nullptr && widget->accessibleName() == QString::fromStdString(name)) {
+                return *found;
+            }
+        }
+        throw std::runtime_error("nothing named " + name);
+    }
+    bool cardShows(Side side, const std::string& name) {
+        for (const auto* widget : card(side).findChildren<QWidget*>()) {
+            if (widget->accessibleName() == QString::fromStdString(name) && widget->isVisible()) {
+                return true;
+            }
+        }
+        return false;
+    }
+};
+
+TEST_F(FileCardTest, AnEmptyCardInvites) {
+    for (const Side side : {Side::before, Side::after}) {
+        EXPECT_EQ(card(side).accessibleName(),
+                  side == Side::before ? QStringLiteral("Before file") : QStringLiteral("After file"));
+        EXPECT_TRUE(cardShows(side, "Drop a file here"));
+        EXPECT_TRUE(cardShows(side, "Excel (.xlsx), CSV or TSV"));
+    }
+    auto& choose = inCard<Button>(Side::before, "Choose…");
+    EXPECT_EQ(choose.toolTip(), QStringLiteral("Choose the older file"));
+    EXPECT_EQ(inCard<Button>(Side::after, "Choose…").accessibleDescription(), QStringLiteral("Choose the newer file"));
+    QTest::mouseClick(&choose, Qt::LeftButton);
+    ASSERT_EQ(platform.openPanels.size(), 1U);
+    EXPECT_TRUE(platform.openPanels[0].allowsSeveral);
+}
+
+TEST_F(FileCardTest, ALoadingCardIsBusy) {
+    platform.files["before.csv"] = "a,b\n1,2\n";
+    model.load(ScriptedPlatform::url("before.csv"), Side::before);
+    EXPECT_TRUE(cardShows(Side::before, "Opening…"));
+    EXPECT_FALSE(cardShows(Side::before, "Drop a file here"));
+    EXPECT_FALSE(cardShows(Side::after, "Opening…"));
+    platform.settle();
+    EXPECT_FALSE(cardShows(Side::before, "Opening…"));
+}
+
+TEST_F(FileCardTest, ALoadedCardTellsNameAndSize) {
+    open("a,b\n1,2\n3,4\n", Side::before);
+    EXPECT_TRUE(cardShows(Side::before, "before.csv"));
+    EXPECT_TRUE(cardShows(Side::before, "2 rows · 2 columns"));
+    EXPECT_FALSE(cardShows(Side::before, "Drop a file here"));
+    EXPECT_FALSE(cardShows(Side::before, "Sheet: "));
+    open("a\n1\n", Side::after, "after.csv");
+    EXPECT_TRUE(cardShows(Side::after, "1 row · 1 column"));
+}
+
+TEST_F(FileCardTest, TheCloseButtonEmptiesTheSide) {
+    open("a,b\n1,2\n", Side::after, "after.csv");
+    auto& close = inCard<Button>(Side::after, "Close this file");
+    EXPECT_EQ(close.toolTip(), QStringLiteral("Close the After file"));
+    EXPECT_EQ(inCard<Button>(Side::before, "Close this file").toolTip(), QStringLiteral("Close the Before file"));
+    QTest::mouseClick(&close, Qt::LeftButton);
+    EXPECT_FALSE(model.after());
+    EXPECT_TRUE(cardShows(Side::after, "Drop a file here"));
+}
+
+TEST_F(FileCardTest, AWorkbookHasASheetMenu) {
+    open(workbookOfTwoSheets(), Side::before, "stock.xlsx");
+    auto& sheet = inCard<Button>(Side::before, "Sheet: Stock");
+    EXPECT_EQ(sheet.accessibleDescription(), QStringLiteral("The sheet to compare"));
+    EXPECT_EQ(itemsOf(sheet), (Items{"✓ Stock", "Old stock"}));
+    pick(sheet, "Old stock");
+    platform.settle();
+    EXPECT_EQ(model.before()->sheet, 1);
+    EXPECT_EQ(sheet.accessibleName(), QStringLiteral("Sheet: Old stock"));
+    EXPECT_TRUE(cardShows(Side::before, "2 rows · 2 columns"));
+}
+
+TEST_F(FileCardTest, TheHeaderRowMenuOffersTheFirstRows) {
+    open("Stock in October\n\nID,Name\n1,Pen\n", Side::before);
+    auto& menu = inCard<Button>(Side::before, "Header row of the Before file");
+    EXPECT_EQ(menu.label(), QStringLiteral("headers in row 3"));
+    EXPECT_EQ(menu.toolTip(),
+              QStringLiteral("Choose the row with the column names (when the file has a title above its table)"));
+    EXPECT_EQ(itemsOf(menu),
+              (Items{"[Column names are in]",
+                     "✓ Automatic (row 3)",
+                     "Row 1: Stock in October",
+                     "Row 3: ID, Name",
+                     "Row 4: 1, Pen"}));
+    pick(menu, "Row 4: 1, Pen");
+    platform.settle();
+    EXPECT_EQ(model.before()->headerRow, 4);
+    EXPECT_EQ(menu.label(), QStringLiteral("headers in row 4"));
+    EXPECT_EQ(itemsOf(menu),
+              (Items{"[Column names are in]",
+                     "Automatic (row 3)",
+                     "Row 1: Stock in October",
+                     "Row 3: ID, Name",
+                     "✓ Row 4: 1, Pen"}));
+    pick(menu, "Automatic (row 3)");
+    platform.settle();
+    EXPECT_EQ(model.before()->headerRow, std::nullopt);
+    EXPECT_EQ(menu.label(), QStringLiteral("headers in row 3"));
+    EXPECT_EQ(inCard<Button>(Side::after, "Header row of the After file").toolTip(), menu.toolTip());
+}
+
+TEST_F(FileCardTest, ALongNameLosesItsMiddle) {
+    const std::string name = std::string(200, 'x') + " November.csv";
+    open("a,b\n1,2\n", Side::before, name);
+    const auto& label = inCard<ElidedLabel>(Side::before, name);
+    EXPECT_LT(label.width(), label.sizeHint().width());
+    EXPECT_LE(label.geometry().right(), card(Side::before).width());
+}
+
+TEST_F(FileCardTest, OneDroppedFileFillsTheCardsSide) {
+    platform.files["after.csv"] = "a,b\n1,2\n";
+    EXPECT_TRUE(dragInto(card(Side::after), {"/after.csv"}));
+    EXPECT_TRUE(card(Side::after).targeted());
+    EXPECT_FALSE(card(Side::before).targeted());
+    EXPECT_TRUE(drop(card(Side::after), {"/after.csv"}));
+    EXPECT_FALSE(card(Side::after).targeted());
+    platform.settle();
+    EXPECT_EQ(model.after()->name, "after.csv");
+    EXPECT_FALSE(model.before());
+}
+
+TEST_F(FileCardTest, TwoDroppedFilesFillBothSidesTheFirstBecomingBefore) {
+    platform.files = {{"one.csv", "a,b\n1,2\n"}, {"two.csv", "a,b\n1,3\n"}};
+    for (const Side side : {Side::before, Side::after}) {
+        EXPECT_TRUE(drop(card(side), {"/one.csv", "/two.csv"}));
+        platform.settle();
+        EXPECT_EQ(model.before()->name, "one.csv");
+        EXPECT_EQ(model.after()->name, "two.csv");
+        model.close(Side::before);
+        model.close(Side::after);
+    }
+}
+
+TEST_F(FileCardTest, ADragThatLeavesLeavesNoTrace) {
+    dragInto(card(Side::before), {"/one.csv"});
+    dragOutOf(card(Side::before));
+    EXPECT_FALSE(card(Side::before).targeted());
+}
+
+TEST_F(FileCardTest, AFolderAndThreeFilesAreRefused) {
+    const QTemporaryDir folder;
+    for (const std::vector<std::string>& paths : {std::vector<std::string>{folder.path().toStdString()},
+                                                  {"/one.csv", folder.path().toStdString()},
+                                                  {"/one.csv", "/two.csv", "/three.csv"},
+                                                  {}}) {
+        EXPECT_FALSE(drop(card(Side::before), paths));
+        EXPECT_FALSE(card(Side::before).targeted());
+    }
+    EXPECT_TRUE(model.loading().empty());
+}
+
+TEST_F(FileCardTest, SwapExchangesTheFiles) {
+    auto& swap = button("Swap Before and After");
+    EXPECT_EQ(swap.toolTip(), QStringLiteral("Swap Before and After"));
+    EXPECT_FALSE(swap.isEnabled());
+    open("a,b\n1,2\n", Side::before);
+    EXPECT_TRUE(swap.isEnabled());
+    QTest::mouseClick(&swap, Qt::LeftButton);
+    EXPECT_FALSE(model.before());
+    EXPECT_EQ(model.after()->name, "before.csv");
+}
+
+TEST_F(FileCardTest, InANarrowWindowWordsGiveWayBeforeTheCounts) {
+    open(workbookOfTwoSheets(), Side::before, "stock.xlsx");
+    auto& sheet = inCard<Button>(Side::before, "Sheet: Stock");
+    const auto& size = inCard<ElidedLabel>(Side::before, "1 row · 2 columns");
+    window.resize(1280, 800);
+    QApplication::processEvents();
+    const int wide = sheet.width();
+    window.resize(900, 600);
+    QApplication::processEvents();
+    EXPECT_LT(sheet.width(), wide);
+    EXPECT_EQ(sheet.accessibleName(), QStringLiteral("Sheet: Stock"));
+    EXPECT_EQ(size.width(), size.sizeHint().width());
+}
+
+}  // namespace
+}  // namespace corvale
