@@ -68,7 +68,8 @@ public:
         static std::int64_t madeRows = 0;
         static std::int64_t madeColumns = 0;
         static std::unique_ptr<Pair> pair;
-        if (madeRows != rows || madeColumns != columns) {
+        if (!pair || madeRows != rows || madeColumns != columns) {
+            // Two such pairs at once are more than many a machine holds.
             pair.reset();
             pair = std::make_unique<Pair>(static_cast<int>(rows), static_cast<int>(columns));
             madeRows = rows;

@@ -148,7 +148,8 @@ QSize ControlStyle::sizeFromContents(ContentsType type, const QStyleOption* opti
     if (item->menuItemType == QStyleOptionMenuItem::Separator && !item->text.isEmpty()) {
         // The menu knows nothing of what a separator says.
         const int text = QFontMetrics(fontFor(TextRole::caption, item->font)).horizontalAdvance(item->text);
-        return {Metrics::menuTextLeft + text + Metrics::menuTextRight, menuItemHeight(*item, item->fontMetrics.height())};
+        return {Metrics::menuTextLeft + text + Metrics::menuTextRight,
+                menuItemHeight(*item, item->fontMetrics.height())};
     }
     // The menu itself adds the width of its longest shortcut.
     const int gap = item->text.contains(u'\t') ? Metrics::menuShortcutGap : 0;

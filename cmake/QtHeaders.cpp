@@ -1,0 +1,1 @@
+// Of this library only the precompiled header is wanted.
