@@ -50,6 +50,8 @@ DiffGrid::DiffGrid(AppModel& model, Theme& theme, QWidget* parent)
       m_note(new BriefNote(theme, viewport())) {
     GridAccessibility::install();
     setFrameShape(QFrame::NoFrame);
+    // A table's columns stand as they do in the files, and its scroll bars have to move the same way.
+    setLayoutDirection(Qt::LeftToRight);
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(tr("Changes"));
     viewport()->setMouseTracking(true);

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "Corvale/grid/GridDrawing.h"
 #include "Corvale/style/Look.h"
@@ -17,6 +18,7 @@ namespace {
 constexpr int pictureSize = 64;
 constexpr int pictureRadius = 16;
 constexpr int symbolSize = 34;
+constexpr int leastAbove = 16;
 constexpr int liftedBy = 96;  // the middle that the eye takes is above that of the pane
 
 QString symbolOf(GridPlaceholder::Subject subject) {
@@ -115,6 +117,7 @@ void GridPlaceholder::setSubject(Subject subject) {
     m_title->setText(titleOf(subject));
     m_text->setText(textOf(subject));
     m_picture->update();
+    lift();
 }
 
 QString GridPlaceholder::message() const { return titleOf(m_subject) + QStringLiteral(". ") + textOf(m_subject); }
@@ -122,6 +125,19 @@ QString GridPlaceholder::message() const { return titleOf(m_subject) + QStringLi
 void GridPlaceholder::updateFonts() {
     m_title->setFont(fontFor(TextRole::stateTitle, font()));
     m_text->setFont(fontFor(TextRole::body, font()));
+}
+
+void GridPlaceholder::lift() {
+    // Less where the pane is low, or the lines would be pushed into each other.
+    const QMargins margins = layout()->contentsMargins();
+    const int needed = layout()->totalHeightForWidth(width()) - margins.bottom();
+    const int room = height() - needed - 2 * leastAbove;
+    layout()->setContentsMargins(margins.left(), 0, margins.right(), std::clamp(room, 0, liftedBy));
+}
+
+void GridPlaceholder::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    lift();
 }
 
 void GridPlaceholder::changeEvent(QEvent* event) {

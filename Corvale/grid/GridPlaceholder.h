@@ -25,12 +25,14 @@ public:
     QString message() const;
 
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
     class Picture;
 
     void updateFonts();
+    void lift();
 
     Subject m_subject;
     const Theme& m_theme;

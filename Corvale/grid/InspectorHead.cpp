@@ -27,6 +27,8 @@ constexpr int paddingTop = 11;
 constexpr int paddingBottom = 10;
 constexpr int statusIcon = 14;
 constexpr int mostSummaryLines = 8;
+constexpr int numberGap = 14;
+constexpr int numberLineGap = 1;
 constexpr int titlePadding = 12;  // above and below the titles together
 
 QColor statusColor(const Palette& palette, DiffRow::Status status) {
@@ -84,13 +86,11 @@ void InspectorHead::addRows() {
     keyRow->addWidget(m_symbol);
     keyRow->addWidget(m_status);
     layout->addLayout(keyRow);
-    auto* numberRow = new QHBoxLayout;
-    numberRow->setSpacing(14);
-    numberRow->addWidget(m_before);
-    numberRow->addWidget(m_after);
-    numberRow->addStretch();
+    m_numbers = new QBoxLayout(QBoxLayout::LeftToRight);
+    m_numbers->addWidget(m_before, 0, Qt::AlignLeft);
+    m_numbers->addWidget(m_after, 1, Qt::AlignLeft);
     layout->addSpacing(3);
-    layout->addLayout(numberRow);
+    layout->addLayout(m_numbers);
     layout->addSpacing(7);
     layout->addWidget(m_summary);
 }
@@ -104,6 +104,7 @@ void InspectorHead::refresh() {
     m_after->setText(RowTexts::heading(result, row, RowSide::after));
     m_summary->setVisible(!row.changes.empty());
     updateColors();
+    fitNumbers();
     fitSummary();
     elideKey();
 }
@@ -152,6 +153,13 @@ void InspectorHead::updateColors() {
     update();
 }
 
+void InspectorHead::fitNumbers() {
+    const int needed = m_before->sizeHint().width() + numberGap + m_after->sizeHint().width();
+    const bool fit = needed <= width() - 2 * paddingX;
+    m_numbers->setDirection(fit ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    m_numbers->setSpacing(fit ? numberGap : numberLineGap);
+}
+
 void InspectorHead::fitSummary() {
     const int most = mostSummaryLines * ValueText::lineHeight(m_summary->font());
     m_summary->setFixedHeight(std::min(most, m_summary->heightIn(width() - 2 * paddingX)));
@@ -184,6 +192,7 @@ void InspectorHead::paintEvent(QPaintEvent*) {
 void InspectorHead::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     elideKey();
+    fitNumbers();
     fitSummary();
 }
 

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+class QBoxLayout;
 class QLabel;
 
 namespace corvale {
@@ -40,6 +41,7 @@ private:
     void updateFonts();
     void updateColors();
     void elideKey();
+    void fitNumbers();
     void fitSummary();
     int titlesHeight() const;
 
@@ -51,6 +53,7 @@ private:
     QLabel* m_status;
     QLabel* m_before;
     QLabel* m_after;
+    QBoxLayout* m_numbers = nullptr;
     ValueText* m_summary;
     int m_fieldWidth = 0;
 };

@@ -16,7 +16,6 @@ namespace corvale {
 
 namespace {
 
-constexpr int edgeWidth = 1;
 constexpr int usualHeight = 480;
 
 }  // namespace
@@ -24,10 +23,12 @@ constexpr int usualHeight = 480;
 RowInspector::RowInspector(AppModel& model, Theme& theme, QWidget* parent)
     : QWidget(parent), m_model(model), m_theme(theme), m_pages(new QStackedLayout(this)) {
     auto* details = new QWidget(this);
+    // Before is at the left of After, as in the grid.
+    details->setLayoutDirection(Qt::LeftToRight);
     m_head = new InspectorHead(model, theme, details);
     m_fields = new FieldList(model, theme, details);
     auto* column = new QVBoxLayout(details);
-    column->setContentsMargins(edgeWidth, 0, 0, 0);
+    column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(m_head);
     column->addWidget(m_fields, 1);
@@ -82,7 +83,6 @@ void RowInspector::showRow(bool fromTop) {
 void RowInspector::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), m_theme.palette().surface);
-    painter.fillRect(0, 0, edgeWidth, height(), m_theme.palette().border);
 }
 
 void RowInspector::changeEvent(QEvent* event) {

@@ -25,6 +25,9 @@ QString quotedForClipboard(std::string_view cell) {
     return u'"' + text.replace(u'"', QStringLiteral("\"\"")) + u'"';
 }
 
+// One change alone is as short as a note that counts it.
+std::size_t changesListed(std::size_t changes) { return changes == listedChanges + 1 ? changes : listedChanges; }
+
 QString valueInSummary(std::string_view text) {
     return text.empty() ? RowTexts::emptyCell() : CellText::shortened(text, longestInSummary);
 }
@@ -82,16 +85,16 @@ QString RowTexts::title(const DiffResult& result, const DiffRow& row) {
 QString RowTexts::summary(const DiffResult& result, const DiffRow& row) {
     const RowCells cells(result, row);
     QStringList parts;
-    for (const CellChange& change : row.changes.first(std::min(listedChanges, row.changes.size()))) {
+    const std::size_t listed = std::min(changesListed(row.changes.size()), row.changes.size());
+    for (const CellChange& change : row.changes.first(listed)) {
         const ColumnPair& column = result.columns[static_cast<std::size_t>(change.column)];
         parts += tr("%1: %2 to %3", "a changed cell: column, old value, new value")
                      .arg(CellText::shortened(column.name, longestInSummary),
                           valueInSummary(cells.before(column)),
                           valueInSummary(cells.after(column)));
     }
-    if (row.changes.size() > listedChanges) {
-        const auto others = row.changes.size() - listedChanges;
-        parts += others == 1 ? tr("and 1 more change") : tr("and %1 more changes").arg(others);
+    if (row.changes.size() > listed) {
+        parts += tr("and %1 more changes").arg(row.changes.size() - listed);
     }
     return parts.join(tr(", "));
 }

@@ -102,7 +102,13 @@ void ValueText::setValue(const FieldValue& value, const Look& look) {
 
 int ValueText::heightIn(int width) {
     document()->setTextWidth(width);
-    return qRound(document()->size().height());
+    int height = qRound(document()->size().height());
+    if (document()->textWidth() != width) {
+        // The first layout makes the scroll bars look again, and them lay out in the width that the widget has now.
+        document()->setTextWidth(width);
+        height = qRound(document()->size().height());
+    }
+    return height;
 }
 
 QMimeData* ValueText::createMimeDataFromSelection() const {

@@ -27,6 +27,7 @@ constexpr int listWidth = 420;
 constexpr int sideMargin = 16;
 constexpr int lineHeight = 29;
 constexpr int mostLinesShown = 10;
+constexpr int leastLinesShown = 3;
 constexpr int sideWidth = 78;
 constexpr int rowsWidth = 150;
 constexpr int distance = 6;  // from what opens it, and from the edges of the window
@@ -120,17 +121,29 @@ DuplicateList::DuplicateList(AppModel& model, Theme& theme, QWidget* parent)
 void DuplicateList::openBelow(const QWidget& opener) {
     m_opener = &opener;
     m_keys->setOpen(true);
-    m_view->setFixedHeight(lineHeight * std::min(m_keys->rowCount(), mostLinesShown));
     m_view->setCurrentIndex(m_keys->index(0, DuplicateKeysTable::key));
     m_view->clearSelection();
-    adjustSize();
     const QRect window(opener.window()->mapToGlobal(QPoint()), opener.window()->size());
     const QPoint centre = opener.mapToGlobal(QPoint(opener.width() / 2, opener.height() + distance));
+    fitHeight(window.bottom() - distance - centre.y());
     const int farthest = window.right() - width() - distance;
     move(std::clamp(centre.x() - width() / 2, window.left() + distance, std::max(window.left() + distance, farthest)),
          centre.y());
     show();
     m_view->setFocus(Qt::PopupFocusReason);
+}
+
+void DuplicateList::fitHeight(int most) {
+    const auto showLines = [this](int lines) {
+        m_view->setFixedHeight(lineHeight * std::min(m_keys->rowCount(), lines));
+        adjustSize();
+    };
+    showLines(mostLinesShown);
+    const int tooHigh = height() - most;
+    if (tooHigh > 0) {
+        const int lines = (m_view->height() - tooHigh) / lineHeight;
+        showLines(std::max(lines, leastLinesShown));
+    }
 }
 
 void DuplicateList::hideEvent(QHideEvent* event) {

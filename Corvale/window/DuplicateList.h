@@ -31,6 +31,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void fitHeight(int most);
+
     Theme& m_theme;
     DuplicateKeysTable* m_keys;
     QTableView* m_view;

@@ -64,6 +64,7 @@ MainToolbar::MainToolbar(AppModel& model, Theme& theme, QWidget* parent)
       m_theme(theme),
       m_viewLabel(makeLabel(tr("View"), theme, this)),
       m_view(makeViewPicker()),
+      m_groupGap(new QSpacerItem(groupGap, 0, QSizePolicy::Fixed)),
       m_showLabel(makeLabel(tr("Show"), theme, this)),
       m_show(makeMenu(&MainToolbar::fillShow)),
       m_column(makeMenu(&MainToolbar::fillColumns)),
@@ -141,7 +142,7 @@ void MainToolbar::layOut() {
     row->setSpacing(gap);
     row->addWidget(m_viewLabel);
     row->addWidget(m_view);
-    row->addSpacing(groupGap);
+    row->addItem(m_groupGap);
     row->addWidget(m_showLabel);
     for (QWidget* widget : std::initializer_list<QWidget*>{m_show, m_column}) {
         row->addWidget(widget);
@@ -244,12 +245,11 @@ void MainToolbar::shrink() {
 
 int MainToolbar::widthAt(int level) const {
     const QMargins margins = layout()->contentsMargins();
-    int width = margins.left() + margins.right() + m_view->sizeHint().width() + groupGap + gap +
-                m_show->sizeHint().width() + gap + m_column->sizeHint().width() + gap + gap +
-                m_export->widthWithText(level <= 1) + gap + m_details->widthWithText(level == 0) + gap +
-                searchWidth[level];
+    int width = margins.left() + margins.right() + m_view->sizeHint().width() + gap + m_show->sizeHint().width() + gap +
+                m_column->sizeHint().width() + gap + gap + m_export->widthWithText(level <= 1) + gap +
+                m_details->widthWithText(level == 0) + gap + searchWidth[level];
     if (level == 0) {
-        width += m_viewLabel->sizeHint().width() + gap + m_showLabel->sizeHint().width() + gap;
+        width += m_viewLabel->sizeHint().width() + gap + groupGap + m_showLabel->sizeHint().width() + gap;
     }
     return width;
 }
@@ -257,6 +257,8 @@ int MainToolbar::widthAt(int level) const {
 void MainToolbar::showWords() {
     m_viewLabel->setVisible(m_level == 0);
     m_showLabel->setVisible(m_level == 0);
+    m_groupGap->changeSize(m_level == 0 ? groupGap : 0, 0, QSizePolicy::Fixed);
+    layout()->invalidate();
     m_details->setTextShown(m_level == 0);
     m_export->setTextShown(m_level <= 1);
     m_search->setFixedWidth(searchWidth[m_level]);

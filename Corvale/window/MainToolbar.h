@@ -6,7 +6,7 @@
 
 #include "Corvale/model/AppSettings.h"
 
-class QLabel;
+class QSpacerItem;
 
 namespace corvale {
 
@@ -53,6 +53,7 @@ private:
     Button* m_unified = nullptr;
     Button* m_sideBySide = nullptr;
     QWidget* m_view;
+    QSpacerItem* m_groupGap;  // before the word Show
     SymbolLabel* m_showLabel;
     Button* m_show;
     Button* m_column;

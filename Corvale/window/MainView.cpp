@@ -77,6 +77,7 @@ QWidget* MainView::makeResults(Platform& platform) {
 QSplitter* MainView::makeSplitter(Platform& platform, QWidget* parent) {
     auto* const splitter = new QSplitter(parent);
     auto* const list = new QWidget(splitter);
+    list->setLayoutDirection(Qt::LeftToRight);
     auto* const row = new QHBoxLayout(list);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);

@@ -1,13 +1,12 @@
 #include "Corvale/window/ProblemAlert.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "Corvale/grid/ValueText.h"
 #include "Corvale/model/AppModel.h"
-#include "Corvale/style/Look.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/style/Typography.h"
 #include "Corvale/window/SymbolLabel.h"
@@ -31,28 +30,23 @@ ProblemAlert::ProblemAlert(AppModel& model, Theme& theme, QWidget* parent)
                                .color = [](const Palette& palette) { return palette.changed.text; },
                                .textColor = [](const Palette& palette) { return palette.text; }},
                               tr("Something went wrong"), theme, this)),
-      m_text(new QLabel(this)),
+      m_text(new ValueText(this)),
       m_ok(new QPushButton(tr("OK"), this)) {
     setWindowTitle(tr("Something went wrong"));
     m_ok->setDefault(true);
     m_ok->setFont(fontFor(TextRole::bodyStrong));
     m_ok->setMinimumWidth(78);
-    setLook(*m_text, Look::secondaryText);
     layOut();
 
     connect(m_ok, &QPushButton::clicked, this, &QDialog::accept);
     // However it is closed, the problem has been read.
     connect(this, &QDialog::finished, &model, &AppModel::dismissProblem);
     connect(&model, &AppModel::problemChanged, this, &ProblemAlert::refresh);
-    connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
+    connect(&theme, &Theme::changed, this, &ProblemAlert::showText);
     refresh();
 }
 
 void ProblemAlert::layOut() {
-    m_text->setFixedWidth(textWidth);
-    m_text->setTextFormat(Qt::PlainText);
-    m_text->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_text->setWordWrap(true);
     auto* const buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(m_ok);
@@ -73,13 +67,23 @@ void ProblemAlert::refresh() {
         hide();
         return;
     }
-    m_text->setText(*problem);
-    m_text->setAccessibleName(*problem);
+    showText();
     setAccessibleDescription(*problem);
     if (!isVisible()) {
         open();
         m_ok->setFocus(Qt::OtherFocusReason);
     }
+}
+
+void ProblemAlert::showText() {
+    FieldValue value;
+    value.text = value.original = m_model.problem().value_or(QString());
+    ValueText::Look look;
+    look.color = m_theme.palette().text2;
+    m_text->setValue(value, look);
+    m_text->setAccessibleName(value.text);
+    m_text->setFixedSize(textWidth, m_text->heightIn(textWidth));
+    update();
 }
 
 void ProblemAlert::paintEvent(QPaintEvent*) {

@@ -2,13 +2,13 @@
 
 #include <QDialog>
 
-class QLabel;
 class QPushButton;
 
 namespace corvale {
 
 class AppModel;
 class Theme;
+class ValueText;
 
 // Shows the model's problem over its window until the user has read it.
 class ProblemAlert : public QDialog {
@@ -25,11 +25,12 @@ protected:
 
 private:
     void layOut();
+    void showText();
 
     AppModel& m_model;
     Theme& m_theme;
     QWidget* m_title;
-    QLabel* m_text;
+    ValueText* m_text;  // not a label: it breaks long file names anywhere
     QPushButton* m_ok;
 };
 

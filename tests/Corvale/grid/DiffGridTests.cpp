@@ -117,6 +117,14 @@ TEST_F(DiffGridTest, LeftAndRightScrollSideways) {
     EXPECT_EQ(scroll(), 0);
 }
 
+TEST_F(DiffGridTest, InARightToLeftWindowTheScrollBarMovesWithTheColumns) {
+    m_window.setLayoutDirection(Qt::RightToLeft);
+    open(wideTable(3, 40, false), wideTable(3, 40, true));
+    EXPECT_EQ(m_grid.layoutDirection(), Qt::LeftToRight);
+    ASSERT_TRUE(m_grid.horizontalScrollBar()->isVisible());
+    EXPECT_EQ(m_grid.horizontalScrollBar()->layoutDirection(), Qt::LeftToRight);
+}
+
 TEST_F(DiffGridTest, EnterSpaceAndDoubleClickOpenTheDetailsAndNeverCloseThem) {
     openSample();
     const auto closed = [&] {

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <QClipboard>
+#include <QLabel>
 #include <QScrollBar>
+#include <algorithm>
 
 #include "Corvale/grid/FieldList.h"
 #include "Corvale/grid/FieldView.h"
@@ -31,6 +33,17 @@ protected:
     }
 };
 
+TEST(ValueText, ItsFirstHeightIsThatInTheGivenWidth) {
+    QWidget parent;
+    ValueText text(&parent);
+    FieldValue value;
+    value.text = value.original = QStringLiteral("Neither so short that any width would do, nor very long.");
+    text.setValue(value, {});
+    ASSERT_LT(text.width(), 600);
+    EXPECT_EQ(text.heightIn(600), ValueText::lineHeight(text.font()));
+    EXPECT_GT(text.heightIn(100), 2 * ValueText::lineHeight(text.font()));
+}
+
 TEST_F(RowInspectorTest, WithoutASelectionItSaysHowToSelect) {
     EXPECT_TRUE(m_details.placeholder().isVisible());
     openSample();
@@ -56,6 +69,50 @@ TEST_F(RowInspectorTest, TheHeadTellsRowStatusAndChanges) {
     EXPECT_EQ(m_details.head().beforeNumber(), QStringLiteral("Before: row 23"));
     EXPECT_EQ(m_details.head().afterNumber(), QStringLiteral("After: (not in this file)"));
     EXPECT_EQ(m_details.head().summary(), QString());
+}
+
+TEST_F(RowInspectorTest, InANarrowPaneTheNumbersTakeALineEach) {
+    openSample();
+    select(6);
+    const auto label = [this](const QString& text) {
+        const auto labels = m_details.head().findChildren<QLabel*>();
+        return *std::find_if(labels.begin(), labels.end(), [&](const QLabel* l) { return l->text() == text; });
+    };
+    for (const int width : {220, 264, 480}) {
+        m_details.setFixedWidth(width);
+        settle();
+        const QLabel* before = label(QStringLiteral("Before: row 23"));
+        const QLabel* after = label(QStringLiteral("After: (not in this file)"));
+        EXPECT_GE(before->width(), before->sizeHint().width()) << width;
+        EXPECT_GE(after->width(), after->sizeHint().width()) << width;
+        EXPECT_LE(after->geometry().right(), width - FieldView::padding) << width;
+        EXPECT_FALSE(before->geometry().intersects(after->geometry())) << width;
+        EXPECT_EQ(after->y() > before->y(), width == 220) << width;
+    }
+}
+
+TEST_F(RowInspectorTest, InARightToLeftWindowTheTitlesStandOverTheirValues) {
+    m_window.setLayoutDirection(Qt::RightToLeft);
+    open(wideTable(3, 60, false), wideTable(3, 60, true));
+    select(0);
+    ASSERT_TRUE(m_details.fields().verticalScrollBar()->isVisible());
+    const int fieldsLeft = m_details.fields().viewport()->mapTo(&m_details, QPoint()).x();
+    EXPECT_EQ(fieldsLeft, m_details.head().mapTo(&m_details, QPoint()).x());
+}
+
+TEST_F(RowInspectorTest, InALowPaneThePlaceholderIsNotSquashed) {
+    m_details.setFixedHeight(240);
+    settle();
+    const auto labels = m_details.placeholder().findChildren<QLabel*>();
+    ASSERT_EQ(labels.size(), 2);
+    int bottom = 0;
+    for (const QLabel* label : labels) {
+        EXPECT_GE(label->height(), label->heightForWidth(label->width()));
+        EXPECT_GT(label->y(), bottom + 8);
+        bottom = label->geometry().bottom();
+    }
+    EXPECT_GE(labels.front()->y(), 16 + 64 + 16);
+    EXPECT_LE(bottom, m_details.height());
 }
 
 TEST_F(RowInspectorTest, EveryColumnIsAField) {

@@ -46,7 +46,7 @@ TEST(RowTexts, EveryStatusHasAWordAndASymbol) {
     }
 }
 
-TEST(RowTexts, SummaryListsThreeChangesAndCountsTheOthers) {
+TEST(RowTexts, SummaryListsThreeChangesAndCountsSeveralOthers) {
     struct Case {
         std::vector<std::string> before;
         std::vector<std::string> after;
@@ -57,7 +57,7 @@ TEST(RowTexts, SummaryListsThreeChangesAndCountsTheOthers) {
         {{"89.00"}, {"94.00"}, u"A: 89.00 to 94.00"},
         {{"1", "5"}, {"2", "8"}, u"A: 1 to 2, B: 5 to 8"},
         {{"1", "5", "x"}, {"2", "8", "y"}, u"A: 1 to 2, B: 5 to 8, C: x to y"},
-        {{"1", "5", "x", "q"}, {"2", "8", "y", "r"}, u"A: 1 to 2, B: 5 to 8, C: x to y, and 1 more change"},
+        {{"1", "5", "x", "q"}, {"2", "8", "y", "r"}, u"A: 1 to 2, B: 5 to 8, C: x to y, D: q to r"},
         {{"1", "5", "x", "q", "s"}, {"2", "8", "y", "r", "t"}, u"A: 1 to 2, B: 5 to 8, C: x to y, and 2 more changes"},
         {{""}, {"new"}, u"A: (empty) to new"},
         {{"one\ntwo"}, {"%1 %2"}, u"A: one two to %1 %2"},

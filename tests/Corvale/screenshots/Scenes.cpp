@@ -6,6 +6,9 @@
 #include <QMimeData>
 #include <QTest>
 
+#include "Corvale/grid/DiffGrid.h"
+#include "Corvale/window/MainView.h"
+#include "Corvale/window/MainWindow.h"
 #include "Corvale/window/PopupMenu.h"
 #include "CorvaleKit/reports/SampleData.h"
 #include "tests/Corvale/screenshots/Stage.h"
@@ -104,6 +107,24 @@ void showUnified(Stage& stage) {
     stage.selectRow(2);
 }
 
+void showSideBySide(Stage& stage) {
+    AppSettings settings = stage.model->settings();
+    settings.view = ViewMode::sideBySide;
+    stage.model->setSettings(settings);
+}
+
+void showAllSideBySide(Stage& stage) {
+    stage.compareStock();
+    stage.model->toggleInspector();
+    showSideBySide(stage);
+    DiffFilter filter = stage.model->filter();
+    filter.show = DiffFilter::Show::all;
+    stage.model->setFilter(filter);
+    stage.platform.settle();
+    stage.selectRow(15);
+    stage.window->view().grid().centerOn(20);
+}
+
 void showStates(Stage& stage) {
     showUnified(stage);
     DiffFilter filter = stage.model->filter();
@@ -144,18 +165,18 @@ std::vector<Scene> scenes() {
              dragOver(stage.named("After file"));
          }},
         {"03-unified", usual, showUnified},
-        {"04-side-by-side",
+        {"04-side-by-side", usual, showAllSideBySide},
+        {"04b-side-by-side-narrowed",
          usual,
          [](Stage& stage) {
              showUnified(stage);
-             AppSettings settings = stage.model->settings();
-             settings.view = ViewMode::sideBySide;
-             stage.model->setSettings(settings);
+             showSideBySide(stage);
          }},
         {"05a-no-rows-match",
          usual,
          [](Stage& stage) {
              stage.compareStock();
+             stage.model->toggleInspector();
              DiffFilter filter;
              filter.search = "mug north";
              stage.model->setFilter(filter);

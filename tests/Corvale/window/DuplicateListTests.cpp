@@ -82,6 +82,29 @@ TEST_F(DuplicateListTest, StaysInsideTheWindow) {
     EXPECT_EQ(list->width(), 420);
 }
 
+TEST_F(DuplicateListTest, ShowsFewerLinesWhereTheWindowIsLow) {
+    std::string rows = "ID,Name\n";
+    for (int i = 0; i < 40; ++i) {
+        rows += "K" + std::to_string(i / 2) + ",x\n";
+    }
+    compare(rows, rows);
+    model.setMatch(MatchChoice::key("ID"));
+    platform.settle();
+    window.resize(760, 480);
+    QApplication::processEvents();
+    note = &button("40 duplicate keys");
+    open();
+    const int bottom = window.mapToGlobal(QPoint()).y() + window.height();
+    EXPECT_LE(list->y() + list->height(), bottom);
+    EXPECT_GE(table->height(), 3 * table->rowHeight(0));
+    EXPECT_EQ(table->height() % table->rowHeight(0), 0);
+    list->hide();
+    window.resize(760, 800);
+    QApplication::processEvents();
+    open();
+    EXPECT_EQ(table->height(), 10 * table->rowHeight(0));
+}
+
 TEST_F(DuplicateListTest, ScrollsAfterTenLines) {
     std::string rows = "ID,Name\n";
     for (int i = 0; i < 200'000; ++i) {

@@ -155,6 +155,9 @@ TEST_F(MainToolbarTest, InANarrowWindowWordsGiveWay) {
         EXPECT_EQ(report.width() == report.widthWithText(true), hasExportText) << width;
         EXPECT_EQ(button("Row Details").width() == button("Row Details").widthWithText(true), hasLabels) << width;
         EXPECT_EQ(searchWidth(), search) << width;
+        const auto* picker = button("Side by side").parentWidget();
+        const auto* show = &button("Show: Only Changes");
+        EXPECT_EQ(show->x() - picker->geometry().right() - 1 == 8, !hasLabels) << width;
     }
 }
 
@@ -212,6 +215,14 @@ TEST_F(SearchFieldTest, TakesTheKeyboardWhenAskedTo) {
     model.setFocusSearch(true);
     EXPECT_TRUE(field().focused());
     EXPECT_FALSE(model.focusSearch());
+}
+
+TEST_F(SearchFieldTest, ItsPlaceholderIsReadable) {
+    const Palette& colors = TestSupport::theme().palette();
+    field().ensurePolished();
+    EXPECT_EQ(field().palette().color(QPalette::Active, QPalette::PlaceholderText), colors.text3);
+    EXPECT_EQ(field().palette().color(QPalette::Disabled, QPalette::PlaceholderText), colors.disabled);
+    EXPECT_EQ(field().palette().color(QPalette::Active, QPalette::Text), colors.text);
 }
 
 TEST_F(SearchFieldTest, FollowsTheModelWithoutSearchingAnew) {

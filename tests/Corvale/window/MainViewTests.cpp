@@ -2,9 +2,11 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextDocument>
 
 #include "Corvale/grid/DiffGrid.h"
 #include "Corvale/grid/RowInspector.h"
+#include "Corvale/grid/ValueText.h"
 #include "Corvale/window/ChipLabel.h"
 #include "Corvale/window/EmptyState.h"
 #include "Corvale/window/FileCard.h"
@@ -145,7 +147,8 @@ TEST_F(MainViewTest, AProblemIsShownUntilItIsRead) {
     EXPECT_TRUE(alert.isVisible());
     EXPECT_TRUE(alert.isModal());
     EXPECT_EQ(alert.windowTitle(), QStringLiteral("Something went wrong"));
-    EXPECT_EQ(alert.findChild<QLabel*>()->text(), QStringLiteral("“photo.jpg” doesn’t look like a CSV or Excel file."));
+    EXPECT_EQ(alert.findChild<ValueText*>()->toPlainText(),
+              QStringLiteral("“photo.jpg” doesn’t look like a CSV or Excel file."));
     auto& ok = *alert.findChild<QPushButton*>();
     EXPECT_EQ(ok.text(), QStringLiteral("OK"));
     EXPECT_EQ(alert.focusWidget(), &ok);
@@ -156,6 +159,17 @@ TEST_F(MainViewTest, AProblemIsShownUntilItIsRead) {
     EXPECT_TRUE(alert.isVisible());
     QTest::keyClick(&alert, Qt::Key_Escape);
     EXPECT_FALSE(model.problem());
+}
+
+TEST_F(MainViewTest, AProblemWithALongFileNameIsReadWhole) {
+    auto& text = *window.findChild<ProblemAlert*>()->findChild<ValueText*>();
+    open("\x01", Side::before, "photo.jpg");
+    const int usual = text.height();
+    model.dismissProblem();
+    open("\x01", Side::before, std::string(240, 'm') + ".jpg");
+    EXPECT_GT(text.height(), 4 * usual);
+    EXPECT_LE(text.document()->size().height(), text.height());
+    EXPECT_LE(text.document()->idealWidth(), text.width());
 }
 
 TEST_F(MainViewTest, AFileDroppedOnTheWindowFillsTheFirstEmptySide) {
