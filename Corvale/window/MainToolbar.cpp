@@ -12,6 +12,7 @@
 #include "Corvale/window/PopupMenu.h"
 #include "Corvale/window/SearchField.h"
 #include "Corvale/window/SymbolLabel.h"
+#include "Corvale/window/ViewPicker.h"
 #include "Corvale/window/Wording.h"
 
 namespace corvale {
@@ -26,24 +27,6 @@ constexpr int longestColumn = 200;
 constexpr int widthOfLevel[] = {1180, 1000};
 constexpr int mostNarrow = 3;
 constexpr int searchWidth[] = {220, 190, 170, 140};
-
-// The track that the choices of a picker lie in.
-class SegmentFrame : public QWidget {
-public:
-    SegmentFrame(Theme& theme, QWidget* parent) : QWidget(parent), m_theme(theme) {
-        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-        connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
-    }
-
-protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        Drawing::box(painter, rect(), 6, m_theme.palette().segmentTrack, m_theme.palette().controlBorder);
-    }
-
-private:
-    Theme& m_theme;
-};
 
 SymbolLabel* makeLabel(const QString& text, Theme& theme, QWidget* parent) {
     return new SymbolLabel({.symbol = {},
@@ -63,7 +46,7 @@ MainToolbar::MainToolbar(AppModel& model, Theme& theme, QWidget* parent)
       m_model(model),
       m_theme(theme),
       m_viewLabel(makeLabel(tr("View"), theme, this)),
-      m_view(makeViewPicker()),
+      m_view(new ViewPicker(model, theme, this)),
       m_groupGap(new QSpacerItem(groupGap, 0, QSizePolicy::Fixed)),
       m_showLabel(makeLabel(tr("Show"), theme, this)),
       m_show(makeMenu(&MainToolbar::fillShow)),
@@ -97,37 +80,6 @@ MainToolbar::MainToolbar(AppModel& model, Theme& theme, QWidget* parent)
     refresh();
 }
 
-QWidget* MainToolbar::makeViewPicker() {
-    auto* const frame = new SegmentFrame(m_theme, this);
-    frame->setAccessibleName(tr("View"));
-    auto* const row = new QHBoxLayout(frame);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(0);
-    m_unified = makeSegment(ViewMode::unified, tr("Unified"), frame);
-    m_sideBySide = makeSegment(ViewMode::sideBySide, tr("Side by side"), frame);
-    auto* const group = new QButtonGroup(frame);
-    for (Button* segment : {m_unified, m_sideBySide}) {
-        row->addWidget(segment);
-        group->addButton(segment);
-    }
-    return frame;
-}
-
-Button* MainToolbar::makeSegment(ViewMode view, const QString& label, QWidget* frame) {
-    auto* const segment = new Button(Button::Face::segment, m_theme, frame);
-    segment->setCheckable(true);
-    segment->setLabel(label);
-    segment->setHelp(
-        tr("Unified: one row per difference, old and new values together. Side by side: Before and After next to each "
-           "other."));
-    connect(segment, &Button::clicked, this, [this, view] {
-        AppSettings settings = m_model.settings();
-        settings.view = view;
-        m_model.setSettings(settings);
-    });
-    return segment;
-}
-
 Button* MainToolbar::makeMenu(void (MainToolbar::*fill)(PopupMenu&)) {
     auto* const button = new Button(Button::Face::bordered, m_theme, this);
     button->setMenu(new PopupMenu(
@@ -155,8 +107,6 @@ void MainToolbar::layOut() {
 
 void MainToolbar::refresh() {
     const bool hasResult = m_model.result() != nullptr;
-    const ViewMode view = m_model.settings().view;
-    (view == ViewMode::unified ? m_unified : m_sideBySide)->setChecked(true);
     m_show->setLabel(Wording::show(m_model.filter().show));
     m_show->setAccessibleName(tr("Show: %1").arg(m_show->label()));
     m_column->setLabel(columnText());

@@ -16,6 +16,7 @@ class PopupMenu;
 class SearchField;
 class SymbolLabel;
 class Theme;
+class ViewPicker;
 
 // View, which rows are listed, reports, row details, search.
 class MainToolbar : public QWidget {
@@ -33,8 +34,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QWidget* makeViewPicker();
-    Button* makeSegment(ViewMode view, const QString& label, QWidget* frame);
     Button* makeMenu(void (MainToolbar::*fill)(PopupMenu&));
     void layOut();
     void fillShow(PopupMenu& menu);
@@ -50,9 +49,7 @@ private:
     Theme& m_theme;
     int m_level = -1;  // how many kinds of words are gone
     SymbolLabel* m_viewLabel;
-    Button* m_unified = nullptr;
-    Button* m_sideBySide = nullptr;
-    QWidget* m_view;
+    ViewPicker* m_view;
     QSpacerItem* m_groupGap;  // before the word Show
     SymbolLabel* m_showLabel;
     Button* m_show;

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QStringList>
+
+#include "Corvale/commands/AboutPanel.h"
+#include "Corvale/commands/AppDelegate.h"
+#include "Corvale/commands/HelpView.h"
+#include "Corvale/commands/MainMenus.h"
+#include "Corvale/commands/SettingsView.h"
+#include "Corvale/commands/UpdateAlerts.h"
+#include "Corvale/commands/WelcomeView.h"
+#include "Corvale/model/AppModel.h"
+#include "Corvale/updates/FeedUpdaterController.h"
+#include "Corvale/updates/Updater.h"
+#include "Corvale/window/MainWindow.h"
+
+class QSettings;
+
+namespace corvale {
+
+class Platform;
+class Theme;
+
+// The application put together: its window, menus and further windows over one model. On the main thread.
+class CorvaleApp {
+public:
+    // All outlive the application. The store keeps what the update checks have to remember.
+    CorvaleApp(Platform& platform, Theme& theme, QSettings& store);
+
+    // Shows the window, opens the files that the arguments name, and begins to look for updates where the build has
+    // somewhere to look.
+    void start(const QStringList& files);
+
+    MainWindow& window() { return m_window; }
+    AppModel& model() { return m_model; }
+
+private:
+    MainMenus::Actions actions();
+    void writeToSupport();
+
+    AppModel m_model;
+    MainWindow m_window;
+    HelpView* m_help;
+    SettingsView* m_settings;
+    AboutPanel* m_about;
+    WelcomeView* m_welcome;
+    UpdateAlerts m_alerts;
+    FeedUpdaterController m_controller;
+    Updater m_updater;
+    AppDelegate m_delegate;
+    MainMenus* m_menus;
+};
+
+}  // namespace corvale

@@ -1,0 +1,67 @@
+#include "Corvale/commands/SettingsView.h"
+
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include "Corvale/commands/GeneralSettings.h"
+#include "Corvale/style/Theme.h"
+#include "Corvale/style/Typography.h"
+#include "Corvale/window/Drawing.h"
+
+namespace corvale {
+
+namespace {
+
+constexpr int barHeight = 68;
+constexpr QSize tabSize(78, 49);
+
+// The only tab there is, and so always the chosen one.
+class TabBar : public QWidget {
+public:
+    TabBar(QString title, Theme& theme, QWidget* parent) : QWidget(parent), m_title(std::move(title)), m_theme(theme) {
+        setFixedHeight(barHeight);
+        connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        const Palette& palette = m_theme.palette();
+        QPainter painter(this);
+        painter.fillRect(0, height() - 1, width(), 1, palette.border);
+        const QFont font = fontFor(TextRole::bodyStrong);
+        const int wide = std::max(tabSize.width(), Drawing::textWidth(font, m_title) + 32);
+        const QRect tab((width() - wide) / 2, 10, wide, tabSize.height());
+        Drawing::box(painter, tab, 7, palette.accentTint, palette.accentTint);
+        Drawing::symbol(
+            painter, QStringLiteral("gearshape"), palette.accent, QRect(tab.x(), tab.y() + 6, wide, 20), 20);
+        const int left = tab.x() + (wide - Drawing::textWidth(font, m_title)) / 2;
+        Drawing::text(painter, QRect(left, tab.y() + 28, wide, 16), m_title, font, palette.accent);
+    }
+
+private:
+    QString m_title;
+    Theme& m_theme;
+};
+
+}  // namespace
+
+SettingsView::SettingsView(AppModel& model, Theme& theme, QWidget* parent) : QDialog(parent), m_theme(theme) {
+    setWindowTitle(tr("Settings"));
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(makeTabs());
+    column->addWidget(new GeneralSettings(model, theme, this));
+    column->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+QWidget* SettingsView::makeTabs() { return new TabBar(tr("General"), m_theme, this); }
+
+void SettingsView::open() {
+    show();
+    raise();
+    activateWindow();
+}
+
+}  // namespace corvale

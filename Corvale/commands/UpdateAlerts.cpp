@@ -1,0 +1,87 @@
+#include "Corvale/commands/UpdateAlerts.h"
+
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTextDocumentFragment>
+#include <utility>
+
+namespace corvale {
+
+namespace {
+
+constexpr qsizetype longestNews = 1500;  // characters
+
+class Texts {
+    Q_DECLARE_TR_FUNCTIONS(UpdateAlerts)
+};
+
+// Shown without waiting; it goes when it is closed. What a feed says is never taken for HTML, which may load pictures.
+QMessageBox* makeAlert(QWidget& window, const QString& title, const QString& message) {
+    auto* const alert = new QMessageBox(&window);
+    alert->setAttribute(Qt::WA_DeleteOnClose);
+    alert->setWindowTitle(title);
+    alert->setTextFormat(Qt::PlainText);
+    alert->setText(title);
+    alert->setInformativeText(message);
+    return alert;
+}
+
+QString newsOf(const AppcastItem& item) {
+    const QString plain = QTextDocumentFragment::fromHtml(item.description).toPlainText().trimmed();
+    return plain.size() <= longestNews ? plain : plain.first(longestNews) + u'…';
+}
+
+}  // namespace
+
+void UpdateAlerts::tell(const QString& title, const QString& message) {
+    QMessageBox* const alert = makeAlert(m_window, title, message);
+    alert->setStandardButtons(QMessageBox::NoButton);
+    alert->addButton(Texts::tr("OK"), QMessageBox::AcceptRole);
+    alert->open();
+}
+
+void UpdateAlerts::askForConsent(std::function<void(bool)> answer) {
+    QMessageBox* const alert = makeAlert(
+        m_window,
+        Texts::tr("Check for updates automatically?"),
+        Texts::tr("About once a day, Corvale can ask whether there is a new version. Nothing about you or your "
+                  "files is sent. You can always check yourself from the Help menu."));
+    const QPushButton* const yes = alert->addButton(Texts::tr("Check Automatically"), QMessageBox::AcceptRole);
+    alert->addButton(Texts::tr("Don’t Check"), QMessageBox::RejectRole);
+    QObject::connect(
+        alert, &QMessageBox::buttonClicked, alert, [yes, answer = std::move(answer)](const QAbstractButton* button) {
+            answer(button == yes);
+        });
+    alert->open();
+}
+
+void UpdateAlerts::offer(const AppcastItem& item, std::function<void()> open) {
+    const QString news = newsOf(item);
+    QString message = Texts::tr("Version %1 is ready to download from our web page.").arg(item.version);
+    if (!news.isEmpty()) {
+        message += QStringLiteral("\n\n") + news;
+    }
+    QMessageBox* const alert = makeAlert(m_window, Texts::tr("A new version of Corvale is available"), message);
+    const QPushButton* const get = alert->addButton(Texts::tr("Open Download Page"), QMessageBox::AcceptRole);
+    const QPushButton* const notes =
+        item.releaseNotes.isEmpty() ? nullptr : alert->addButton(Texts::tr("Release Notes"), QMessageBox::ActionRole);
+    alert->addButton(Texts::tr("Not Now"), QMessageBox::RejectRole);
+    QObject::connect(
+        alert,
+        &QMessageBox::buttonClicked,
+        alert,
+        [this, get, notes, page = item.releaseNotes, open = std::move(open)](const QAbstractButton* button) {
+            if (button == get) {
+                open();
+            } else if (notes != nullptr && button == notes) {
+                browse(page);
+            }
+        });
+    alert->open();
+}
+
+void UpdateAlerts::browse(const QUrl& page) { QDesktopServices::openUrl(page); }
+
+}  // namespace corvale

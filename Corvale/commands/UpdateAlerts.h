@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+#include "Corvale/updates/UpdateWindows.h"
+
+namespace corvale {
+
+// The update checks' windows over the main one, none of which waits for an answer.
+class UpdateAlerts : public UpdateWindows {
+public:
+    // The window outlives the alerts.
+    explicit UpdateAlerts(QWidget& window) : m_window(window) {}
+
+    void tell(const QString& title, const QString& message) override;
+    void askForConsent(std::function<void(bool)> answer) override;
+    void offer(const AppcastItem& item, std::function<void()> open) override;
+    void browse(const QUrl& page) override;
+
+private:
+    QWidget& m_window;
+};
+
+}  // namespace corvale
