@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
+#include <QPainterPath>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -56,7 +57,6 @@ WelcomeView::WelcomeView(AppModel& model, Theme& theme, QWidget* parent)
       m_sample(new QPushButton(tr("Try the Sample"), this)),
       m_start(new QPushButton(tr("Get Started"), this)) {
     setWindowTitle(tr("Welcome to Corvale"));
-    setAttribute(Qt::WA_TranslucentBackground);
     m_help->setAutoDefault(false);
     m_sample->setAutoDefault(false);
     m_start->setDefault(true);
@@ -79,8 +79,8 @@ void WelcomeView::layOut() {
     icon->setPixmap(Icons::application().pixmap(QSize(appIconSize, appIconSize), devicePixelRatioF()));
     auto* const title = new QLabel(tr("Welcome to Corvale"), this);
     title->setFont(fontFor(TextRole::welcomeTitle));
-    auto* const column = new QVBoxLayout(this);
-    column->setContentsMargins(sideMargin, 32, sideMargin, 0);
+    auto* const column = new QVBoxLayout;
+    column->setContentsMargins(sideMargin, 32, sideMargin, 28);
     column->setSpacing(0);
     column->addWidget(icon, 0, Qt::AlignHCenter);
     column->addSpacing(16);
@@ -99,9 +99,12 @@ void WelcomeView::layOut() {
     column->addWidget(makeBlurb(QStringLiteral("lock.shield"),
                                 tr("Private by design"),
                                 tr("Your files stay on this Mac. No account, no tracking, nothing uploaded.")));
-    column->addSpacing(28);
-    column->addLayout(makeButtons());
-    column->setSizeConstraint(QLayout::SetFixedSize);
+    auto* const sheet = new QVBoxLayout(this);
+    sheet->setContentsMargins(0, 0, 0, 0);
+    sheet->setSpacing(0);
+    sheet->addLayout(column);
+    sheet->addLayout(makeButtons());
+    sheet->setSizeConstraint(QLayout::SetFixedSize);
 }
 
 QWidget* WelcomeView::makeBlurb(const QString& symbol, const QString& title, const QString& text) {
@@ -129,8 +132,7 @@ QWidget* WelcomeView::makeBlurb(const QString& symbol, const QString& title, con
 
 QLayout* WelcomeView::makeButtons() {
     auto* const buttons = new QHBoxLayout;
-    // Out to the edges of the sheet, where its foot begins.
-    buttons->setContentsMargins(20 - sideMargin, 14, 20 - sideMargin, 14);
+    buttons->setContentsMargins(20, 14, 20, 14);
     buttons->setSpacing(8);
     buttons->addWidget(m_help);
     buttons->addStretch();
@@ -160,6 +162,14 @@ void WelcomeView::beDone() {
     AppSettings settings = m_model.settings();
     settings.onboardingDone = true;
     m_model.setSettings(settings);
+}
+
+void WelcomeView::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    // Rounded also where nothing blends the windows of the screen.
+    QPainterPath outline;
+    outline.addRoundedRect(rect(), radius, radius);
+    setMask(QRegion(outline.toFillPolygon().toPolygon()));
 }
 
 void WelcomeView::paintEvent(QPaintEvent*) {

@@ -25,6 +25,7 @@ Q_SIGNALS:
     void helpWanted();
 
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

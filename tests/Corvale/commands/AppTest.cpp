@@ -1,0 +1,79 @@
+#include "tests/Corvale/commands/AppTest.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTest>
+
+#include "Corvale/style/Theme.h"
+
+namespace corvale::TestSupport {
+
+namespace {
+
+Theme& theme() {
+    static Theme* const theme = new Theme(*qApp);
+    return *theme;
+}
+
+QString described(const QAction& action) {
+    if (action.isSeparator()) {
+        return QStringLiteral("-");
+    }
+    QString text = action.text();
+    if (!action.shortcut().isEmpty()) {
+        text += QStringLiteral(" (%1)").arg(action.shortcut().toString(QKeySequence::PortableText));
+    }
+    text = action.isEnabled() ? text : u'[' + text + u']';
+    return action.isChecked() ? QStringLiteral("✓ ") + text : text;
+}
+
+}  // namespace
+
+AppTest::AppTest() {
+    AppSettings settings;
+    settings.onboardingDone = true;
+    platform.stored["settings"] = settings.encoded();
+}
+
+CorvaleApp& AppTest::start(const QStringList& files) {
+    app = std::make_unique<CorvaleApp>(platform, theme(), store);
+    app->start(files);
+    platform.settle();
+    return *app;
+}
+
+void AppTest::openSamples() {
+    model().openSamples();
+    platform.settle();
+}
+
+std::vector<std::string> AppTest::menu(const std::string& title) {
+    std::vector<std::string> items;
+    for (const QAction* entry : app->window().menuBar()->actions()) {
+        if (entry->text().toStdString() == title) {
+            for (const QAction* action : entry->menu()->actions()) {
+                items.push_back(described(*action).toStdString());
+            }
+        }
+    }
+    return items;
+}
+
+QAction& AppTest::item(const std::string& text) {
+    for (const QAction* entry : app->window().menuBar()->actions()) {
+        for (QAction* action : entry->menu()->actions()) {
+            if (action->text().toStdString() == text) {
+                return *action;
+            }
+        }
+    }
+    throw std::runtime_error("no item " + text);
+}
+
+void AppTest::trigger(const std::string& text) {
+    item(text).trigger();
+    platform.settle();
+}
+
+}  // namespace corvale::TestSupport

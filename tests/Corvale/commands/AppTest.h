@@ -1,0 +1,60 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QSettings>
+#include <QString>
+#include <QTemporaryDir>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "Corvale/commands/CorvaleApp.h"
+#include "tests/Corvale/model/ScriptedPlatform.h"
+
+namespace corvale::TestSupport {
+
+// The whole application over a scripted system. The welcome sheet was seen before.
+class AppTest : public testing::Test {
+protected:
+    AppTest();
+
+    CorvaleApp& start(const QStringList& files = {});
+    AppModel& model() { return app->model(); }
+    // The sample lists, compared.
+    void openSamples();
+
+    // "File", then its items: "Open Before… (Ctrl+O)", "-" for a separator, disabled ones as "[item]", checked ones as
+    // "✓ item".
+    std::vector<std::string> menu(const std::string& title);
+    QAction& item(const std::string& text);
+    void trigger(const std::string& text);
+
+    // The child with this text (of a button or check box) or object of this class, of a window of the application.
+    template <typename Widget>
+    Widget& child(QWidget& window, const QString& text) {
+        for (Widget* widget : window.findChildren<Widget*>()) {
+            if (widget->text() == text) {
+                return *widget;
+            }
+        }
+        throw std::runtime_error("nothing says " + text.toStdString());
+    }
+    template <typename Window>
+    Window& window() {
+        auto* const found = app->window().findChild<Window*>();
+        if (found == nullptr) {
+            throw std::runtime_error("no such window");
+        }
+        return *found;
+    }
+
+    ScriptedPlatform platform;
+    QTemporaryDir folder;
+    QSettings store{folder.filePath(QStringLiteral("store.ini")), QSettings::IniFormat};
+    std::unique_ptr<CorvaleApp> app;
+};
+
+}  // namespace corvale::TestSupport

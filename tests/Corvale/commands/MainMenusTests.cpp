@@ -1,0 +1,226 @@
+#include <QApplication>
+#include <QLineEdit>
+#include <QTest>
+
+#include "tests/Corvale/commands/AppTest.h"
+
+namespace corvale {
+namespace {
+
+using Items = std::vector<std::string>;
+
+class MainMenusTest : public TestSupport::AppTest {};
+
+TEST_F(MainMenusTest, OfferWhatCanBeDoneWithoutFiles) {
+    start();
+    EXPECT_EQ(menu("File"),
+              (Items{"Open Before… (Ctrl+O)",
+                     "Open After… (Ctrl+Shift+O)",
+                     "Open the Sample",
+                     "-",
+                     "[Export Excel Report… (Ctrl+E)]",
+                     "[Export HTML Report… (Ctrl+Shift+E)]",
+                     "-",
+                     "Close Window (Ctrl+W)",
+                     "Quit Corvale (Ctrl+Q)"}));
+    EXPECT_EQ(menu("Edit"), (Items{"[Search Rows (Ctrl+F)]", "-", "Settings… (Ctrl+,)"}));
+    EXPECT_EQ(menu("Compare"),
+              (Items{"[Compare Again (Ctrl+R)]",
+                     "[Swap Before and After (Ctrl+Alt+S)]",
+                     "-",
+                     "✓ Unified View (Ctrl+1)",
+                     "Side by Side View (Ctrl+2)",
+                     "-",
+                     "✓ [Show Only Changes (Ctrl+3)]",
+                     "[Show All Rows (Ctrl+4)]",
+                     "-",
+                     "[Hide Row Details (Ctrl+Alt+I)]"}));
+    EXPECT_EQ(menu("Help"), (Items{"Corvale Help (F1)", "-", "About Corvale"}));
+}
+
+TEST_F(MainMenusTest, OfferTheRestOnceThereIsAResult) {
+    start();
+    openSamples();
+    EXPECT_EQ(menu("File"),
+              (Items{"Open Before… (Ctrl+O)",
+                     "Open After… (Ctrl+Shift+O)",
+                     "Open the Sample",
+                     "-",
+                     "Export Excel Report… (Ctrl+E)",
+                     "Export HTML Report… (Ctrl+Shift+E)",
+                     "-",
+                     "Close Window (Ctrl+W)",
+                     "Quit Corvale (Ctrl+Q)"}));
+    EXPECT_EQ(menu("Edit"), (Items{"Search Rows (Ctrl+F)", "-", "Settings… (Ctrl+,)"}));
+    EXPECT_EQ(menu("Compare"),
+              (Items{"Compare Again (Ctrl+R)",
+                     "Swap Before and After (Ctrl+Alt+S)",
+                     "-",
+                     "✓ Unified View (Ctrl+1)",
+                     "Side by Side View (Ctrl+2)",
+                     "-",
+                     "✓ Show Only Changes (Ctrl+3)",
+                     "Show All Rows (Ctrl+4)",
+                     "-",
+                     "Hide Row Details (Ctrl+Alt+I)"}));
+}
+
+TEST_F(MainMenusTest, OpenEitherSide) {
+    start();
+    trigger("Open Before…");
+    trigger("Open After…");
+    ASSERT_EQ(platform.openPanels.size(), 2U);
+    EXPECT_TRUE(platform.openPanels[0].allowsSeveral);
+    EXPECT_FALSE(platform.openPanels[1].allowsSeveral);
+}
+
+TEST_F(MainMenusTest, OpenAndSwapTheSample) {
+    start();
+    trigger("Open the Sample");
+    ASSERT_TRUE(model().result());
+    const std::string before = model().before()->name;
+    trigger("Swap Before and After");
+    EXPECT_EQ(model().after()->name, before);
+}
+
+TEST_F(MainMenusTest, ExportEitherReport) {
+    start();
+    openSamples();
+    trigger("Export Excel Report…");
+    trigger("Export HTML Report…");
+    ASSERT_EQ(platform.savePanels.size(), 1U) << "one panel at a time";
+    platform.chooseTarget("");
+    platform.settle();
+    trigger("Export HTML Report…");
+    ASSERT_EQ(platform.savePanels.size(), 2U);
+    EXPECT_EQ(platform.savePanels[0].extension, QStringLiteral("xlsx"));
+    EXPECT_EQ(platform.savePanels[1].extension, QStringLiteral("html"));
+}
+
+TEST_F(MainMenusTest, CannotExportWhileAReportIsWritten) {
+    start();
+    openSamples();
+    item("Export Excel Report…").trigger();
+    platform.chooseTarget("report.xlsx");
+    EXPECT_TRUE(model().exporting());
+    EXPECT_FALSE(item("Export Excel Report…").isEnabled());
+    EXPECT_FALSE(item("Export HTML Report…").isEnabled());
+    platform.settle();
+    EXPECT_TRUE(item("Export Excel Report…").isEnabled());
+}
+
+TEST_F(MainMenusTest, CompareAgainReadsBothFilesAnew) {
+    platform.files["a.csv"] = "id,n\n1,x\n";
+    platform.files["b.csv"] = "id,n\n1,y\n";
+    start();
+    model().open({TestSupport::ScriptedPlatform::url("a.csv"), TestSupport::ScriptedPlatform::url("b.csv")},
+                 Side::before);
+    EXPECT_FALSE(item("Compare Again").isEnabled());
+    platform.settle();
+    const int reads = platform.reads;
+    trigger("Compare Again");
+    EXPECT_EQ(platform.reads, reads + 2);
+}
+
+TEST_F(MainMenusTest, CheckTheViewThatIsShown) {
+    start();
+    trigger("Side by Side View");
+    EXPECT_EQ(model().settings().view, ViewMode::sideBySide);
+    EXPECT_TRUE(item("Side by Side View").isChecked());
+    EXPECT_FALSE(item("Unified View").isChecked());
+    // Again changes nothing, not even the check mark.
+    trigger("Side by Side View");
+    EXPECT_TRUE(item("Side by Side View").isChecked());
+    trigger("Unified View");
+    EXPECT_EQ(model().settings().view, ViewMode::unified);
+}
+
+TEST_F(MainMenusTest, CheckTheRowsThatAreShown) {
+    start();
+    openSamples();
+    trigger("Show All Rows");
+    EXPECT_EQ(model().filter().show, DiffFilter::Show::all);
+    EXPECT_TRUE(item("Show All Rows").isChecked());
+    EXPECT_FALSE(item("Show Only Changes").isChecked());
+    DiffFilter added;
+    added.show = DiffFilter::Show::added;
+    model().setFilter(added);
+    EXPECT_FALSE(item("Show All Rows").isChecked());
+    EXPECT_FALSE(item("Show Only Changes").isChecked());
+    trigger("Show Only Changes");
+    EXPECT_EQ(model().filter().show, DiffFilter::Show::changes);
+}
+
+TEST_F(MainMenusTest, SayWhatHappensToTheRowDetails) {
+    start();
+    openSamples();
+    ASSERT_TRUE(model().showInspector());
+    trigger("Hide Row Details");
+    EXPECT_FALSE(model().showInspector());
+    EXPECT_FALSE(model().inspectorWanted());
+    trigger("Show Row Details");
+    EXPECT_TRUE(model().showInspector());
+}
+
+TEST_F(MainMenusTest, TakeTheKeyboardToTheSearchField) {
+    start();
+    openSamples();
+    app->window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&app->window()));
+    QTest::keyClick(&app->window(), Qt::Key_F, Qt::ControlModifier);
+    auto* const field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_NE(field, nullptr);
+    EXPECT_EQ(field->accessibleName(), QStringLiteral("Search rows"));
+    EXPECT_FALSE(model().focusSearch());
+}
+
+TEST_F(MainMenusTest, ActOnTheirShortcuts) {
+    start();
+    openSamples();
+    app->window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&app->window()));
+    QTest::keyClick(&app->window(), Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(model().settings().view, ViewMode::sideBySide);
+    QTest::keyClick(&app->window(), Qt::Key_4, Qt::ControlModifier);
+    EXPECT_EQ(model().filter().show, DiffFilter::Show::all);
+    QTest::keyClick(&app->window(), Qt::Key_I, Qt::ControlModifier | Qt::AltModifier);
+    EXPECT_FALSE(model().showInspector());
+    QTest::keyClick(&app->window(), Qt::Key_F1);
+    EXPECT_TRUE(window<HelpView>().isVisible());
+}
+
+TEST_F(MainMenusTest, CloseTheWindowThatHasTheKeyboard) {
+    start();
+    auto& help = window<HelpView>();
+    trigger("Corvale Help");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&help));
+    QTest::keyClick(&help, Qt::Key_W, Qt::ControlModifier);
+    EXPECT_FALSE(help.isVisible());
+    EXPECT_TRUE(app->window().isVisible());
+    app->window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&app->window()));
+    trigger("Close Window");
+    EXPECT_FALSE(app->window().isVisible());
+}
+
+TEST_F(MainMenusTest, DoNotQuitInTheMiddleOfAReport) {
+    start();
+    openSamples();
+    item("Export Excel Report…").trigger();
+    platform.chooseTarget("report.xlsx");
+    item("Quit Corvale").trigger();
+    EXPECT_TRUE(app->window().isVisible());
+    platform.settle();
+    EXPECT_FALSE(app->window().isVisible()) << "as soon as the report is there";
+    EXPECT_TRUE(platform.files.contains("report.xlsx"));
+}
+
+TEST_F(MainMenusTest, StandWhereTheSystemWantsThem) {
+    start();
+    EXPECT_EQ(item("Quit Corvale").menuRole(), QAction::QuitRole);
+    EXPECT_EQ(item("Settings…").menuRole(), QAction::PreferencesRole);
+    EXPECT_EQ(item("About Corvale").menuRole(), QAction::AboutRole);
+}
+
+}  // namespace
+}  // namespace corvale

@@ -1,0 +1,106 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QWidget>
+#include <optional>
+
+#include "Corvale/commands/UpdateAlerts.h"
+
+namespace corvale {
+namespace {
+
+class UpdateAlertsTest : public testing::Test {
+protected:
+    UpdateAlertsTest() { window.show(); }
+
+    QMessageBox& alert() {
+        auto* const found = window.findChild<QMessageBox*>();
+        if (found == nullptr) {
+            throw std::runtime_error("no alert");
+        }
+        return *found;
+    }
+    void click(const QString& text) {
+        for (QAbstractButton* button : alert().buttons()) {
+            if (button->text() == text) {
+                button->click();
+                return;
+            }
+        }
+        ADD_FAILURE() << "no button " << text.toStdString();
+    }
+
+    QWidget window;
+    UpdateAlerts alerts{window};
+};
+
+TEST_F(UpdateAlertsTest, TellWithOneButton) {
+    alerts.tell(QStringLiteral("You’re up to date"), QStringLiteral("Nothing new."));
+    EXPECT_TRUE(alert().isVisible());
+    EXPECT_EQ(alert().text(), QStringLiteral("You’re up to date"));
+    EXPECT_EQ(alert().informativeText(), QStringLiteral("Nothing new."));
+    ASSERT_EQ(alert().buttons().size(), 1);
+    click(QStringLiteral("OK"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.findChild<QMessageBox*>() == nullptr; }));
+}
+
+TEST_F(UpdateAlertsTest, AskForConsentAndTakeEitherAnswer) {
+    for (const bool wanted : {true, false}) {
+        std::optional<bool> answer;
+        alerts.askForConsent([&](bool mayCheck) { answer = mayCheck; });
+        EXPECT_FALSE(answer);
+        click(wanted ? QStringLiteral("Check Automatically") : QStringLiteral("Don’t Check"));
+        EXPECT_EQ(answer, wanted);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return window.findChild<QMessageBox*>() == nullptr; }));
+    }
+}
+
+TEST_F(UpdateAlertsTest, TakeClosingForNo) {
+    std::optional<bool> answer;
+    alerts.askForConsent([&](bool mayCheck) { answer = mayCheck; });
+    QTest::keyClick(&alert(), Qt::Key_Escape);
+    EXPECT_EQ(answer, false);
+}
+
+TEST_F(UpdateAlertsTest, OfferAVersionWithItsNewsAsPlainText) {
+    bool isOpened = false;
+    alerts.offer({.version = QStringLiteral("1.4"),
+                  .title = {},
+                  .description = QStringLiteral("<p>Faster <b>search</b><img src='https://example.com/spy.png'></p>"),
+                  .releaseNotes = {},
+                  .file = {},
+                  .page = QUrl(QStringLiteral("https://example.com")),
+                  .system = {},
+                  .minimumSystem = {}},
+                 [&] { isOpened = true; });
+    EXPECT_TRUE(alert().informativeText().contains(QStringLiteral("1.4")));
+    EXPECT_TRUE(alert().informativeText().contains(QStringLiteral("Faster search")));
+    EXPECT_FALSE(alert().informativeText().contains(QStringLiteral("spy")));
+    EXPECT_EQ(alert().textFormat(), Qt::PlainText);
+    EXPECT_EQ(alert().buttons().size(), 2) << "no release notes, no button for them";
+    click(QStringLiteral("Open Download Page"));
+    EXPECT_TRUE(isOpened);
+}
+
+TEST_F(UpdateAlertsTest, LeaveItAtThat) {
+    bool isOpened = false;
+    alerts.offer({.version = QStringLiteral("1.4"),
+                  .title = {},
+                  .description = QString(5000, u'x'),
+                  .releaseNotes = QUrl(QStringLiteral("https://example.com/notes")),
+                  .file = {},
+                  .page = {},
+                  .system = {},
+                  .minimumSystem = {}},
+                 [&] { isOpened = true; });
+    EXPECT_EQ(alert().buttons().size(), 3);
+    EXPECT_LT(alert().informativeText().size(), 2000);
+    click(QStringLiteral("Not Now"));
+    EXPECT_FALSE(isOpened);
+}
+
+}  // namespace
+}  // namespace corvale

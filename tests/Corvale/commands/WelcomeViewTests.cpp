@@ -1,0 +1,83 @@
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+
+#include "tests/Corvale/commands/AppTest.h"
+
+namespace corvale {
+namespace {
+
+class WelcomeViewTest : public TestSupport::AppTest {
+protected:
+    WelcomeViewTest() {
+        platform.stored.clear();
+        start();
+    }
+
+    WelcomeView& welcome() { return window<WelcomeView>(); }
+    void click(const QString& text) {
+        child<QPushButton>(welcome(), text).click();
+        platform.settle();
+    }
+};
+
+TEST_F(WelcomeViewTest, GreetsAtTheFirstStart) {
+    EXPECT_TRUE(welcome().isVisible());
+    QStringList texts;
+    for (const QLabel* label : welcome().findChildren<QLabel*>()) {
+        if (!label->text().isEmpty()) {
+            texts.append(label->text());
+        }
+    }
+    EXPECT_EQ(
+        texts,
+        (QStringList{
+            QStringLiteral("Welcome to Corvale"),
+            QStringLiteral("Two files, one key"),
+            QStringLiteral("Open the older and newer spreadsheet (.xlsx, CSV or TSV). Corvale suggests the column "
+                           "that identifies each row, like an ID or SKU."),
+            QStringLiteral("Every change, highlighted"),
+            QStringLiteral("Added, removed and changed rows, with the changed cells marked. Ignore case, extra "
+                           "spaces, number formatting or column order."),
+            QStringLiteral("Private by design"),
+            QStringLiteral("Your files stay on this Mac. No account, no tracking, nothing uploaded.")}));
+}
+
+TEST_F(WelcomeViewTest, IsSeenOnceItIsClosed) {
+    click(QStringLiteral("Get Started"));
+    EXPECT_FALSE(welcome().isVisible());
+    EXPECT_TRUE(model().settings().onboardingDone);
+    EXPECT_TRUE(AppSettings::decoded(platform.stored.at("settings")).onboardingDone);
+    start();
+    EXPECT_FALSE(welcome().isVisible());
+}
+
+TEST_F(WelcomeViewTest, IsSeenAlsoWhenEscapeClosesIt) {
+    QTest::keyClick(&welcome(), Qt::Key_Escape);
+    EXPECT_FALSE(welcome().isVisible());
+    EXPECT_TRUE(model().settings().onboardingDone);
+}
+
+TEST_F(WelcomeViewTest, OpensTheSample) {
+    click(QStringLiteral("Try the Sample"));
+    EXPECT_FALSE(welcome().isVisible());
+    EXPECT_TRUE(model().result());
+    EXPECT_TRUE(model().settings().onboardingDone);
+}
+
+TEST_F(WelcomeViewTest, OpensTheHelp) {
+    click(QStringLiteral("Help"));
+    EXPECT_TRUE(window<HelpView>().isVisible());
+    EXPECT_TRUE(welcome().isVisible());
+}
+
+TEST_F(WelcomeViewTest, ComesAgainWhenTheSettingsAskForIt) {
+    click(QStringLiteral("Get Started"));
+    trigger("Settings…");
+    child<QPushButton>(window<SettingsView>(), QStringLiteral("Show the Welcome Screen Again")).click();
+    EXPECT_FALSE(model().settings().onboardingDone);
+    EXPECT_TRUE(welcome().isVisible());
+}
+
+}  // namespace
+}  // namespace corvale
