@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QSettings>
+#include <csignal>
 #include <memory>
 
 #include "Corvale/model/AppModel.h"
@@ -19,9 +20,17 @@ QList<QUrl> filesAmong(const QStringList& arguments) {
     return files;
 }
 
+// Where files may not grow beyond a limit, the write is to fail and be told of, not to end the process.
+void outliveFileSizeLimit() {
+#ifdef SIGXFSZ
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    outliveFileSizeLimit();
     QApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Corvale"));
     QApplication::setApplicationName(QStringLiteral("Corvale"));
