@@ -3,7 +3,10 @@
 #include <QFontInfo>
 #include <QGlyphRun>
 #include <QPainter>
+#include <QStringView>
+#include <QVarLengthArray>
 #include <algorithm>
+#include <optional>
 
 namespace corvale {
 
@@ -13,22 +16,62 @@ constexpr qreal basePixels = 13;
 // Taller text would not fit a line of 28 pixels.
 constexpr int largestBase = 18;
 constexpr qreal tightSpacing = 98;  // percent
-constexpr char16_t firstPlain = u' ';
-constexpr char16_t lastPlain = 0x7F;
-constexpr qsizetype longestNumber = 24;
-constexpr qreal mostKerning = 1;  // by which a text may be wider than its characters
 
-// What numbers and dates are written with. No font kerns digits, and so nor these between them.
-bool isOfNumbers(QChar character) {
-    const char16_t unit = character.unicode();
-    return (unit >= u'0' && unit <= u'9') || unit == u'.' || unit == u',' || unit == u'-' || unit == u':' ||
-           unit == u'%';
-}
+// The glyphs of a text and where they are, as far as it is made of pairs that the font just puts together.
+class PlainText {
+public:
+    PlainText(QStringView text, const PairAdvances& pairs) : m_text(text), m_pairs(pairs), m_isWhole(true) {
+        qreal x = 0;
+        for (qsizetype i = 0; i < text.size() && m_isWhole; ++i) {
+            const auto glyph = pairs.glyph(text[i]);
+            const bool isLast = i + 1 == text.size();
+            m_isWhole = glyph && (isLast || pairs.glyph(text[i + 1]));
+            if (m_isWhole) {
+                m_glyphs.append(*glyph);
+                m_places.append({x, 0});
+                const auto advance = isLast ? std::optional(pairs.width(text[i])) : pairs.advance(text[i], text[i + 1]);
+                m_isWhole = advance.has_value();
+                x += advance.value_or(0);
+            }
+        }
+        m_width = x;
+    }
 
-qreal extraSpacing(const QFont& font, qreal advance) {
-    const bool isRelative = font.letterSpacingType() == QFont::PercentageSpacing && font.letterSpacing() > 0;
-    return isRelative ? advance * (font.letterSpacing() - 100) / 100 : 0;
-}
+    // False when some of it has to be shaped.
+    bool isWhole() const { return m_isWhole; }
+    qreal width() const { return m_width; }
+
+    // How many characters from the start take no more than `width` with an ellipsis behind them.
+    qsizetype charactersWithin(qreal width) const {
+        const qreal left = width - m_pairs.width(u'…');
+        qsizetype fitting = 0;
+        while (fitting < m_text.size() && endBeforeEllipsis(fitting) <= left) {
+            ++fitting;
+        }
+        return fitting;
+    }
+
+    void draw(QPainter& painter, const QPointF& baseline) const {
+        QGlyphRun run;
+        run.setRawFont(m_pairs.rawFont());
+        run.setRawData(m_glyphs.constData(), m_places.constData(), static_cast<int>(m_glyphs.size()));
+        painter.drawGlyphRun(baseline, run);
+    }
+
+private:
+    static constexpr qsizetype usualLength = 64;
+
+    qreal endBeforeEllipsis(qsizetype at) const {
+        return m_places[at].x() + m_pairs.advance(m_text[at], u'…').value_or(m_pairs.width(m_text[at]));
+    }
+
+    QStringView m_text;
+    const PairAdvances& m_pairs;
+    QVarLengthArray<quint32, usualLength> m_glyphs;
+    QVarLengthArray<QPointF, usualLength> m_places;
+    bool m_isWhole;
+    qreal m_width = 0;
+};
 
 QFont sized(const QFont& base, qreal pixelsAtBase, QFont::Weight weight) {
     const int basePixelSize = std::min(QFontInfo(base).pixelSize(), largestBase);
@@ -59,74 +102,32 @@ qreal cellPixels(ViewMode view) { return view == ViewMode::unified ? 13 : 12; }
 
 }  // namespace
 
-GridFont::GridFont(const QFont& font) : m_font(font), m_metrics(font), m_raw(QRawFont::fromFont(font)) {
-    m_widths.fill(-1);
-    QString plain;
-    for (char16_t character = firstPlain; character < lastPlain; ++character) {
-        plain += character;
-    }
-    const QList<quint32> glyphs = m_raw.glyphIndexesForString(plain);
-    const QList<QPointF> advances = m_raw.advancesForGlyphIndexes(glyphs);
-    if (glyphs.size() != plain.size() || advances.size() != plain.size()) {
-        return;
-    }
-    for (qsizetype i = 0; i < plain.size(); ++i) {
-        const auto character = static_cast<std::size_t>(plain[i].unicode());
-        m_glyphs.at(character) = glyphs[i];
-        m_widths.at(character) = glyphs[i] == 0 ? -1 : advances[i].x() + extraSpacing(font, advances[i].x());
-    }
-}
-
-qreal GridFont::unkernedWidth(const QString& text) const {
-    qreal sum = 0;
-    for (const QChar character : text) {
-        const std::size_t unit = character.unicode();
-        if (unit >= plainCharacters || m_widths[unit] < 0) {
-            return -1;
-        }
-        sum += m_widths[unit];
-    }
-    return sum;
-}
-
-bool GridFont::isUnkerned(const QString& text) const {
-    return m_font.letterSpacing() == 0 && text.size() <= longestNumber &&
-           std::all_of(
-               text.begin(), text.end(), [this](QChar c) { return isOfNumbers(c) && m_widths[c.unicode()] >= 0; });
-}
+GridFont::GridFont(const QFont& font) : m_font(font), m_metrics(font), m_pairs(std::make_shared<PairAdvances>(font)) {}
 
 qreal GridFont::width(const QString& text) const {
-    return isUnkerned(text) ? unkernedWidth(text) : m_metrics.horizontalAdvance(text);
+    const PlainText plain(text, *m_pairs);
+    return plain.isWhole() ? plain.width() : m_metrics.horizontalAdvance(text);
 }
 
 QString GridFont::elided(const QString& text, qreal width, Qt::TextElideMode mode) const {
-    const qreal unkerned = unkernedWidth(text);
-    if (unkerned >= 0 && unkerned + mostKerning <= width) {
+    const PlainText plain(text, *m_pairs);
+    if (plain.isWhole() && plain.width() <= width) {
         return text;
     }
-    return m_metrics.elidedText(text, mode, width);
+    if (!plain.isWhole() || mode != Qt::ElideRight || !m_pairs->glyph(u'…')) {
+        return m_metrics.elidedText(text, mode, width);
+    }
+    return text.first(plain.charactersWithin(width)) + u'…';
 }
 
 void GridFont::draw(QPainter& painter, const QPointF& baseline, const QString& text) const {
-    if (!isUnkerned(text)) {
+    const PlainText plain(text, *m_pairs);
+    if (plain.isWhole()) {
+        plain.draw(painter, baseline);
+    } else {
         painter.setFont(m_font);
         painter.drawText(baseline, text);
-        return;
     }
-    std::array<quint32, longestNumber> glyphs{};
-    std::array<QPointF, longestNumber> places{};
-    int count = 0;
-    qreal x = 0;
-    for (const QChar character : text) {
-        const auto at = static_cast<std::size_t>(count++);
-        glyphs.at(at) = m_glyphs[character.unicode()];
-        places.at(at) = {x, 0};
-        x += m_widths[character.unicode()];
-    }
-    QGlyphRun run;
-    run.setRawFont(m_raw);
-    run.setRawData(glyphs.data(), places.data(), count);
-    painter.drawGlyphRun(baseline, run);
 }
 
 qreal GridFont::baseline(qreal top, qreal height) const {

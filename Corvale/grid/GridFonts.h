@@ -3,18 +3,18 @@
 #include <QFont>
 #include <QFontMetricsF>
 #include <QPointF>
-#include <QRawFont>
 #include <QString>
-#include <array>
+#include <memory>
 
+#include "Corvale/grid/PairAdvances.h"
 #include "Corvale/model/AppSettings.h"
 
 class QPainter;
 
 namespace corvale {
 
-// A font with what painting asks of it again and again. Shaping a text is what painting a page of cells costs, so it is
-// left out where the answer is known without: whether a plain text fits, and how a number looks.
+// A font with what painting asks of it again and again. Shaping texts is what painting a page of cells costs, so plain
+// ones are put together from what is known of their pairs of characters.
 class GridFont {
 public:
     explicit GridFont(const QFont& font);
@@ -30,18 +30,9 @@ public:
     void draw(QPainter& painter, const QPointF& baseline, const QString& text) const;
 
 private:
-    static constexpr std::size_t plainCharacters = 128;
-
-    // The sum of the characters' widths, from which shaping differs by kerning alone; negative where a character is not
-    // plain.
-    qreal unkernedWidth(const QString& text) const;
-    bool isUnkerned(const QString& text) const;
-
     QFont m_font;
     QFontMetricsF m_metrics;
-    QRawFont m_raw;
-    std::array<quint32, plainCharacters> m_glyphs{};
-    std::array<qreal, plainCharacters> m_widths{};  // negative for a character that the font lacks
+    std::shared_ptr<const PairAdvances> m_pairs;
 };
 
 // The fonts of the grid, relative to that of the window. Line heights are fixed, so beyond a size they grow no more.

@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QFontInfo>
+#include <QImage>
+#include <QPainter>
 #include <random>
 
 #include "Corvale/grid/GridFonts.h"
@@ -19,32 +21,91 @@ std::vector<const GridFont*> all(const GridFonts& fonts) {
     return {&fonts.cell, &fonts.newValue, &fonts.key, &fonts.number, &fonts.status, &fonts.header, &fonts.headerNote};
 }
 
-TEST(GridFonts, NumbersAreAsWideAsWhenShaped) {
+// Texts of plain characters, with kerned pairs and ligatures among them, and of others.
+class RandomTexts {
+public:
+    QString next() {
+        const QString letters = QStringLiteral("0123456789.-AVToWfijlx ,äß…م");
+        QString text;
+        for (int length = upTo(11); length > 0; --length) {
+            text += letters[upTo(static_cast<int>(letters.size()) - 1)];
+        }
+        return text;
+    }
+    int upTo(int limit) { return std::uniform_int_distribution<int>(0, limit)(m_random); }
+
+private:
+    std::mt19937 m_random{7};
+};
+
+TEST(GridFonts, TextsAreAsWideAsWhenShaped) {
+    RandomTexts texts;
     for (const bool isScaled : {false, true}) {
         const GridFonts fonts(base(), isScaled ? ViewMode::sideBySide : ViewMode::unified, isScaled);
         for (const GridFont* font : all(fonts)) {
-            for (const char16_t* number : {u"", u"0", u"42.00", u"1,048,576", u"2025-10-31", u"-7", u"12:30", u"50%"}) {
-                const QString text = QString::fromUtf16(number);
-                EXPECT_NEAR(font->width(text), font->metrics().horizontalAdvance(text), 0.51) << text.toStdString();
+            for (int round = 0; round < 300; ++round) {
+                const QString text = texts.next();
+                EXPECT_NEAR(font->width(text), font->metrics().horizontalAdvance(text), 0.1) << text.toStdString();
             }
         }
     }
 }
 
-TEST(GridFonts, ElidingAgreesWithTheMetrics) {
+TEST(GridFonts, ElidedTextsHoldAllThatFits) {
     const GridFonts fonts(base(), ViewMode::unified, false);
-    std::mt19937 random(7);
-    const auto upTo = [&](int limit) { return std::uniform_int_distribution<int>(0, limit)(random); };
-    const QString letters = QStringLiteral("0123456789.-AVToWfijlx ,äß…م");
-    for (int round = 0; round < 2000; ++round) {
-        QString text;
-        for (int length = upTo(11); length > 0; --length) {
-            text += letters[upTo(static_cast<int>(letters.size()) - 1)];
+    const QFontMetricsF& metrics = fonts.cell.metrics();
+    constexpr qreal rounding = 0.1;
+    RandomTexts texts;
+    for (int round = 0; round < 3000; ++round) {
+        const QString text = texts.next();
+        const qreal width = 15 + texts.upTo(90);
+        const QString shown = fonts.cell.elided(text, width);
+        if (shown == metrics.elidedText(text, Qt::ElideRight, width)) {
+            continue;
         }
-        const qreal width = 10 + upTo(90);
-        const auto mode = round % 2 == 0 ? Qt::ElideRight : Qt::ElideMiddle;
-        EXPECT_EQ(fonts.cell.elided(text, width, mode), fonts.cell.metrics().elidedText(text, mode, width))
-            << text.toStdString() << " in " << width;
+        // Where they cut elsewhere, ours is still as much as fits.
+        const qsizetype kept = shown.size() - 1;
+        ASSERT_EQ(shown, text.first(kept) + u'…') << width;
+        EXPECT_LE(metrics.horizontalAdvance(shown), width + rounding) << text.toStdString() << " in " << width;
+        EXPECT_GT(metrics.horizontalAdvance(text.first(kept + 1) + u'…'), width - rounding) << text.toStdString();
+    }
+}
+
+TEST(GridFonts, TheMiddleIsElidedAsTheMetricsDo) {
+    const GridFonts fonts(base(), ViewMode::unified, false);
+    RandomTexts texts;
+    for (int round = 0; round < 500; ++round) {
+        const QString text = texts.next();
+        const qreal width = 15 + texts.upTo(90);
+        EXPECT_EQ(fonts.key.elided(text, width, Qt::ElideMiddle),
+                  fonts.key.metrics().elidedText(text, Qt::ElideMiddle, width))
+            << text.toStdString();
+    }
+}
+
+// What a text looks like, drawn by the font or by the painter.
+QImage drawn(const GridFont& font, const QString& text, bool byPainter) {
+    QImage image(160, 30, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setPen(Qt::black);
+    if (byPainter) {
+        painter.setFont(font.font());
+        painter.drawText(QPointF(10, 20), text);
+    } else {
+        font.draw(painter, {10, 20}, text);
+    }
+    return image;
+}
+
+TEST(GridFonts, TextsLookAsThePainterDrawsThem) {
+    RandomTexts texts;
+    const GridFonts fonts(base(), ViewMode::unified, false);
+    for (const GridFont* font : all(fonts)) {
+        for (int round = 0; round < 60; ++round) {
+            const QString text = texts.next();
+            EXPECT_EQ(drawn(*font, text, false), drawn(*font, text, true)) << text.toStdString();
+        }
     }
 }
 
