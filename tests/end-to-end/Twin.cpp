@@ -1,7 +1,6 @@
 #include "tests/end-to-end/Twin.h"
 
 #include <QApplication>
-#include <QSettings>
 #include <QUrl>
 #include <memory>
 #include <stdexcept>
@@ -18,7 +17,9 @@ QUrl urlOf(const std::string& path) { return QUrl::fromLocalFile(QString::fromSt
 }  // namespace
 
 Twin::Twin(const QString& settingsFile)
-    : m_platform(std::make_unique<QSettings>(settingsFile, QSettings::IniFormat)), m_theme(*qApp) {}
+    : m_platform(std::make_unique<QSettings>(settingsFile, QSettings::IniFormat)),
+      m_theme(*qApp),
+      m_store(settingsFile, QSettings::IniFormat) {}
 
 bool Twin::compare(const std::string& before, const std::string& after) {
     m_model.open({urlOf(before), urlOf(after)}, Side::before);

@@ -1,16 +1,16 @@
 #pragma once
 
 #include <QPoint>
+#include <QSettings>
 #include <QSize>
 #include <QString>
 #include <QWidget>
 #include <cstdint>
 #include <string>
 
-#include "Corvale/model/AppModel.h"
+#include "Corvale/commands/CorvaleApp.h"
 #include "Corvale/platform/QtPlatform.h"
 #include "Corvale/style/Theme.h"
-#include "Corvale/window/MainWindow.h"
 
 namespace corvale::TestSupport {
 
@@ -38,9 +38,11 @@ private:
     void layOut();
 
     QtPlatform m_platform;
-    AppModel m_model{m_platform};
     Theme m_theme;
-    MainWindow m_window{m_model, m_platform, m_theme};
+    QSettings m_store;
+    CorvaleApp m_app{m_platform, m_theme, m_store};
+    AppModel& m_model = m_app.model();
+    MainWindow& m_window = m_app.window();
 };
 
 }  // namespace corvale::TestSupport
