@@ -11,10 +11,10 @@
 #include <QSysInfo>
 #include <QVBoxLayout>
 
+#include "Corvale/commands/Vendor.h"
 #include "Corvale/style/Icons.h"
 #include "Corvale/style/Look.h"
 #include "Corvale/style/Typography.h"
-#include "Corvale/commands/Vendor.h"
 
 namespace corvale {
 

@@ -27,7 +27,7 @@ constexpr int numbersWidth = 190;
 }  // namespace
 
 GeneralSettings::GeneralSettings(AppModel& model, Theme& theme, QWidget* parent)
-    : QWidget(parent), m_model(model), m_theme(theme), m_column(new QVBoxLayout(this)), m_numbers(makeNumbers()) {
+    : QWidget(parent), m_model(model), m_theme(theme), m_column(new QVBoxLayout(this)) {
     layOut();
     connect(&model, &AppModel::settingsChanged, this, &GeneralSettings::refresh);
     refresh();
@@ -45,6 +45,7 @@ void GeneralSettings::layOut() {
     addToggle(comparing, tr("Ignore column order (match columns by name)"), [](AppSettings& s) -> bool& {
         return s.options.ignoreColumnOrder;
     });
+    m_numbers = makeNumbers();
     addLine(comparing, m_numbers, tr("Numbers"));
     addLine(comparing, new ViewPicker(m_model, m_theme, this), tr("View"));
 

@@ -42,7 +42,7 @@ private:
     Theme& m_theme;
     QVBoxLayout* m_column;
     std::vector<Toggle> m_toggles;
-    QComboBox* m_numbers;
+    QComboBox* m_numbers = nullptr;
 };
 
 }  // namespace corvale

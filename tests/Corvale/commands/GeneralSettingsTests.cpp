@@ -39,6 +39,28 @@ TEST_F(GeneralSettingsTest, ShowWhatHolds) {
     }
 }
 
+TEST_F(GeneralSettingsTest, ComeOneAfterTheOtherByTab) {
+    QStringList order;
+    QWidget* const first = &box(QStringLiteral("Ignore case"));
+    for (QWidget* widget = first; order.isEmpty() || widget != first; widget = widget->nextInFocusChain()) {
+        if (auto* const button = qobject_cast<QAbstractButton*>(widget)) {
+            order.append(button->text() + button->accessibleName());
+        } else if (widget == &numbers()) {
+            order.append(QStringLiteral("Numbers"));
+        }
+    }
+    EXPECT_EQ(order,
+              (QStringList{QStringLiteral("Ignore case"),
+                           QStringLiteral("Ignore extra spaces"),
+                           QStringLiteral("Ignore number formatting"),
+                           QStringLiteral("Ignore column order (match columns by name)"),
+                           QStringLiteral("Numbers"),
+                           QStringLiteral("Unified"),
+                           QStringLiteral("Side by side"),
+                           QStringLiteral("Include unchanged rows in Excel reports"),
+                           QStringLiteral("Show the Welcome Screen Again")}));
+}
+
 TEST_F(GeneralSettingsTest, HoldAtOnce) {
     box(QStringLiteral("Ignore case")).click();
     EXPECT_TRUE(stored().options.ignoreCase);

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QTest>
 
@@ -152,11 +153,48 @@ void openMenu(Stage& stage, const char* button) {
     stage.button(button).menu()->open();
 }
 
+void showWelcome(Stage& stage) {
+    AppSettings settings = stage.model->settings();
+    settings.onboardingDone = false;
+    stage.model->setSettings(settings);
+}
+
+// Over a comparison, in its middle.
+template <typename Window>
+void openBeside(Stage& stage, const char* item) {
+    showUnified(stage);
+    stage.pick(item);
+    auto& further = stage.further<Window>();
+    QApplication::processEvents();
+    const QRect window = stage.window->geometry();
+    further.move(window.center() - further.rect().center());
+}
+
+void openMenuBar(Stage& stage, int place) {
+    showUnified(stage);
+    QMenuBar* const bar = stage.window->menuBar();
+    QAction* const entry = bar->actions().at(place);
+    entry->menu()->popup(bar->mapToGlobal(bar->actionGeometry(entry).bottomLeft()));
+}
+
 }  // namespace
 
 std::vector<Scene> scenes() {
     const SampleData::Pair stock = SampleData::stock();
     return {
+        {"09-welcome", usual, showWelcome},
+        {"10-settings", QSize(1280, 984), [](Stage& stage) { openBeside<SettingsView>(stage, "Settings…"); }},
+        {"11-help",
+         usual,
+         [](Stage& stage) {
+             openBeside<HelpView>(stage, "Corvale Help");
+             stage.further<HelpView>().select(QStringLiteral("read"));
+         }},
+        {"11b-about", usual, [](Stage& stage) { openBeside<AboutPanel>(stage, "About Corvale"); }},
+        {"16a-file-menu", usual, [](Stage& stage) { openMenuBar(stage, 0); }},
+        {"16b-edit-menu", usual, [](Stage& stage) { openMenuBar(stage, 1); }},
+        {"16c-compare-menu", usual, [](Stage& stage) { openMenuBar(stage, 2); }},
+        {"16d-help-menu", usual, [](Stage& stage) { openMenuBar(stage, 3); }},
         {"01-empty", usual, [](Stage&) {}},
         {"02-one-file-drag",
          usual,

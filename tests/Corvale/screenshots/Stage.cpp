@@ -1,6 +1,8 @@
 #include "tests/Corvale/screenshots/Stage.h"
 
 #include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPainter>
 #include <QTest>
 
@@ -70,10 +72,11 @@ Stage::Stage(Theme& theme, QSize size) {
     AppSettings settings;
     settings.onboardingDone = true;
     platform.stored["settings"] = settings.encoded();
-    model = std::make_unique<AppModel>(platform);
-    window = std::make_unique<MainWindow>(*model, platform, theme);
+    m_app = std::make_unique<CorvaleApp>(platform, theme, m_store);
+    model = &m_app->model();
+    window = &m_app->window();
     window->resize(size);
-    window->show();
+    m_app->start({});
     window->activateWindow();
     QApplication::processEvents();
 }
@@ -108,6 +111,18 @@ Button& Stage::button(const char* name) const { return dynamic_cast<Button&>(nam
 
 void Stage::selectRow(std::size_t visible) { model->select(model->visible().at(visible)); }
 
+void Stage::pick(const char* item) const {
+    for (const QAction* menu : window->menuBar()->actions()) {
+        for (QAction* action : menu->menu()->actions()) {
+            if (action->text() == QString::fromUtf8(item)) {
+                action->trigger();
+                return;
+            }
+        }
+    }
+    CORVALE_REQUIRE(false, item);
+}
+
 QImage Stage::picture() const {
     // Two rounds: what a layout moves may lay out again.
     QApplication::processEvents();
@@ -115,7 +130,7 @@ QImage Stage::picture() const {
     QImage image = window->grab().toImage();
     QPainter painter(&image);
     for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (widget != window.get() && widget->isVisible()) {
+        if (widget != window && widget->isVisible()) {
             painter.drawPixmap(widget->pos() - window->pos(), widget->grab());
         }
     }

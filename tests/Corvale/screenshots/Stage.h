@@ -1,11 +1,14 @@
 #pragma once
 
 #include <QImage>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <deque>
 #include <functional>
 #include <memory>
 #include <string>
 
+#include "Corvale/commands/CorvaleApp.h"
 #include "Corvale/model/AppModel.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/window/Button.h"
@@ -47,13 +50,25 @@ public:
     QWidget& named(const char* name) const;
     Button& button(const char* name) const;
     void selectRow(std::size_t visible);
+    // Picks an item of the menu bar.
+    void pick(const char* item) const;
+    // A further window of the application.
+    template <typename Window>
+    Window& further() const {
+        return *window->findChild<Window*>();
+    }
 
     // The window with everything that is open over it.
     QImage picture() const;
 
     PausingPlatform platform;
-    std::unique_ptr<AppModel> model;
-    std::unique_ptr<MainWindow> window;
+    AppModel* model = nullptr;  // of the application, as is the window
+    MainWindow* window = nullptr;
+
+private:
+    QTemporaryDir m_folder;
+    QSettings m_store{m_folder.filePath(QStringLiteral("store.ini")), QSettings::IniFormat};
+    std::unique_ptr<CorvaleApp> m_app;
 };
 
 }  // namespace corvale::Screenshots
