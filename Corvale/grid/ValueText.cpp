@@ -47,6 +47,7 @@ ValueText::ValueText(QWidget* parent) : QTextEdit(parent) {
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTabChangesFocus(true);
+    setProperty("focusRing", true);
     setUndoRedoEnabled(false);
     viewport()->setAutoFillBackground(false);
     document()->setDocumentMargin(0);

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QClipboard>
+#include <QFocusFrame>
 #include <QLabel>
 #include <QScrollBar>
 #include <algorithm>
@@ -217,6 +218,20 @@ TEST_F(RowInspectorTest, TabGoesThroughTheValuesAndScrollsAlong) {
     ASSERT_NE(m_details.fields().view(40), nullptr);
     EXPECT_EQ(QApplication::focusWidget(), &m_details.fields().view(40)->before());
     EXPECT_TRUE(m_details.fields().viewport()->rect().intersects(m_details.fields().view(40)->geometry()));
+}
+
+TEST_F(RowInspectorTest, TheValueThatHasTheKeyboardHasARing) {
+    open(wideTable(1, 60, false), wideTable(1, 60, true));
+    select(0);
+    m_details.fields().view(0)->before().setFocus(Qt::TabFocusReason);
+    for (int i = 0; i < 80; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QApplication::processEvents();
+        const auto rings = m_window.findChildren<QFocusFrame*>();
+        EXPECT_TRUE(std::any_of(rings.begin(), rings.end(), [](const QFocusFrame* ring) {
+            return ring->isVisible() && ring->widget() == QApplication::focusWidget();
+        })) << i;
+    }
 }
 
 }  // namespace
