@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QClipboard>
+#include <QElapsedTimer>
 #include <QFocusFrame>
 #include <QLabel>
 #include <QScrollBar>
@@ -163,6 +164,18 @@ TEST_F(RowInspectorTest, ANoteIsNotCopied) {
     EXPECT_NE(copied(m_details.fields().view(1)->after()), QStringLiteral("(empty)"));
 }
 
+TEST_F(RowInspectorTest, HiddenDetailsCatchUpWhenTheyAreShown) {
+    openSample();
+    m_details.hide();
+    select(2);
+    EXPECT_EQ(m_details.fields().viewCount(), 0U);
+    m_details.show();
+    settle();
+    EXPECT_EQ(before(3), QStringLiteral("89.00"));
+    select(1);
+    EXPECT_EQ(before(3), QStringLiteral("42.00"));
+}
+
 TEST_F(RowInspectorTest, TheStretchThatDiffersIsMarked) {
     RowField field;
     field.kind = RowField::Kind::changed;
@@ -195,6 +208,24 @@ TEST_F(RowInspectorTest, AThousandColumnsHaveViewsForWhatShows) {
     select(2);
     EXPECT_EQ(bar->value(), 0);
     EXPECT_EQ(after(3), QStringLiteral("new"));
+}
+
+TEST_F(RowInspectorTest, AThousandLongValuesAreNotReadWholeToShowTheFirst) {
+    const auto table = [](char last) {
+        std::string csv = "Key";
+        std::string row = "K";
+        for (int column = 0; column < 1000; ++column) {
+            csv += ",C" + std::to_string(column);
+            row += ',' + std::string(16'383, 'w') + last;
+        }
+        return csv + '\n' + row + '\n';
+    };
+    open(table('x'), table('y'));
+    QElapsedTimer clock;
+    clock.start();
+    select(0);
+    EXPECT_LT(clock.elapsed(), 3000);
+    EXPECT_TRUE(after(1).endsWith(u'y'));
 }
 
 TEST_F(RowInspectorTest, ALongValueWrapsAndIsWhole) {
