@@ -1,5 +1,6 @@
 #include "Corvale/grid/CellText.h"
 
+#include <QTextBoundaryFinder>
 #include <algorithm>
 #include <cstddef>
 
@@ -13,6 +14,8 @@ namespace {
 constexpr int pixelsPerCharacter = 2;
 constexpr std::size_t bytesPerCharacter = 8;
 constexpr qsizetype longestToolTip = 1000;
+constexpr int longestWord = 60;
+constexpr QChar breakHere(0x200B);
 
 void breakNoLine(QString& text) {
     for (QChar& character : text) {
@@ -21,6 +24,22 @@ void breakNoLine(QString& text) {
             character = u' ';
         }
     }
+}
+
+// A tooltip gets as wide as its longest word, which may be wider than the screen.
+QString withBreaksInWords(const QString& text) {
+    QString breakable;
+    int characters = 0;
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    for (qsizetype begin = 0, end = finder.toNextBoundary(); end > 0; begin = end, end = finder.toNextBoundary()) {
+        characters = text[begin].isSpace() ? 0 : characters + 1;
+        if (characters > longestWord) {
+            breakable += breakHere;
+            characters = 1;
+        }
+        breakable += QStringView(text).mid(begin, end - begin);
+    }
+    return breakable;
 }
 
 }  // namespace
@@ -46,7 +65,7 @@ QString onOneLine(std::string_view text, int width) {
 
 QString toolTip(const QString& text) {
     const QString shown = text.size() > longestToolTip ? text.first(longestToolTip) + u'…' : text;
-    return QStringLiteral("<p style=\"white-space:pre-wrap\">%1</p>").arg(shown.toHtmlEscaped());
+    return QStringLiteral("<p style=\"white-space:pre-wrap\">%1</p>").arg(withBreaksInWords(shown).toHtmlEscaped());
 }
 
 }  // namespace corvale::CellText

@@ -5,6 +5,7 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <algorithm>
+#include <utility>
 
 #include "Corvale/grid/FieldView.h"
 #include "Corvale/grid/ValueText.h"
@@ -29,10 +30,20 @@ FieldList::FieldList(AppModel& model, const Theme& theme, QWidget* parent)
 
 void FieldList::refresh(const GridColumns& columns, bool fromTop) {
     m_columns = &columns;
+    m_isStale = true;
+    m_goesToTop = m_goesToTop || fromTop;
     recycleViews({0, 0});
+    if (isVisible()) {
+        catchUp();
+    }
+}
+
+// Not while hidden: nobody would see it, and the width is not the one that it will be shown in.
+void FieldList::catchUp() {
+    m_isStale = false;
     estimateHeights();
     updateScrollBar();
-    if (fromTop) {
+    if (std::exchange(m_goesToTop, false)) {
         verticalScrollBar()->setValue(0);
     }
     layOutViews();
@@ -78,7 +89,7 @@ FieldList::Range FieldList::fieldsAround(int top, int bottom) const {
 }
 
 void FieldList::layOutViews() {
-    if (m_isLayingOut || !m_columns || m_tops.empty()) {
+    if (m_isLayingOut || m_isStale || !m_columns || m_tops.empty()) {
         return;
     }
     const QScopedValueRollback<bool> busy(m_isLayingOut, true);
@@ -186,10 +197,17 @@ void FieldList::paintEvent(QPaintEvent*) {
 void FieldList::resizeEvent(QResizeEvent* event) {
     QAbstractScrollArea::resizeEvent(event);
     Q_EMIT fieldWidthChanged();
-    if (m_columns && !m_isLayingOut) {
+    if (m_columns && !m_isLayingOut && !m_isStale) {
         estimateHeights();
         updateScrollBar();
         layOutViews();
+    }
+}
+
+void FieldList::showEvent(QShowEvent* event) {
+    QAbstractScrollArea::showEvent(event);
+    if (m_isStale) {
+        catchUp();
     }
 }
 

@@ -37,6 +37,7 @@ Q_SIGNALS:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -47,6 +48,7 @@ private:
         std::size_t end = 0;
     };
 
+    void catchUp();
     void estimateHeights();
     void sumHeights();
     void updateScrollBar();
@@ -68,6 +70,8 @@ private:
     std::map<std::size_t, FieldView*> m_views;
     std::vector<FieldView*> m_spare;
     bool m_isLayingOut = false;
+    bool m_isStale = false;    // another row is selected than the fields are of
+    bool m_goesToTop = false;  // once they are shown
 };
 
 }  // namespace corvale

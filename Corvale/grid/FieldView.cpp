@@ -60,6 +60,17 @@ ValueText::Look lookOf(const Palette& palette, const RowField& field, const Fiel
     return look;
 }
 
+// What a value reads like, but for marks and visible spaces.
+QString textToMeasure(const RowField& field, const std::optional<std::string_view>& text) {
+    if (!text) {
+        return RowTexts::notInThisFile();
+    }
+    if (text->empty()) {
+        return field.isKey ? RowTexts::blankKey() : RowTexts::emptyCell();
+    }
+    return CellText::whole(*text);
+}
+
 }  // namespace
 
 FieldView::FieldView(const Theme& theme, QWidget* parent)
@@ -97,8 +108,8 @@ FieldView::Fonts::Fonts(const QFont& base)
 int FieldView::estimatedHeight(const Fonts& fonts, const RowField& field, int width) {
     const int column = valueWidth(width);
     const QFont& afterFont = field.kind == RowField::Kind::changed ? fonts.bold : fonts.plain;
-    const int before = ValueText::estimatedHeight(fonts.plain, FieldValue::before(field).text, column);
-    const int after = ValueText::estimatedHeight(afterFont, FieldValue::after(field).text, column);
+    const int before = ValueText::estimatedHeight(fonts.plain, textToMeasure(field, field.before), column);
+    const int after = ValueText::estimatedHeight(afterFont, textToMeasure(field, field.after), column);
     return heightAround(fonts.name) + std::max(before, after);
 }
 

@@ -31,7 +31,7 @@ FieldValue written(const RowField& field, std::string_view text, std::size_t beg
     FieldValue value;
     value.original = CellText::whole(text);
     value.text = value.original;
-    if (field.showsSpaces) {
+    if (field.showsSpaces()) {
         VisibleSpaces spaces = VisibleSpaces::of(text);
         value.text = spaces.text;
         value.origins = std::move(spaces.origins);
@@ -75,9 +75,13 @@ RowField RowField::of(const DiffResult& result, const GridColumns& columns, std:
     }
     if (const auto kind = changeIn(diffRow, column)) {
         field.kind = *kind == ChangeKind::value ? Kind::changed : Kind::formatOnly;
-        field.showsSpaces = *kind == ChangeKind::whitespace || differOnlyInSpaces(*field.before, *field.after);
+        field.isSpacing = *kind == ChangeKind::whitespace;
     }
     return field;
+}
+
+bool RowField::showsSpaces() const {
+    return isSpacing || (kind != Kind::plain && before && after && differOnlyInSpaces(*before, *after));
 }
 
 FieldValue FieldValue::before(const RowField& field) { return valueOf(field, field.before, false); }

@@ -20,9 +20,12 @@ struct RowField {
     QString name;
     bool isKey = false;
     Kind kind = Kind::plain;
-    bool showsSpaces = false;                // they differ in white space alone
+    bool isSpacing = false;                  // the comparison found white space alone to differ
     std::optional<std::string_view> before;  // none: the row or the column is not in this file
     std::optional<std::string_view> after;
+
+    // The values differ in white space alone. Reads them whole, which most fields of a wide table need not.
+    bool showsSpaces() const;
 
     static RowField of(const DiffResult& result, const GridColumns& columns, std::int64_t row, std::size_t column);
 };

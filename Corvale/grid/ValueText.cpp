@@ -14,8 +14,20 @@ namespace corvale {
 
 namespace {
 
-constexpr qsizetype longestMeasured = 2000;
+constexpr qsizetype longestMeasured = 300;
 constexpr qreal lineSpacing = 17.0 / 13.0;  // of the font's size
+
+// Qt reads a word to its end for each line that it fills, so that one of thousands of characters, such as a picture in
+// text form, would take seconds.
+constexpr int longestWord = 200;
+
+bool hasLongWord(const QString& text) {
+    int length = 0;
+    return std::any_of(text.begin(), text.end(), [&length](QChar character) {
+        length = character.isSpace() ? 0 : length + 1;
+        return length > longestWord;
+    });
+}
 
 QTextOption wrapping() {
     QTextOption option;
@@ -47,6 +59,7 @@ ValueText::ValueText(QWidget* parent) : QTextEdit(parent) {
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTabChangesFocus(true);
+    setProperty("focusRing", true);
     setUndoRedoEnabled(false);
     viewport()->setAutoFillBackground(false);
     document()->setDocumentMargin(0);
@@ -87,6 +100,7 @@ void ValueText::setValue(const FieldValue& value, const Look& look) {
     block.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
     block.setLineHeight(lineHeight(font()), QTextBlockFormat::FixedHeight);
     clear();
+    setWordWrapMode(hasLongWord(value.text) ? QTextOption::WrapAnywhere : QTextOption::WrapAtWordBoundaryOrAnywhere);
     QTextCursor cursor(document());
     cursor.setBlockFormat(block);
     cursor.insertText(value.text, format);

@@ -57,6 +57,18 @@ void FocusRing::enter(QWidget& widget, Qt::FocusReason reason) {
         m_frame = new QFocusFrame(&widget);
     }
     m_frame->setWidget(&widget);
+    if (m_frame->isHidden()) {
+        // It was out of sight. Many a list scrolls to what has taken the keyboard, and the frame would not notice.
+        QMetaObject::invokeMethod(this, &FocusRing::lookAgain, Qt::QueuedConnection);
+    }
+}
+
+void FocusRing::lookAgain() {
+    if (m_frame && m_frame->isHidden()) {
+        QWidget* const widget = m_frame->widget();
+        m_frame->setWidget(nullptr);
+        m_frame->setWidget(widget);
+    }
 }
 
 void FocusRing::leave() {

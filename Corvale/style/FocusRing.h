@@ -21,6 +21,7 @@ public:
 private:
     void enter(QWidget& widget, Qt::FocusReason reason);
     void leave();
+    void lookAgain();
 
     QPointer<QFocusFrame> m_frame;  // belongs to the parent of the control
     bool m_byKeyboard = false;

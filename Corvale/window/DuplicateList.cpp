@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "Corvale/grid/CellText.h"
 #include "Corvale/model/AppModel.h"
 #include "Corvale/style/Look.h"
 #include "Corvale/style/Theme.h"
@@ -51,7 +52,7 @@ public:
         const QString text = index.data().toString();
         if (event->type() == QEvent::ToolTip && index.isValid() &&
             Drawing::textWidth(font(index), text) > textRect(option).width()) {
-            QToolTip::showText(event->globalPos(), text.toHtmlEscaped(), view);
+            QToolTip::showText(event->globalPos(), CellText::toolTip(text), view);
             return true;
         }
         return QStyledItemDelegate::helpEvent(event, view, option, index);

@@ -6,6 +6,7 @@
 #include <QToolTip>
 #include <algorithm>
 
+#include "Corvale/grid/CellText.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/window/Drawing.h"
 
@@ -52,7 +53,7 @@ QSize ElidedLabel::minimumSizeHint() const {
 
 bool ElidedLabel::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip && sizeHint().width() > width()) {
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), m_text.toHtmlEscaped(), this);
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), CellText::toolTip(m_text), this);
         return true;
     }
     return QWidget::event(event);

@@ -4,6 +4,7 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QSplitter>
@@ -142,6 +143,15 @@ void MainView::dropEvent(QDropEvent* event) {
     m_files->showTargets(0);
     if (const QList<QUrl> files = FileDrop::take(*event); !files.isEmpty()) {
         m_model.open(files, m_files->sideForDrop());
+    }
+}
+
+void MainView::keyPressEvent(QKeyEvent* event) {
+    // From wherever the keyboard is: what has it knows nothing of changes.
+    if (event->key() == Qt::Key_F8) {
+        QApplication::sendEvent(m_grid, event);
+    } else {
+        QWidget::keyPressEvent(event);
     }
 }
 

@@ -52,5 +52,15 @@ TEST(CellText, OnOneLineHoldsAllThatFits) {
     EXPECT_EQ(CellText::onOneLine("Terracotta pot", -3), QStringLiteral("T…"));
 }
 
+TEST(CellText, AToolTipCanBreakLongWordsBetweenCharacters) {
+    const QString plain = QStringLiteral("Terracotta pot, <small>");
+    EXPECT_EQ(CellText::toolTip(plain),
+              QStringLiteral("<p style=\"white-space:pre-wrap\">Terracotta pot, &lt;small&gt;</p>"));
+    const QString family = QStringLiteral("👩‍👩‍👧");
+    const QString shown = CellText::toolTip(QStringLiteral("short ") + family.repeated(70));
+    const QString broken = QStringLiteral("short ") + family.repeated(60) + QChar(0x200B) + family.repeated(10);
+    EXPECT_TRUE(shown.contains(broken));
+}
+
 }  // namespace
 }  // namespace corvale

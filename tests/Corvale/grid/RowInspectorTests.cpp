@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <QClipboard>
+#include <QElapsedTimer>
+#include <QFocusFrame>
 #include <QLabel>
 #include <QScrollBar>
 #include <algorithm>
@@ -162,6 +164,18 @@ TEST_F(RowInspectorTest, ANoteIsNotCopied) {
     EXPECT_NE(copied(m_details.fields().view(1)->after()), QStringLiteral("(empty)"));
 }
 
+TEST_F(RowInspectorTest, HiddenDetailsCatchUpWhenTheyAreShown) {
+    openSample();
+    m_details.hide();
+    select(2);
+    EXPECT_EQ(m_details.fields().viewCount(), 0U);
+    m_details.show();
+    settle();
+    EXPECT_EQ(before(3), QStringLiteral("89.00"));
+    select(1);
+    EXPECT_EQ(before(3), QStringLiteral("42.00"));
+}
+
 TEST_F(RowInspectorTest, TheStretchThatDiffersIsMarked) {
     RowField field;
     field.kind = RowField::Kind::changed;
@@ -196,6 +210,24 @@ TEST_F(RowInspectorTest, AThousandColumnsHaveViewsForWhatShows) {
     EXPECT_EQ(after(3), QStringLiteral("new"));
 }
 
+TEST_F(RowInspectorTest, AThousandLongValuesAreNotReadWholeToShowTheFirst) {
+    const auto table = [](char last) {
+        std::string csv = "Key";
+        std::string row = "K";
+        for (int column = 0; column < 1000; ++column) {
+            csv += ",C" + std::to_string(column);
+            row += ',' + std::string(16'383, 'w') + last;
+        }
+        return csv + '\n' + row + '\n';
+    };
+    open(table('x'), table('y'));
+    QElapsedTimer clock;
+    clock.start();
+    select(0);
+    EXPECT_LT(clock.elapsed(), 3000);
+    EXPECT_TRUE(after(1).endsWith(u'y'));
+}
+
 TEST_F(RowInspectorTest, ALongValueWrapsAndIsWhole) {
     const std::string text(16384, 'x');
     open("ID,A,B\n1," + text + ",b\n", "ID,A,B\n1," + text + "y,b\n");
@@ -217,6 +249,20 @@ TEST_F(RowInspectorTest, TabGoesThroughTheValuesAndScrollsAlong) {
     ASSERT_NE(m_details.fields().view(40), nullptr);
     EXPECT_EQ(QApplication::focusWidget(), &m_details.fields().view(40)->before());
     EXPECT_TRUE(m_details.fields().viewport()->rect().intersects(m_details.fields().view(40)->geometry()));
+}
+
+TEST_F(RowInspectorTest, TheValueThatHasTheKeyboardHasARing) {
+    open(wideTable(1, 60, false), wideTable(1, 60, true));
+    select(0);
+    m_details.fields().view(0)->before().setFocus(Qt::TabFocusReason);
+    for (int i = 0; i < 80; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QApplication::processEvents();
+        const auto rings = m_window.findChildren<QFocusFrame*>();
+        EXPECT_TRUE(std::any_of(rings.begin(), rings.end(), [](const QFocusFrame* ring) {
+            return ring->isVisible() && ring->widget() == QApplication::focusWidget();
+        })) << i;
+    }
 }
 
 }  // namespace

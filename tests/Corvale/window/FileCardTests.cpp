@@ -1,5 +1,8 @@
+#include <QHelpEvent>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextDocumentFragment>
+#include <QToolTip>
 #include <stdexcept>
 
 #include "Corvale/window/ElidedLabel.h"
@@ -146,6 +149,19 @@ TEST_F(FileCardTest, ALongNameLosesItsMiddle) {
     const auto& label = inCard<ElidedLabel>(Side::before, name);
     EXPECT_LT(label.width(), label.sizeHint().width());
     EXPECT_LE(label.geometry().right(), card(Side::before).width());
+}
+
+TEST_F(FileCardTest, TheToolTipOfALongNameIsThatName) {
+    const std::string name = "R&D <draft> " + std::string(40, 'x') + ' ' + std::string(40, 'y') + " November.csv";
+    open("a,b\n1,2\n", Side::before, name);
+    window.resize(window.minimumSize());
+    QApplication::processEvents();
+    auto& label = inCard<ElidedLabel>(Side::before, name);
+    ASSERT_LT(label.width(), label.sizeHint().width());
+    QHelpEvent help(QEvent::ToolTip, label.rect().center(), label.mapToGlobal(label.rect().center()));
+    QApplication::sendEvent(&label, &help);
+    EXPECT_EQ(QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText().toStdString(), name);
+    QToolTip::hideText();
 }
 
 TEST_F(FileCardTest, OneDroppedFileFillsTheCardsSide) {

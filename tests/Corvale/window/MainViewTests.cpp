@@ -139,6 +139,18 @@ TEST_F(MainViewTest, AResultLeavesTheKeyboardToWhoIsTyping) {
     EXPECT_TRUE(named<QWidget>("Search rows").hasFocus());
 }
 
+TEST_F(MainViewTest, F8GoesToTheNextChangeFromAnywhere) {
+    compare(before, after);
+    for (const char* name : {"Search rows", "Unified", "Close this file"}) {
+        auto& control = named<QWidget>(name);
+        model.select(std::nullopt);
+        control.setFocus();
+        QTest::keyClick(&control, Qt::Key_F8);
+        EXPECT_EQ(grid.selectedLine(), 0) << name;
+        EXPECT_TRUE(control.hasFocus()) << name;
+    }
+}
+
 TEST_F(MainViewTest, AProblemIsShownUntilItIsRead) {
     auto& alert = *window.findChild<ProblemAlert*>();
     EXPECT_FALSE(alert.isVisible());
