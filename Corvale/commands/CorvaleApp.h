@@ -26,6 +26,8 @@ class CorvaleApp {
 public:
     // All outlive the application. The store keeps what the update checks have to remember.
     CorvaleApp(Platform& platform, Theme& theme, QSettings& store);
+    CorvaleApp(const CorvaleApp&) = delete;
+    CorvaleApp& operator=(const CorvaleApp&) = delete;
 
     // Shows the window, opens the files that the arguments name, and begins to look for updates where the build has
     // somewhere to look.
