@@ -17,13 +17,6 @@ void outliveFileSizeLimit() {
 #endif
 }
 
-// Where files may not grow beyond a limit, the write is to fail and be told of, not to end the process.
-void outliveFileSizeLimit() {
-#ifdef SIGXFSZ
-    std::signal(SIGXFSZ, SIG_IGN);
-#endif
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
