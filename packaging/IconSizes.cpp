@@ -2,8 +2,8 @@
 #include <QImage>
 #include <QPainter>
 #include <QSvgRenderer>
-#include <cstdio>
 #include <cstdlib>
+#include <iostream>
 
 namespace {
 
@@ -18,7 +18,7 @@ bool draw(QSvgRenderer& drawing, int size, const QString& path) {
 }
 
 int fail(const QString& path) {
-    std::fprintf(stderr, "%s cannot be read or written\n", qPrintable(path));
+    std::cerr << path.toStdString() << " cannot be read or written\n";
     return EXIT_FAILURE;
 }
 
@@ -36,8 +36,9 @@ int main(int argc, char** argv) {
         return fail(source);
     }
     for (int index = 3; index < argc; ++index) {
-        const QString path = folder.filePath(QString::fromLatin1(argv[index]) + QStringLiteral(".png"));
-        if (!draw(drawing, std::atoi(argv[index]), path)) {
+        const QString size = QString::fromLatin1(argv[index]);
+        const QString path = folder.filePath(size + QStringLiteral(".png"));
+        if (!draw(drawing, size.toInt(), path)) {
             return fail(path);
         }
     }
