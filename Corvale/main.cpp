@@ -5,6 +5,7 @@
 
 #include "Corvale/commands/CorvaleApp.h"
 #include "Corvale/platform/QtPlatform.h"
+#include "Corvale/platform/Translation.h"
 #include "Corvale/style/Icons.h"
 #include "Corvale/style/Theme.h"
 
@@ -28,8 +29,9 @@ int main(int argc, char** argv) {
     // Wayland takes a window's icon from the desktop file of this name, X11 the one below.
     QApplication::setDesktopFileName(QStringLiteral("corvale"));
     QApplication::setWindowIcon(corvale::Icons::application());
-    corvale::Theme theme(application);
     corvale::QtPlatform platform(std::make_unique<QSettings>());
+    const corvale::Translation translation(platform.language());
+    corvale::Theme theme(application);
     QSettings store;
     corvale::CorvaleApp app(platform, theme, store);
     app.start(QApplication::arguments().sliced(1));

@@ -1,6 +1,6 @@
 # What the modules on Qt share.
 
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network Svg Widgets)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui LinguistTools Network Svg Widgets)
 set(CORVALE_QT_DEFINITIONS
   QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
