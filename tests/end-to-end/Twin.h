@@ -24,6 +24,8 @@ public:
     // Reads and compares the pair as the program would; false when no result comes of it.
     bool compare(const std::string& before, const std::string& after);
 
+    // For what the user does besides.
+    AppModel& model() { return m_model; }
     QSize size() const { return m_window.size(); }
     // The middle of a control, in the window: what can be seen and has an accessible name, or else a tooltip, that
     // begins so. Throws std::runtime_error when there is none.

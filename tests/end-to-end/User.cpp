@@ -46,10 +46,20 @@ void press(const QString& keys) { act(QStringList{QStringLiteral("key")} + keys.
 
 void type(const QString& text) { act({QStringLiteral("type"), text}); }
 
+void moveMouse(QPoint position) {
+    act({QStringLiteral("mousemove"), QString::number(position.x()), QString::number(position.y())});
+}
+
+void pressMouse(QPoint position) {
+    moveMouse(position);
+    act({QStringLiteral("mousedown"), QStringLiteral("1")});
+}
+
+void releaseMouse() { act({QStringLiteral("mouseup"), QStringLiteral("1")}); }
+
 void click(QPoint position) {
-    const QString x = QString::number(position.x());
-    const QString y = QString::number(position.y());
-    act({QStringLiteral("mousemove"), x, y, QStringLiteral("click"), QStringLiteral("1")});
+    moveMouse(position);
+    act({QStringLiteral("click"), QStringLiteral("1")});
 }
 
 QByteArray windowTitled(const QString& beginning) {

@@ -19,6 +19,9 @@ void press(const QString& keys);
 void type(const QString& text);
 // With the left button. In pixels of the screen.
 void click(QPoint position);
+void moveMouse(QPoint position);
+void pressMouse(QPoint position);
+void releaseMouse();
 
 // The window that shows under a title that begins so; empty when there is none.
 QByteArray windowTitled(const QString& beginning);
