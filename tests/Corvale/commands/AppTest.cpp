@@ -11,11 +11,6 @@ namespace corvale::TestSupport {
 
 namespace {
 
-Theme& theme() {
-    static Theme* const theme = new Theme(*qApp);
-    return *theme;
-}
-
 QString described(const QAction& action) {
     if (action.isSeparator()) {
         return QStringLiteral("-");
@@ -29,6 +24,11 @@ QString described(const QAction& action) {
 }
 
 }  // namespace
+
+Theme& theme() {
+    static Theme* const theme = new Theme(*qApp);
+    return *theme;
+}
 
 AppTest::AppTest() {
     AppSettings settings;

@@ -16,6 +16,9 @@
 
 namespace corvale::TestSupport {
 
+// The theme of the test program.
+Theme& theme();
+
 // The whole application over a scripted system. The welcome sheet was seen before.
 class AppTest : public testing::Test {
 protected:
