@@ -11,20 +11,19 @@ namespace corvale::TestSupport {
 
 namespace {
 
-constexpr QSize size(60, 60);
-// Between two moves of the mouse, and how many of them a target has to make up its mind.
-constexpr int stepTime = 50;  // milliseconds
-constexpr int mostSteps = 200;
+constexpr QSize handleSize(60, 60);
+constexpr int moveTime = 50;  // milliseconds
 
 }  // namespace
 
 DragSource::DragSource(QPoint position) {
     setWindowFlag(Qt::X11BypassWindowManagerHint);
-    setGeometry(QRect(position, size));
+    setGeometry(QRect(position, handleSize));
     show();
 }
 
-bool DragSource::dragTo(QPoint target, const QList<QUrl>& files) {
+bool DragSource::dragTo(QPoint target, const QList<QUrl>& files, int mostMoves) {
+    m_mostMoves = mostMoves;
     m_target = target;
     m_files = files;
     m_isDone = false;
@@ -35,25 +34,25 @@ bool DragSource::dragTo(QPoint target, const QList<QUrl>& files) {
 
 void DragSource::mousePressEvent(QMouseEvent*) {
     auto* const drag = new QDrag(this);
-    auto data = std::make_unique<QMimeData>();
-    data->setUrls(m_files);
-    drag->setMimeData(data.release());
+    auto dragged = std::make_unique<QMimeData>();
+    dragged->setUrls(m_files);
+    drag->setMimeData(dragged.release());
     // The drag has an event loop of its own, in which the hand goes on: there, a little around, and off when the target
     // says that it would copy.
-    int step = 0;
+    int moves = 0;
     Qt::DropAction offered = Qt::IgnoreAction;
     QTimer hand;
     connect(drag, &QDrag::actionChanged, this, [&offered](Qt::DropAction action) { offered = action; });
     connect(&hand, &QTimer::timeout, this, [&] {
-        ++step;
-        if (offered == Qt::CopyAction || step > mostSteps) {
+        ++moves;
+        if (offered == Qt::CopyAction || moves > m_mostMoves) {
             hand.stop();
             User::releaseMouse();
         } else {
-            User::moveMouse(m_target + QPoint(step % 2, 0));
+            User::moveMouse(m_target + QPoint(moves % 2, 0));
         }
     });
-    hand.start(stepTime);
+    hand.start(moveTime);
     m_isTaken = drag->exec(Qt::CopyAction) == Qt::CopyAction;
     m_isDone = true;
 }

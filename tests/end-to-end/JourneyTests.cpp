@@ -149,9 +149,10 @@ TEST_F(DropTest, TakesAPairAnywhereOnTheWindow) {
 TEST_F(DropTest, RefusesAFolderAndThreeFilesAndGoesOn) {
     const std::string file = m_folder.write("list.csv", "ID\n1\n");
     startProgram();
+    constexpr int fewMoves = 30;
     TestSupport::DragSource files(besideTheWindow());
-    EXPECT_FALSE(files.dragTo(middle(), urls({m_folder.path().string()})));
-    EXPECT_FALSE(files.dragTo(middle(), urls({file, file, file})));
+    EXPECT_FALSE(files.dragTo(middle(), urls({m_folder.path().string()}), fewMoves));
+    EXPECT_FALSE(files.dragTo(middle(), urls({file, file, file}), fewMoves));
     quit();
 }
 
