@@ -23,6 +23,8 @@ using Place = GridGeometry::Place;
 using RowSide = DuplicateKey::Side;
 
 constexpr int gutterWidth = static_cast<int>(GridLayout::numbersWidth) / 2;
+// Of each value: both have to show.
+constexpr qsizetype longestInToolTip = 480;
 
 }  // namespace
 
@@ -137,7 +139,7 @@ QString DiffGrid::cellToolTip(std::int64_t line, std::size_t cell) const {
     const int width = m_contents.layout.cells()[cell].width();
     const bool showsWhole = m_contents.layout.shownWidth(cell, scroll()) == width &&
                             m_painter.cells().fits(width, content, m_painter.cellStyle(gridRow, cell));
-    return showsWhole ? QString() : CellText::toolTip(RowTexts::cell(content));
+    return showsWhole ? QString() : CellText::toolTip(RowTexts::cell(content, longestInToolTip));
 }
 
 // --- Keyboard

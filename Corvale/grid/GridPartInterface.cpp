@@ -52,21 +52,18 @@ QAccessibleInterface* GridPartInterface::child(int index) const {
 
 QAccessibleInterface* GridPartInterface::childAt(int x, int y) const {
     for (int column = 0; column < childCount(); ++column) {
-        QAccessibleInterface* cell = child(column);
-        if (cell && cell->rect().contains(x, y)) {
-            return cell;
+        // A passing one: those that a reader has asked for stay until the model changes.
+        if (GridPartInterface(*m_grid, m_row, column).rect().contains(x, y)) {
+            return child(column);
         }
     }
     return nullptr;
 }
 
 int GridPartInterface::indexOfChild(const QAccessibleInterface* child) const {
-    for (int column = 0; column < childCount(); ++column) {
-        if (this->child(column) == child) {
-            return column;
-        }
-    }
-    return -1;
+    const auto* const part = dynamic_cast<const GridPartInterface*>(child);
+    const bool isOurs = part && isLine() && !part->isLine() && part->m_grid == m_grid && part->m_row == m_row;
+    return isOurs ? part->m_column : -1;
 }
 
 QString GridPartInterface::text(QAccessible::Text kind) const {

@@ -31,15 +31,22 @@ FieldValue written(const RowField& field, std::string_view text, std::size_t beg
     FieldValue value;
     value.original = CellText::whole(text);
     value.text = value.original;
+    const auto unitsBefore = [&](std::size_t bytes) {
+        return static_cast<int>(CellText::whole(text.substr(0, bytes)).size());
+    };
+    if (field.kind != RowField::Kind::plain && end - begin < text.size()) {
+        value.markBegin = unitsBefore(begin);
+        value.markEnd = unitsBefore(end);
+    }
     if (field.showsSpaces()) {
         VisibleSpaces spaces = VisibleSpaces::of(text);
+        const auto shownAt = [&spaces](int unit) {
+            return static_cast<int>(std::ranges::lower_bound(spaces.origins, unit) - spaces.origins.begin());
+        };
+        value.markBegin = shownAt(value.markBegin);
+        value.markEnd = shownAt(value.markEnd);
         value.text = spaces.text;
         value.origins = std::move(spaces.origins);
-        return value;
-    }
-    if (field.kind != RowField::Kind::plain && end - begin < text.size()) {
-        value.markBegin = static_cast<int>(CellText::whole(text.substr(0, begin)).size());
-        value.markEnd = static_cast<int>(CellText::whole(text.substr(0, end)).size());
     }
     return value;
 }

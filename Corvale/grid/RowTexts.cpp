@@ -2,6 +2,7 @@
 
 #include <QStringList>
 #include <algorithm>
+#include <limits>
 #include <span>
 #include <string_view>
 
@@ -125,17 +126,23 @@ QString RowTexts::copied(const DiffResult& result, const DiffRow& row) {
     return lines.join(u'\n');
 }
 
-QString RowTexts::cell(const GridCell& cell) {
+QString RowTexts::cell(const GridCell& cell) { return RowTexts::cell(cell, std::numeric_limits<qsizetype>::max()); }
+
+QString RowTexts::cell(const GridCell& cell, qsizetype longestValue) {
+    const auto cut = [longestValue](std::string_view text) {
+        const QString whole = CellText::whole(text);
+        return whole.size() <= longestValue ? whole : whole.first(longestValue) + u'…';
+    };
     switch (cell.kind) {
         case GridCell::Kind::missing:
             return notInThisFile();
         case GridCell::Kind::plain:
-            return CellText::whole(cell.text);
+            return cut(cell.text);
         case GridCell::Kind::changed:
         case GridCell::Kind::formatOnly:
             break;
     }
-    const auto shown = [](std::string_view text) { return text.empty() ? emptyCell() : CellText::whole(text); };
+    const auto shown = [&cut](std::string_view text) { return text.empty() ? emptyCell() : cut(text); };
     switch (cell.side) {
         case GridGeometry::CellSide::before:
             return shown(cell.before);

@@ -41,6 +41,8 @@ public:
 
     // All that a cell has to show: its text, or "89.00 to 94.00" for one that shows a change.
     static QString cell(const GridCell& cell);
+    // The same with each value cut after so many UTF-16 units.
+    static QString cell(const GridCell& cell, qsizetype longestValue);
 
     // The row number on a side as a heading, "Before: row 8" or "Before: (not in this file)".
     static QString heading(const DiffResult& result, const DiffRow& row, DuplicateKey::Side side);

@@ -300,6 +300,14 @@ TEST_F(DiffGridTest, AToolTipShowsWhatWasElided) {
     EXPECT_EQ(toolTipAt(viewport(), inLine(1, 150)), QString());
 }
 
+TEST_F(DiffGridTest, AToolTipShowsTheNewValueOfALongOneToo) {
+    const std::string text(5000, 'x');
+    open("ID,A\n1," + text + "\n", "ID,A\n1,new" + text + "\n");
+    const QString shown = toolTipAt(viewport(), inLine(0, m_grid.cellArea(0, 1).center().x()));
+    EXPECT_TRUE(shown.contains(QStringLiteral("… to new"))) << shown.toStdString();
+    EXPECT_LT(shown.size(), 2500);
+}
+
 TEST_F(DiffGridTest, AToolTipIsTextNeverMarkup) {
     const std::string text = "<b>" + std::string(60, 'x') + "</b>";
     open("ID,A\n1,a\n", "ID,A\n1," + text + "\n");

@@ -120,6 +120,9 @@ TEST_F(GridAccessibilityTest, PartsKnowWhereTheyAre) {
     EXPECT_EQ(line, grid().child(3));
     ASSERT_NE(line, nullptr);
     EXPECT_EQ(line->childAt(middle.x(), middle.y()), cell);
+    EXPECT_EQ(line->indexOfChild(cell), 5);
+    EXPECT_EQ(grid().child(1)->indexOfChild(cell), -1);
+    EXPECT_EQ(line->indexOfChild(line), -1);
     const QPoint inHeader = m_grid.mapToGlobal(QPoint(300, 10));
     EXPECT_EQ(grid().childAt(inHeader.x(), inHeader.y()), grid().child(0));
 }

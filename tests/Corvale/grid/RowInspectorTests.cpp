@@ -157,6 +157,19 @@ TEST_F(RowInspectorTest, SpacesAreVisibleWhereNothingElseChanged) {
     EXPECT_EQ(copied(m_details.fields().view(2)->after()), QStringLiteral("a  c"));
 }
 
+TEST(FieldValue, MarksWhichSpacesDiffer) {
+    RowField field;
+    field.kind = RowField::Kind::formatOnly;
+    field.isSpacing = true;
+    field.before = "a b\r\nc";
+    field.after = "a b \tc";
+    const FieldValue before = FieldValue::before(field);
+    EXPECT_EQ(before.text.mid(before.markBegin, before.markEnd - before.markBegin).remove(u'\n'), QStringLiteral("⏎"))
+        << before.text.toStdString();
+    const FieldValue after = FieldValue::after(field);
+    EXPECT_EQ(after.text.mid(after.markBegin, after.markEnd - after.markBegin), QStringLiteral("·→"));
+}
+
 TEST_F(RowInspectorTest, ANoteIsNotCopied) {
     open("ID,A\n1,x\n", "ID,A\n1,\n");
     select(0);
