@@ -5,6 +5,7 @@
 
 #include "Corvale/model/AppModel.h"
 #include "Corvale/window/MainView.h"
+#include "Corvale/window/WindowTracker.h"
 
 namespace corvale {
 
@@ -21,7 +22,7 @@ MainWindow::MainWindow(AppModel& model, Platform& platform, Theme& theme)
     setCentralWidget(m_view);
     setMinimumSize(smallest);
     resize(startSize());
-    m_closeGuard.setMain(this);
+    new WindowTracker(*m_view, [this](QWidget& window) { m_closeGuard.setMain(&window); }, {});
     m_closeGuard.shouldClose = [this] { return mayClose(); };
     connect(&model, &AppModel::exportingChanged, this, &MainWindow::closeAfterExport);
 }
