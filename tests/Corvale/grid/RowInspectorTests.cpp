@@ -161,7 +161,7 @@ TEST(FieldValue, MarksWhichSpacesDiffer) {
     RowField field;
     field.kind = RowField::Kind::formatOnly;
     field.isSpacing = true;
-    field.before = "a b\r\nc";
+    field.before = "a b\nc";
     field.after = "a b \tc";
     const FieldValue before = FieldValue::before(field);
     EXPECT_EQ(before.text.mid(before.markBegin, before.markEnd - before.markBegin).remove(u'\n'), QStringLiteral("⏎"))
