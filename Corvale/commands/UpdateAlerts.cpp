@@ -11,7 +11,9 @@ namespace corvale {
 
 namespace {
 
+// What a low screen has room for.
 constexpr qsizetype longestNews = 1500;  // characters
+constexpr qsizetype mostLinesOfNews = 20;
 
 class Texts {
     Q_DECLARE_TR_FUNCTIONS(UpdateAlerts)
@@ -29,8 +31,11 @@ QMessageBox* makeAlert(QWidget& window, const QString& title, const QString& mes
 }
 
 QString newsOf(const AppcastItem& item) {
-    const QString plain = QTextDocumentFragment::fromHtml(item.description).toPlainText().trimmed();
-    return plain.size() <= longestNews ? plain : plain.first(longestNews) + u'…';
+    QString news = QTextDocumentFragment::fromHtml(item.description).toPlainText();
+    // Where the pictures would be.
+    news = news.remove(QChar::ObjectReplacementCharacter).trimmed();
+    const QString beginning = news.section(u'\n', 0, mostLinesOfNews - 1).left(longestNews);
+    return beginning.size() == news.size() ? news : beginning + u'…';
 }
 
 }  // namespace

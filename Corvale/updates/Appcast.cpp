@@ -73,11 +73,10 @@ private:
         QString build;
         while (m_xml.readNextStartElement()) {
             const QStringView name = m_xml.name();
-            if (name == u"title") {
-                item.title = text();
-            } else if (name == u"link") {
+            const bool isOfRSS = m_xml.prefix().isEmpty();
+            if (name == u"link" && isOfRSS) {
                 item.page = webAddress(text());
-            } else if (name == u"description") {
+            } else if (name == u"description" && isOfRSS) {
                 item.description = text();
             } else if (name == u"releaseNotesLink") {
                 item.releaseNotes = webAddress(text());

@@ -11,7 +11,6 @@ namespace corvale {
 // A version that a feed offers. Of the addresses, only those of the web are kept; the others are empty.
 struct AppcastItem {
     QString version;        // as people read it: "1.4"
-    QString title;          // may be empty
     QString description;    // what is new, in plain text or HTML; may be empty
     QUrl releaseNotes;      // may be empty
     QUrl file;              // the download itself, which only a browser ever fetches

@@ -23,8 +23,9 @@ QNetworkRequest requestOf(const QUrl& url) {
     request.setMaximumRedirectsAllowed(mostRedirections);
     // Those between us and the server keep copies too.
     request.setRawHeader("Cache-Control", "no-cache");
-    // Nothing of the machine but what the program is.
+    // Nothing of the machine but what the program is; Qt would name the user’s language too.
     request.setRawHeader("User-Agent", "Corvale");
+    request.setRawHeader("Accept-Language", "*");
     return request;
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
 #include <QUrl>
 #include <chrono>
 #include <cstdint>

@@ -7,6 +7,7 @@
 #include <QStackedLayout>
 #include <QStyle>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "Corvale/model/AppModel.h"
 #include "Corvale/style/Theme.h"
@@ -30,6 +31,7 @@ constexpr double cardRadius = 8;
 constexpr int wideSide = 76;
 constexpr int narrowSide = 62;
 constexpr int sideSymbol = 20;
+constexpr int captionMargin = 4;
 constexpr int longestSheetName = 150;
 constexpr int narrowestSheetName = 48;
 constexpr int nameHeight = 20;
@@ -190,7 +192,11 @@ void FileCard::setNarrow(bool narrow) {
 
 bool FileCard::isEmpty() const { return !m_model.file(m_side) && !m_model.isLoading(m_side); }
 
-int FileCard::sideWidth() const { return m_narrow ? narrowSide : wideSide; }
+// Other languages have longer words for the two sides.
+int FileCard::sideWidth() const {
+    const int caption = Drawing::textWidth(fontFor(TextRole::caption), accessibleName()) + 2 * captionMargin;
+    return std::max(caption, m_narrow ? narrowSide : wideSide);
+}
 
 void FileCard::dragEnterEvent(QDragEnterEvent* event) { setTargeted(!FileDrop::take(*event).isEmpty()); }
 

@@ -25,7 +25,7 @@ TEST(Privacy, IsWatched) {
     EXPECT_GT(socketsOpened(), before);
 }
 
-TEST(Privacy, NothingIsConnectedWhileFilesAreComparedAndReported) {
+TEST(Privacy, NothingIsConnectedWhileFilesAreCompared) {
     TestSupport::ScratchFolder folder;
     const QString store = QString::fromStdString(folder.at("store.ini"));
     QtPlatform platform(std::make_unique<QSettings>(store, QSettings::IniFormat));

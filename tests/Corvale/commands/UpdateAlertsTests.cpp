@@ -68,7 +68,6 @@ TEST_F(UpdateAlertsTest, TakeClosingForNo) {
 TEST_F(UpdateAlertsTest, OfferAVersionWithItsNewsAsPlainText) {
     bool isOpened = false;
     alerts.offer({.version = QStringLiteral("1.4"),
-                  .title = {},
                   .description = QStringLiteral("<p>Faster <b>search</b><img src='https://example.com/spy.png'></p>"),
                   .releaseNotes = {},
                   .file = {},
@@ -79,16 +78,29 @@ TEST_F(UpdateAlertsTest, OfferAVersionWithItsNewsAsPlainText) {
     EXPECT_TRUE(alert().informativeText().contains(QStringLiteral("1.4")));
     EXPECT_TRUE(alert().informativeText().contains(QStringLiteral("Faster search")));
     EXPECT_FALSE(alert().informativeText().contains(QStringLiteral("spy")));
+    EXPECT_FALSE(alert().informativeText().contains(QChar(QChar::ObjectReplacementCharacter)));
     EXPECT_EQ(alert().textFormat(), Qt::PlainText);
     EXPECT_EQ(alert().buttons().size(), 2) << "no release notes, no button for them";
     click(QStringLiteral("Open Download Page"));
     EXPECT_TRUE(isOpened);
 }
 
+TEST_F(UpdateAlertsTest, KeepLongNewsOnTheScreen) {
+    alerts.offer({.version = QStringLiteral("1.4"),
+                  .description = QStringLiteral("<ul>%1</ul>").arg(QStringLiteral("<li>x</li>").repeated(200)),
+                  .releaseNotes = {},
+                  .file = {},
+                  .page = {},
+                  .system = {},
+                  .minimumSystem = {}},
+                 [] {});
+    EXPECT_LT(alert().informativeText().count(u'\n'), 30);
+    EXPECT_TRUE(alert().informativeText().endsWith(u'…'));
+}
+
 TEST_F(UpdateAlertsTest, LeaveItAtThat) {
     bool isOpened = false;
     alerts.offer({.version = QStringLiteral("1.4"),
-                  .title = {},
                   .description = QString(5000, u'x'),
                   .releaseNotes = QUrl(QStringLiteral("https://example.com/notes")),
                   .file = {},

@@ -31,7 +31,9 @@ TEST(Appcast, SaysWhatAVersionIsAndWhereItIsToBeHad) {
     const auto items = parseAppcast(feedOf(R"(<item>
         <title>Corvale 1.4</title>
         <link>https://example.com/download</link>
+        <up:link href="https://example.com/1.4.xml" rel="self"/>
         <description><![CDATA[<ul><li>Faster</li></ul>]]></description>
+        <up:description>Of a picture</up:description>
         <up:releaseNotesLink>https://example.com/1.4.html</up:releaseNotesLink>
         <up:minimumSystemVersion>5.10</up:minimumSystemVersion>
         <pubDate>Sat, 21 Nov 2026 10:00:00 +0000</pubDate>
@@ -40,7 +42,6 @@ TEST(Appcast, SaysWhatAVersionIsAndWhereItIsToBeHad) {
       </item>)"));
     ASSERT_TRUE(items);
     const AppcastItem expected{.version = QStringLiteral("1.4"),
-                               .title = QStringLiteral("Corvale 1.4"),
                                .description = QStringLiteral("<ul><li>Faster</li></ul>"),
                                .releaseNotes = QUrl(QStringLiteral("https://example.com/1.4.html")),
                                .file = QUrl(QStringLiteral("https://example.com/corvale.deb")),

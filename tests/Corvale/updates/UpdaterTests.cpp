@@ -74,6 +74,8 @@ TEST_F(UpdaterTest, AsksForTheHeadAloneAndPastEveryCache) {
     EXPECT_TRUE(head.startsWith("HEAD /feed.xml HTTP/1.1\r\n")) << head.toStdString();
     EXPECT_TRUE(head.toLower().contains("cache-control: no-cache")) << head.toStdString();
     EXPECT_FALSE(head.toLower().contains("cookie")) << head.toStdString();
+    EXPECT_TRUE(head.contains("\r\nUser-Agent: Corvale\r\n")) << head.toStdString();
+    EXPECT_TRUE(head.contains("\r\nAccept-Language: *\r\n")) << head.toStdString();
 }
 
 TEST_F(UpdaterTest, LooksInEarnestWhereSomethingMayBeThere) {
