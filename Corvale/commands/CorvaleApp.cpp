@@ -28,8 +28,8 @@ CorvaleApp::CorvaleApp(Platform& platform, Theme& theme, QSettings& store)
       m_updater(m_controller, m_alerts, updateEndpoint(), ProgramIdentity::current()),
       m_delegate(m_model),
       m_menus(new MainMenus(m_model, m_window, actions())) {
-    for (QWidget* further : std::initializer_list<QWidget*>{m_help, m_settings, m_about}) {
-        further->addAction(m_menus->closeAction());
+    for (QWidget* further : std::initializer_list<QWidget*>{m_help, m_settings, m_about, m_welcome}) {
+        further->addActions(m_menus->actionsEverywhere());
     }
     QObject::connect(m_welcome, &WelcomeView::helpWanted, m_help, &HelpView::open);
     QObject::connect(m_help, &HelpView::emailWanted, m_help, [this] { writeToSupport(); });

@@ -6,9 +6,11 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
 #include <QTextBrowser>
 #include <QTextCursor>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include "Corvale/style/Icons.h"
 #include "Corvale/style/Look.h"
@@ -51,7 +53,8 @@ HelpView::HelpView(Theme& theme, QWidget* parent)
       m_email(new QPushButton(tr("Email Support"), this)) {
     setWindowTitle(tr("Corvale Help"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-    resize(usual);
+    setAttribute(Qt::WA_QuitOnClose, false);
+    resize(usual.boundedTo(screen()->availableSize()));
     m_search->setPlaceholderText(tr("Search help"));
     m_search->setAccessibleName(tr("Search help"));
     m_search->setClearButtonEnabled(true);
@@ -174,6 +177,9 @@ void HelpView::showTopic(const Topic& topic) {
 }
 
 void HelpView::open() {
+    // To Qt the help would be a window of the main one, which a sheet over that one keeps from mouse and keys.
+    create();
+    windowHandle()->setTransientParent(nullptr);
     show();
     raise();
     activateWindow();

@@ -16,7 +16,8 @@ namespace corvale {
 
 class Theme;
 
-// The help: its topics at the left, what the selected one says at the right. A window of its own beside the main one.
+// The help: its topics at the left, what the selected one says at the right. A window of its own beside the main one,
+// which can be read whatever the main one asks, and does not keep the program open.
 class HelpView : public QDialog {
     Q_OBJECT
 

@@ -75,11 +75,12 @@ void MainMenus::addFile() {
     menu->addSeparator();
     const MacMenuBaseline::MenuBaseline baseline{
         .close = MacMenuBaseline::CloseWindowAction::through(m_window.closeGuard()), .help = {}, .helpItems = {}};
-    m_close = baseline.addCloseTo(*menu);
+    m_everywhere.append(baseline.addCloseTo(*menu));
     // Through the close guard too: a report that is being written is not given up.
     QAction* const quit =
         add(menu, tr("Quit Corvale"), keys("Ctrl+Q"), [this] { m_window.closeGuard().close(&m_window); });
     quit->setMenuRole(QAction::QuitRole);
+    m_everywhere.append(quit);
 }
 
 void MainMenus::addEdit() {
@@ -176,6 +177,7 @@ void MainMenus::addHelp() {
                                           .action = m_actions.showHelp},
         .helpItems = further};
     baseline.addHelpTo(*menu);
+    m_everywhere.append(menu->actions().constFirst());
 }
 
 void MainMenus::refresh() {

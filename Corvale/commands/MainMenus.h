@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
 #include <functional>
 #include <vector>
@@ -32,8 +33,8 @@ public:
     MainMenus(AppModel& model, MainWindow& window, Actions actions);
 
     void refresh();
-    // Closes windows; for those besides the main one.
-    QAction* closeAction() const { return m_close; }
+    // What can be done in every window: close it, quit, get help. For those besides the main one to add.
+    const QList<QAction*>& actionsEverywhere() const { return m_everywhere; }
 
 private:
     struct Item {
@@ -54,7 +55,7 @@ private:
     MainWindow& m_window;
     Actions m_actions;
     std::vector<Item> m_items;
-    QAction* m_close = nullptr;
+    QList<QAction*> m_everywhere;
     QAction* m_details = nullptr;
 };
 

@@ -2,6 +2,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
 #include <QSet>
 #include <QSignalSpy>
 #include <QTextBrowser>
@@ -28,6 +29,56 @@ TEST(HelpTopics, StandInOneOrderEachWithItsSymbol) {
                                         "Your data and privacy/lock.shield",
                                         "Support/envelope"}));
     EXPECT_EQ(static_cast<std::size_t>(ids.size()), topics.size());
+}
+
+TEST(HelpTopics, SayTheirParagraphs) {
+    const std::vector<QStringList> texts = {
+        {QStringLiteral(
+             "Open the older file on the left (Before) and the newer one on the right (After): click Choose…, drop the "
+             "files on the window, or choose File › Open Before… (⌘O). Select two files at once to fill both sides."),
+         QStringLiteral(
+             "Corvale reads Excel workbooks (.xlsx), CSV and TSV. For a workbook with several sheets, pick the sheet "
+             "from the menu under its name. The first row with something in it is the header row."),
+         QStringLiteral("Numbers files: in Numbers, choose File › Export To › Excel… (or CSV…) and open the exported "
+                        "file. Older .xls files: save them as .xlsx first.")},
+        {QStringLiteral("A key column is a column that names each row once, such as an order number, SKU, employee ID "
+                        "or email. Rows with the same key are compared with each other, wherever they are in the file, "
+                        "so sorting or inserting rows doesn't matter."),
+         QStringLiteral("Corvale suggests the column that's filled in on every row, unique, and shared by both files. "
+                        "Pick another one under Match rows by."),
+         QStringLiteral("Duplicate keys: when a key is on more than one row, the repeats are paired in order (first "
+                        "with first) and listed under the counts. Rows with an empty key are compared the same way."),
+         QStringLiteral("No key column? Choose Row order: Corvale lines up identical rows and compares the ones in "
+                        "between, so one inserted row doesn't mark everything after it as changed.")},
+        {QStringLiteral("Ignore case: Apple and APPLE match. Ignore extra spaces: spaces at the ends and doubled "
+                        "spaces don't count. Ignore number formatting: 1,250.00, $1250 and 1250 match, and so do 50% "
+                        "and 0.5, and 007 and 7. Ignore column order: columns are matched by name wherever they are; "
+                        "turn it off to compare column A with A, B with B."),
+         QStringLiteral("Ignore Columns leaves columns such as Last updated out of the comparison."),
+         QStringLiteral("Cells that differ only in number format, case or spacing are marked in blue and counted "
+                        "separately, so you can see them before deciding to ignore them.")},
+        {QStringLiteral("The counts at the top are filters: click Added, Removed or Changed to list only those rows; "
+                        "click again to go back to all changes. Unchanged shows every row."),
+         QStringLiteral(
+             "Unified view: one line per row, with each changed cell showing the old value struck through and the new "
+             "one in bold. Side by side: the Before cells on the left and the After cells on the right."),
+         QStringLiteral("Show (in the toolbar) picks the rows, the column menu lists only rows with a change in one "
+                        "column, and Search finds words in any cell. Click a row, or use the arrow keys, to see all of "
+                        "its cells in Row Details."),
+         QStringLiteral("Comparisons run in the background with a progress bar; 100,000-row files take a few seconds. "
+                        "Compare › Compare Again (⌘R) reads both files again after you edit them.")},
+        {QStringLiteral(
+             "File › Export Excel Report (⌘E) saves a workbook with three sheets: Summary, Changes (added rows green, "
+             "removed rows red, changed cells yellow) and Cell changes (every changed cell, before and after)."),
+         QStringLiteral("File › Export HTML Report (⇧⌘E) saves one web page you can email or print. It has no scripts "
+                        "and loads nothing from the internet.")},
+        {QStringLiteral("Corvale reads your spreadsheets on this Mac and keeps nothing from them after you quit. "
+                        "There's no account and no tracking, and your files are never uploaded.")},
+    };
+    const QList<Topic> topics = helpTopics();
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        EXPECT_EQ(topics[static_cast<qsizetype>(i)].paragraphs, texts[i]);
+    }
 }
 
 TEST(HelpTopics, AreFoundByAnyWordsInThem) {
@@ -73,6 +124,12 @@ TEST_F(HelpViewTest, BeginsAtTheStart) {
     EXPECT_EQ(help().selected(), QStringLiteral("start"));
     EXPECT_TRUE(text().startsWith(QStringLiteral("Getting started\nOpen the older file on the left (Before)")));
     EXPECT_EQ(help().windowTitle(), QStringLiteral("Corvale Help"));
+}
+
+TEST_F(HelpViewTest, FitsOnTheScreen) {
+    const QSize room = help().screen()->availableSize();
+    ASSERT_LT(room.width(), 820) << "this screen shows nothing";
+    EXPECT_EQ(help().size(), help().size().boundedTo(room));
 }
 
 TEST_F(HelpViewTest, ShowsTheTopicThatIsChosen) {

@@ -1,6 +1,8 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QTest>
+#include <QTimer>
+#include <chrono>
 
 #include "tests/Corvale/commands/AppTest.h"
 
@@ -201,6 +203,31 @@ TEST_F(MainMenusTest, CloseTheWindowThatHasTheKeyboard) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&app->window()));
     trigger("Close Window");
     EXPECT_FALSE(app->window().isVisible());
+}
+
+TEST_F(MainMenusTest, HelpAndQuitFromEveryWindow) {
+    for (const char* further : {"Settings…", "About Corvale", "Corvale Help"}) {
+        start();
+        trigger(further);
+        const auto isInFront = [this] { return !app->window().isActiveWindow() && QApplication::activeWindow(); };
+        ASSERT_TRUE(QTest::qWaitFor(isInFront)) << further;
+        QWidget* const shown = QApplication::activeWindow();
+        QTest::keyClick(shown, Qt::Key_F1);
+        EXPECT_TRUE(window<HelpView>().isVisible()) << further;
+        shown->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(shown)) << further;
+        QTest::keyClick(shown, Qt::Key_Q, Qt::ControlModifier);
+        EXPECT_FALSE(app->window().isVisible()) << further;
+    }
+}
+
+TEST_F(MainMenusTest, EndTheProgramWithTheHelpOpen) {
+    start();
+    trigger("Corvale Help");
+    ASSERT_TRUE(window<HelpView>().isVisible());
+    QTimer::singleShot(0, &app->window(), [this] { app->window().close(); });
+    QTimer::singleShot(std::chrono::seconds(10), &app->window(), [] { QApplication::exit(1); });
+    EXPECT_EQ(QApplication::exec(), 0);
 }
 
 TEST_F(MainMenusTest, DoNotQuitInTheMiddleOfAReport) {

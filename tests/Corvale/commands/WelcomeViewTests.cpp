@@ -1,6 +1,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
+#include <QWindow>
 
 #include "tests/Corvale/commands/AppTest.h"
 
@@ -67,8 +68,20 @@ TEST_F(WelcomeViewTest, OpensTheSample) {
 
 TEST_F(WelcomeViewTest, OpensTheHelp) {
     click(QStringLiteral("Help"));
-    EXPECT_TRUE(window<HelpView>().isVisible());
+    auto& help = window<HelpView>();
+    EXPECT_TRUE(help.isVisible());
     EXPECT_TRUE(welcome().isVisible());
+    // By the window, as the system does, since a sheet over the main window keeps others from the keys.
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&help));
+    QTest::keyClick(help.windowHandle(), Qt::Key_Escape);
+    EXPECT_FALSE(help.isVisible());
+    EXPECT_TRUE(welcome().isVisible());
+}
+
+TEST_F(WelcomeViewTest, LetsOneQuit) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&welcome()));
+    QTest::keyClick(&welcome(), Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_FALSE(app->window().isVisible());
 }
 
 TEST_F(WelcomeViewTest, ComesAgainWhenTheSettingsAskForIt) {
