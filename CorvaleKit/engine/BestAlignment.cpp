@@ -1,12 +1,12 @@
 #include "CorvaleKit/engine/BestAlignment.h"
 
-#include <absl/container/flat_hash_map.h>
 #include <absl/strings/string_view.h>
 
 #include <algorithm>
 #include <limits>
 #include <numeric>
 
+#include "CorvaleKit/base/HashTables.h"
 #include "CorvaleKit/engine/StoredPositions.h"
 
 namespace corvale {
@@ -101,7 +101,7 @@ void BestAlignment::internColumn(std::size_t position) {
     const auto text = [position](const ComparisonTexts::Row& row) {
         return absl::string_view(row[position].data(), row[position].size());
     };
-    absl::flat_hash_map<absl::string_view, std::uint32_t> ids;
+    HashMap<absl::string_view, std::uint32_t> ids;
     ids.reserve(m_afterRows.size());
     m_afterIds.clear();
     for (const auto& row : m_afterRows) {

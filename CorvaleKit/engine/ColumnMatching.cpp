@@ -1,11 +1,9 @@
 #include "CorvaleKit/engine/ColumnMatching.h"
 
-#include <absl/container/flat_hash_map.h>
-#include <absl/container/flat_hash_set.h>
-
 #include <algorithm>
 #include <utility>
 
+#include "CorvaleKit/base/HashTables.h"
 #include "CorvaleKit/text/Text.h"
 
 namespace corvale::ColumnMatching {
@@ -34,8 +32,8 @@ public:
     }
 
 private:
-    absl::flat_hash_set<std::string> m_ignored;
-    absl::flat_hash_set<std::string> m_keys;
+    HashSet<std::string> m_ignored;
+    HashSet<std::string> m_keys;
 };
 
 // The After columns that no Before column has taken yet, by their headers.
@@ -82,8 +80,8 @@ private:
     }
 
     std::vector<bool> m_taken;
-    absl::flat_hash_map<std::string_view, Queue> m_byText;
-    absl::flat_hash_map<std::string, Queue> m_byName;
+    HashMap<std::string_view, Queue> m_byText;
+    HashMap<std::string, Queue> m_byName;
 };
 
 std::optional<std::int64_t> index(std::optional<std::size_t> column) {

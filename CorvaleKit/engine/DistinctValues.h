@@ -1,6 +1,5 @@
 #pragma once
 
-#include <absl/container/flat_hash_map.h>
 #include <absl/hash/hash.h>
 #include <absl/strings/string_view.h>
 
@@ -12,6 +11,8 @@
 #include <cstring>
 #include <string_view>
 #include <vector>
+
+#include "CorvaleKit/base/HashTables.h"
 
 namespace corvale {
 
@@ -85,7 +86,7 @@ private:
         std::size_t operator()(const CellValue& value) const { return absl::HashOf(value.hash()); }
     };
 
-    absl::flat_hash_map<CellValue, std::uint32_t, StoredHash> m_numbers;
+    HashMap<CellValue, std::uint32_t, StoredHash> m_numbers;
 };
 
 }  // namespace corvale

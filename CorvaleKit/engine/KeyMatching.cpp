@@ -1,12 +1,11 @@
 #include "CorvaleKit/engine/KeyMatching.h"
 
-#include <absl/container/flat_hash_map.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <numeric>
 #include <optional>
 
+#include "CorvaleKit/base/HashTables.h"
 #include "CorvaleKit/engine/ColumnMatching.h"
 #include "CorvaleKit/engine/ComparisonTexts.h"
 #include "CorvaleKit/engine/DisplayKey.h"
@@ -41,7 +40,7 @@ public:
 
     void listDuplicates(DuplicateKey::Side side, const std::vector<std::uint32_t>& counts,
                         std::vector<DuplicateKey>& duplicates) const {
-        absl::flat_hash_map<std::uint32_t, std::size_t> places;
+        HashMap<std::uint32_t, std::size_t> places;
         for (std::size_t row = 0; row < m_ids.size(); ++row) {
             if (counts[m_ids[row]] < 2 || isBlank(row)) {
                 continue;

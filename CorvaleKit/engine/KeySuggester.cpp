@@ -1,13 +1,12 @@
 #include "CorvaleKit/engine/KeySuggester.h"
 
-#include <absl/container/flat_hash_map.h>
-
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 
+#include "CorvaleKit/base/HashTables.h"
 #include "CorvaleKit/engine/DistinctValues.h"
 #include "CorvaleKit/text/Text.h"
 #include "CorvaleKit/text/Utf8.h"
@@ -43,7 +42,7 @@ struct SharedColumn {
 std::string foldedName(std::string_view header) { return Text::lowercased(Text::trimSpaces(header)); }
 
 std::vector<SharedColumn> sharedColumns(const DataTable& before, const DataTable& after) {
-    absl::flat_hash_map<std::string, std::size_t> firstByName;
+    HashMap<std::string, std::size_t> firstByName;
     for (std::size_t i = 0; i < after.headers().size(); ++i) {
         firstByName.try_emplace(foldedName(after.headers()[i]), i);
     }

@@ -1,11 +1,10 @@
 #include "CorvaleKit/engine/RowInterner.h"
 
-#include <absl/container/flat_hash_set.h>
-
 #include <algorithm>
 #include <array>
 #include <limits>
 
+#include "CorvaleKit/base/HashTables.h"
 #include "CorvaleKit/base/Memory.h"
 #include "CorvaleKit/base/Require.h"
 #include "CorvaleKit/engine/Callbacks.h"
@@ -18,7 +17,7 @@ namespace corvale {
 class RowInterner::Index {
 public:
     Index(const ComparisonTexts& before, const ComparisonTexts& after)
-        : m_before(before), m_after(after), m_beforeSet(0, Hash{this}, Equal{this}), m_afterSet(m_beforeSet) {
+        : m_before(before), m_after(after), m_beforeSet(Hash{this}, Equal{this}), m_afterSet(Hash{this}, Equal{this}) {
         CORVALE_REQUIRE(before.columnCount() == after.columnCount(), "rows with other numbers of columns are compared");
         CORVALE_REQUIRE(before.rowCount() + after.rowCount() < std::numeric_limits<std::uint32_t>::max(),
                         "two tables have more than four thousand million rows");
@@ -108,7 +107,7 @@ private:
         bool operator()(std::uint32_t id, const Candidate& candidate) const { return index->isSame(id, candidate); }
     };
 
-    using IdSet = absl::flat_hash_set<std::uint32_t, Hash, Equal>;
+    using IdSet = HashSet<std::uint32_t, Hash, Equal>;
 
     static void callEvery4096th(std::size_t row, const std::function<void(std::size_t)>& onRow) {
         if (row % rowsPerPoll == 0 && onRow) {

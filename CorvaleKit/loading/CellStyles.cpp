@@ -1,11 +1,10 @@
 #include "CorvaleKit/loading/CellStyles.h"
 
-#include <absl/container/flat_hash_map.h>
-
 #include <cstdint>
 #include <optional>
 #include <string>
 
+#include "CorvaleKit/base/HashTables.h"
 #include "CorvaleKit/base/Numbers.h"
 #include "CorvaleKit/loading/XMLEvents.h"
 
@@ -63,7 +62,7 @@ private:
         return format.digits > longestCode ? NumberFormat{} : format;
     }
 
-    absl::flat_hash_map<std::int64_t, NumberFormat> m_formats;
+    HashMap<std::int64_t, NumberFormat> m_formats;
     std::vector<std::int64_t> m_styles;
     int m_listsOpen = 0;
 };

@@ -1,13 +1,12 @@
 #include "CorvaleKit/loading/SheetReader.h"
 
-#include <absl/container/flat_hash_map.h>
-
 #include <cstdint>
 #include <limits>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "CorvaleKit/base/HashTables.h"
 #include "CorvaleKit/base/Numbers.h"
 #include "CorvaleKit/loading/CellFormat.h"
 #include "CorvaleKit/loading/CellReference.h"
@@ -173,7 +172,7 @@ private:
     SheetCells m_cells;
     std::uint64_t m_true;
     std::uint64_t m_false;
-    absl::flat_hash_map<std::pair<std::string, std::int64_t>, std::uint64_t> m_padded;
+    HashMap<std::pair<std::string, std::int64_t>, std::uint64_t> m_padded;
     std::string m_scratch;
 
     std::int64_t m_row = -1;

@@ -1,13 +1,12 @@
 #include "CorvaleKit/loading/TableBuilder.h"
 
-#include <absl/container/flat_hash_map.h>
-#include <absl/container/flat_hash_set.h>
 #include <absl/hash/hash.h>
 
 #include <algorithm>
 #include <string_view>
 #include <utility>
 
+#include "CorvaleKit/base/HashTables.h"
 #include "CorvaleKit/text/Text.h"
 
 namespace corvale::TableBuilder {
@@ -102,8 +101,8 @@ public:
     }
 
 private:
-    absl::flat_hash_set<std::string_view, HashIgnoringCase, EqualIgnoringCase> m_given;
-    absl::flat_hash_map<std::string, std::uint64_t> m_nextNumber;
+    HashSet<std::string_view, HashIgnoringCase, EqualIgnoringCase> m_given;
+    HashMap<std::string, std::uint64_t> m_nextNumber;
 };
 
 std::string ownName(const CellRow& headers, std::size_t column) {

@@ -42,6 +42,13 @@ void setDesktop(bool isDark) {
     QApplication::setPalette(palette);
 }
 
+void expectGone(const QWidget* window) {
+    EXPECT_EQ(window, nullptr) << window->metaObject()->className() << " “" << window->windowTitle().toStdString()
+                               << "”" << (window->isVisible() ? " shows" : " does not show")
+                               << (window->parentWidget() != nullptr && window->parentWidget()->isVisible() ? ""
+                                                                                                            : " alone");
+}
+
 }  // namespace
 
 Monkey::Monkey(unsigned seed)
@@ -362,8 +369,8 @@ void Monkey::closeEverything() {
     }
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QApplication::processEvents();
-    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    expectGone(QApplication::activePopupWidget());
+    expectGone(QApplication::activeModalWidget());
 }
 
 void Monkey::expectFewWidgets() const {
