@@ -126,8 +126,15 @@ Bytes readFile(const std::string& path) {
     try {
         FileSource source(path);
         const auto read = [&](char* target, std::size_t room) { return source.read(target, room); };
-        return source.size() == 0 ? readToEnd(path, Memory::physicalSize(), read)
-                                  : readExactly(path, source.size(), read);
+        if (source.size() == 0) {
+            return readToEnd(path, Memory::physicalSize(), read);
+        }
+        Bytes bytes = readExactly(path, source.size(), read);
+        // Written anew in its place and to the same length, it would be half the old file and half the new one.
+        if (source.hasChanged()) {
+            throw changedMeanwhile(path);
+        }
+        return bytes;
     } catch (const std::system_error& failure) {
         throw unreadable(path, failure.code());
     }

@@ -17,7 +17,7 @@ public:
 };
 
 // The whole of a regular file. A folder, a pipe or a device is refused without waiting for it, and so is a file that
-// changes its length while it is read. One that tells no length, as those that a system makes up do, is read to its
+// is written to while it is read. One that tells no length, as those that a system makes up do, is read to its
 // end. Throws FileFailure.
 Bytes readFile(const std::string& path);
 

@@ -19,6 +19,22 @@ namespace {
 
 std::system_error lastError() { return {errno, std::generic_category()}; }
 
+struct stat statusOf(int descriptor) {
+    struct stat status {};
+    if (::fstat(descriptor, &status) != 0) {
+        throw lastError();
+    }
+    return status;
+}
+
+timespec lastWrite(const struct stat& status) {
+#if defined(__APPLE__)
+    return status.st_mtimespec;
+#else
+    return status.st_mtim;
+#endif
+}
+
 }  // namespace
 
 FileSource::FileSource(const std::string& path)
@@ -26,13 +42,21 @@ FileSource::FileSource(const std::string& path)
     if (m_descriptor < 0) {
         throw lastError();
     }
-    struct stat status {};
-    if (::fstat(m_descriptor, &status) != 0) {
-        const std::system_error error = lastError();
+    try {
+        const struct stat status = statusOf(m_descriptor);
+        m_size = static_cast<std::uint64_t>(status.st_size);
+        m_seconds = lastWrite(status).tv_sec;
+        m_nanoseconds = lastWrite(status).tv_nsec;
+    } catch (const std::system_error&) {
         ::close(m_descriptor);
-        throw error;
+        throw;
     }
-    m_size = static_cast<std::uint64_t>(status.st_size);
+}
+
+bool FileSource::hasChanged() const {
+    const struct stat status = statusOf(m_descriptor);
+    return static_cast<std::uint64_t>(status.st_size) != m_size || lastWrite(status).tv_sec != m_seconds ||
+           lastWrite(status).tv_nsec != m_nanoseconds;
 }
 
 FileSource::~FileSource() { ::close(m_descriptor); }
@@ -59,6 +83,8 @@ FileSource::FileSource(const std::string& path)
 }
 
 FileSource::~FileSource() = default;
+
+bool FileSource::hasChanged() const { return false; }
 
 // NOLINTNEXTLINE(readability-make-member-function-const): it moves the place in the file
 std::size_t FileSource::read(char* target, std::size_t room) {

@@ -24,11 +24,17 @@ public:
     std::uint64_t size() const { return m_size; }
     // Bytes read, at most `room`; 0 at the end. Throws std::system_error.
     std::size_t read(char* target, std::size_t room);
+    // Whether somebody has written to the file since it was opened; false where the system doesn't tell. What comes
+    // within a tick of its clock, some milliseconds, may go unseen. Throws std::system_error.
+    bool hasChanged() const;
 
 private:
     std::uint64_t m_size = 0;
 #if __has_include(<unistd.h>)
     int m_descriptor = -1;
+    // When it was written to last.
+    std::int64_t m_seconds = 0;
+    std::int64_t m_nanoseconds = 0;
 #else
     std::ifstream m_file;
 #endif

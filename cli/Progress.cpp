@@ -3,6 +3,7 @@
 #include <array>
 #include <chrono>
 #include <cstdio>
+#include <system_error>
 
 #if __has_include(<unistd.h>)
 #include <unistd.h>
@@ -25,8 +26,13 @@ static_assert(std::atomic<bool>::is_always_lock_free);
 }  // namespace
 
 Progress::Progress(bool enabled, const char* firstPhase) : m_phase(firstPhase) {
-    if (enabled) {
+    if (!enabled) {
+        return;
+    }
+    try {
         m_thread = std::thread([this] { run(); });
+    } catch (const std::system_error&) {
+        // The system has no thread to give, and the work matters more than being told of it.
     }
 }
 

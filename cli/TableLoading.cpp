@@ -4,6 +4,7 @@
 #include <charconv>
 #include <exception>
 #include <future>
+#include <system_error>
 #include <utility>
 
 #include "CorvaleKit/loading/DataLoader.h"
@@ -24,6 +25,16 @@ std::int64_t numberOf(std::string_view digits) {
         throw SheetFailure("The workbook has no sheet " + std::string(digits) + ".");
     }
     return number;
+}
+
+// At once and beside the caller, or, where the system has no further thread to give, when it is asked for.
+std::future<DataTable> startLoading(const FileChoice& file) {
+    const auto load = [&file] { return loadTable(file); };
+    try {
+        return std::async(std::launch::async, load);
+    } catch (const std::system_error&) {
+        return std::async(std::launch::deferred, load);
+    }
 }
 
 SheetFailure noSuchSheet(const std::string& path, std::string_view choice, const std::vector<std::string>& names) {
@@ -65,7 +76,7 @@ DataTable loadTable(const FileChoice& file) {
 }
 
 TablePair loadPair(const PairChoice& files) {
-    std::future<DataTable> after = std::async(std::launch::async, [&] { return loadTable(files.after); });
+    std::future<DataTable> after = startLoading(files.after);
     DataTable before = loadTable(files.before);
     return {std::move(before), after.get()};
 }

@@ -26,7 +26,7 @@ struct TablePair {
     DataTable after;
 };
 
-// Reads both files at the same time. When neither can be loaded, it is Before's failure that is thrown.
+// Reads both files at the same time where it can. When neither can be loaded, it is Before's failure that is thrown.
 TablePair loadPair(const PairChoice& files);
 
 // In workbook order.

@@ -43,19 +43,12 @@ UnfinishedFile::UnfinishedFile(const std::string& path) {
     for (const int signal : endingSignals) {
         replaceHandler(signal, SIG_DFL, removeAndEnd);
     }
-#ifdef SIGXFSZ
-    // A limit on file sizes is told by the write that meets it, as a full disk is.
-    replaceHandler(SIGXFSZ, SIG_DFL, SIG_IGN);
-#endif
 }
 
 UnfinishedFile::~UnfinishedFile() {
     for (const int signal : endingSignals) {
         replaceHandler(signal, removeAndEnd, SIG_DFL);
     }
-#ifdef SIGXFSZ
-    replaceHandler(SIGXFSZ, SIG_IGN, SIG_DFL);
-#endif
     unfinishedPath = nullptr;
 }
 

@@ -1,3 +1,4 @@
+#include <csignal>
 #include <cstdio>
 #include <exception>
 #include <new>
@@ -20,10 +21,18 @@ int trouble(std::string_view message) {
     return corvale::Cli::ExitStatus::trouble;
 }
 
+// A limit on file sizes is told by the write that meets it, as a full disk is.
+void outliveFileSizeLimit() {
+#ifdef SIGXFSZ
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     try {
+        outliveFileSizeLimit();
         corvale::Cli::Interrupt::install();
         corvale::Cli::Output output(stdout);
         corvale::Cli::run(corvale::Cli::parseArguments({argv + (argc > 0 ? 1 : 0), argv + argc}), output);

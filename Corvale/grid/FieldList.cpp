@@ -30,12 +30,20 @@ FieldList::FieldList(AppModel& model, const Theme& theme, QWidget* parent)
 
 void FieldList::refresh(const GridColumns& columns, bool fromTop) {
     m_columns = &columns;
+    m_result = m_model.result();
+    m_row = m_model.selectedRow();
     m_isStale = true;
     m_goesToTop = m_goesToTop || fromTop;
     recycleViews({0, 0});
     if (isVisible()) {
         catchUp();
     }
+}
+
+bool FieldList::isCurrent() const {
+    const auto& result = m_model.result();
+    return m_columns && !m_result.owner_before(result) && !result.owner_before(m_result) &&
+           m_row == m_model.selectedRow();
 }
 
 // Not while hidden: nobody would see it, and the width is not the one that it will be shown in.
@@ -89,7 +97,7 @@ FieldList::Range FieldList::fieldsAround(int top, int bottom) const {
 }
 
 void FieldList::layOutViews() {
-    if (m_isLayingOut || m_isStale || !m_columns || m_tops.empty()) {
+    if (m_isLayingOut || m_isStale || !isCurrent() || m_tops.empty()) {
         return;
     }
     const QScopedValueRollback<bool> busy(m_isLayingOut, true);
@@ -197,7 +205,7 @@ void FieldList::paintEvent(QPaintEvent*) {
 void FieldList::resizeEvent(QResizeEvent* event) {
     QAbstractScrollArea::resizeEvent(event);
     Q_EMIT fieldWidthChanged();
-    if (m_columns && !m_isLayingOut && !m_isStale) {
+    if (!m_isLayingOut && !m_isStale && isCurrent()) {
         estimateHeights();
         updateScrollBar();
         layOutViews();
@@ -206,7 +214,7 @@ void FieldList::resizeEvent(QResizeEvent* event) {
 
 void FieldList::showEvent(QShowEvent* event) {
     QAbstractScrollArea::showEvent(event);
-    if (m_isStale) {
+    if (m_isStale && isCurrent()) {
         catchUp();
     }
 }

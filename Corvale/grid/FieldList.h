@@ -2,7 +2,10 @@
 
 #include <QAbstractScrollArea>
 #include <cstddef>
+#include <cstdint>
 #include <map>
+#include <memory>
+#include <optional>
 #include <vector>
 
 #include "Corvale/grid/GridColumns.h"
@@ -48,6 +51,9 @@ private:
         std::size_t end = 0;
     };
 
+    // Whether the model still has the row that was to be shown: while it tells everybody of a change, others may give
+    // this list another size before its own turn comes.
+    bool isCurrent() const;
     void catchUp();
     void estimateHeights();
     void sumHeights();
@@ -65,6 +71,8 @@ private:
     AppModel& m_model;
     const Theme& m_theme;
     const GridColumns* m_columns = nullptr;
+    std::weak_ptr<const DiffResult> m_result;  // that the columns are of
+    std::optional<std::int64_t> m_row;
     std::vector<int> m_heights;
     std::vector<int> m_tops;  // one more than there are fields
     std::map<std::size_t, FieldView*> m_views;

@@ -3,7 +3,9 @@
 #include <exception>
 #include <functional>
 #include <memory>
+#include <new>
 #include <optional>
+#include <thread>
 #include <type_traits>
 #include <utility>
 
@@ -32,30 +34,31 @@ public:
     // The platform outlives this object.
     explicit BackgroundJobs(Platform& platform) : m_platform(platform) {}
 
-    // Runs `work` off the main thread, then `done` with its Outcome by reference on it.
+    // Runs `work` off the main thread, then `done` with its Outcome by reference on it. When memory runs out on the way
+    // back, that is the failure.
     template <typename Work, typename Done>
     void run(Work work, Done done) {
         using Value = std::invoke_result_t<Work>;
+        // All that is needed afterwards is made now, while there is memory.
         auto outcome = std::make_shared<Outcome<Value>>();
-        m_platform.runInBackground([alive = std::weak_ptr(m_alive),
-                                    &platform = m_platform,
-                                    outcome,
-                                    work = std::move(work),
-                                    done = std::move(done)]() mutable {
-            try {
-                outcome->value.emplace(work());
-            } catch (...) {
-                outcome->failure = std::current_exception();
-            }
-            platform.runOnMain([alive, &platform, outcome, done = std::move(done)]() mutable {
+        std::function<void()> deliver =
+            [alive = std::weak_ptr(m_alive), &platform = m_platform, outcome, done = std::move(done)]() mutable {
                 if (alive.lock()) {
                     done(*outcome);
                 }
                 if (!std::is_trivially_destructible_v<Value> && outcome->value) {
                     discardOn(platform, outcome->take());
                 }
+            };
+        m_platform.runInBackground(
+            [&platform = m_platform, outcome, work = std::move(work), deliver = std::move(deliver)]() mutable {
+                try {
+                    outcome->value.emplace(work());
+                } catch (...) {
+                    outcome->failure = std::current_exception();
+                }
+                post(platform, *outcome, deliver);
             });
-        });
     }
 
     // Lets `deliver` run on the main thread while the owner lives. The returned function may be called on any thread.
@@ -83,10 +86,29 @@ public:
     }
 
 private:
+    // Whoever waits for the outcome has to hear of it: what takes the memory for that is given up.
+    template <typename Value>
+    static void post(Platform& platform, Outcome<Value>& outcome, const std::function<void()>& deliver) {
+        for (;;) {
+            try {
+                platform.runOnMain(deliver);
+                return;
+            } catch (const std::bad_alloc&) {
+                outcome.value.reset();
+                outcome.failure = std::current_exception();
+                std::this_thread::yield();
+            }
+        }
+    }
+
     template <typename Value>
     static void discardOn(Platform& platform, Value value) {
-        auto box = std::make_shared<std::optional<Value>>(std::move(value));
-        platform.runInBackground([box] { box->reset(); });
+        try {
+            auto box = std::make_shared<std::optional<Value>>(std::move(value));
+            platform.runInBackground([box] { box->reset(); });
+        } catch (const std::bad_alloc&) {
+            // Then it is destroyed here, which may take a moment.
+        }
     }
 
     Platform& m_platform;

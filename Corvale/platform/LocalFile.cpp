@@ -6,6 +6,12 @@
 #include <QSaveFile>
 #include <cstdint>
 #include <new>
+#include <optional>
+#include <utility>
+
+#if defined(__linux__)
+#include <sys/stat.h>
+#endif
 
 #include "CorvaleKit/base/Failures.h"
 #include "CorvaleKit/base/Memory.h"
@@ -72,6 +78,17 @@ void readExactly(QFile& file, Bytes& bytes, const QString& name) {
     }
 }
 
+// Seconds and nanoseconds of when somebody wrote to the open file last; none where the system doesn't tell.
+std::optional<std::pair<std::int64_t, std::int64_t>> lastWrite([[maybe_unused]] const QFile& file) {
+#if defined(__linux__)
+    struct stat status = {};
+    if (::fstat(file.handle(), &status) == 0) {
+        return std::pair<std::int64_t, std::int64_t>(status.st_mtim.tv_sec, status.st_mtim.tv_nsec);
+    }
+#endif
+    return std::nullopt;
+}
+
 void requireWritable(const QUrl& url) {
     requireRegular(url);
     const QFileInfo info(url.toLocalFile());
@@ -90,6 +107,7 @@ Bytes read(const QUrl& url) {
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         throw notOpened(name, file);
     }
+    const auto writtenBefore = lastWrite(file);
     // The bytes and the table that is made of them are held at once.
     if (static_cast<std::uint64_t>(file.size()) > Memory::physicalSize() / 2) {
         throw std::bad_alloc();
@@ -99,6 +117,10 @@ Bytes read(const QUrl& url) {
     char more = 0;
     if (const qint64 count = file.read(&more, 1); count != 0) {
         throw count < 0 ? notRead(name, file) : changed(name);
+    }
+    // Written anew in its place and to the same length, it would be half the old file and half the new one.
+    if (lastWrite(file) != writtenBefore) {
+        throw changed(name);
     }
     return bytes;
 }

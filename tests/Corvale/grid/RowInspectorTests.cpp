@@ -189,6 +189,24 @@ TEST_F(RowInspectorTest, HiddenDetailsCatchUpWhenTheyAreShown) {
     EXPECT_EQ(before(3), QStringLiteral("42.00"));
 }
 
+// As when a note of the strip above appears: the model has the new result already, and the pane was not told.
+TEST_F(RowInspectorTest, AnotherHeightBeforeANewResultIsToldIsHarmless) {
+    open("ID,Name\n1,Pen\n", "ID,Name\n1,Cup\n");
+    select(0);
+    int tries = 0;
+    QObject::connect(&m_model, &AppModel::filterGenerationChanged, &m_window, [&] {
+        m_window.resize(m_window.width(), m_window.height() - 20);
+        m_details.layout()->activate();
+        m_details.resize(m_details.width(), m_details.height() - 20);
+        ++tries;
+    });
+    open(wideTable(40, 3), wideTable(40, 4));
+    ASSERT_GT(tries, 0);
+    EXPECT_EQ(m_model.result()->columns.size(), 40U);
+    select(1);
+    EXPECT_EQ(m_details.fields().fieldCount(), 40U);
+}
+
 TEST_F(RowInspectorTest, TheStretchThatDiffersIsMarked) {
     RowField field;
     field.kind = RowField::Kind::changed;
