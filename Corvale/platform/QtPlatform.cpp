@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QLocale>
 #include <algorithm>
+#include <thread>
 #include <utility>
 
 #include "Corvale/platform/LocalFile.h"
@@ -19,7 +20,7 @@ struct Texts {
 };
 
 // A comparison, a filtering and a report at once leave room for the destruction of what they replace.
-constexpr int fewestThreads = 4;
+constexpr std::size_t fewestThreads = 4;
 
 QString patterns(const QStringList& extensions) {
     QStringList patterns;
@@ -61,14 +62,9 @@ std::string languageOf(const QString& localeName) {
 
 }  // namespace
 
-QtPlatform::QtPlatform(std::unique_ptr<QSettings> settings) : m_settings(std::move(settings)) {
-    m_pool.setMaxThreadCount(std::max(fewestThreads, m_pool.maxThreadCount()));
-}
-
-QtPlatform::~QtPlatform() {
-    m_pool.clear();
-    m_pool.waitForDone();
-}
+QtPlatform::QtPlatform(std::unique_ptr<QSettings> settings)
+    : m_settings(std::move(settings)),
+      m_workers(std::max<std::size_t>(fewestThreads, std::thread::hardware_concurrency())) {}
 
 void QtPlatform::showOpenPanel(const OpenPanel& panel, std::function<void(const QList<QUrl>&)> whenChosen) {
     QFileDialog* const dialog = newDialog<QFileDialog>(panel.message);
@@ -121,7 +117,10 @@ NumberStyle QtPlatform::numberStyle() const {
     return QLocale::system().decimalPoint() == u"," ? NumberStyle::commaDecimal : NumberStyle::dotDecimal;
 }
 
-void QtPlatform::runInBackground(std::function<void()> work) { m_pool.start(std::move(work)); }
+void QtPlatform::runInBackground(std::function<void()> work) {
+    // A window that stands still while it works is better than one that never does.
+    m_workers.count() > 0 ? m_workers.start(std::move(work)) : runOnMain(std::move(work));
+}
 
 void QtPlatform::runOnMain(std::function<void()> work) {
     QMetaObject::invokeMethod(&m_main, std::move(work), Qt::QueuedConnection);

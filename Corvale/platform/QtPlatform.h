@@ -2,7 +2,6 @@
 
 #include <QObject>
 #include <QSettings>
-#include <QThreadPool>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -10,6 +9,7 @@
 #include <string_view>
 
 #include "Corvale/model/Platform.h"
+#include "Corvale/platform/Workers.h"
 
 class QFileDialog;
 
@@ -21,9 +21,6 @@ class QtPlatform : public Platform {
 public:
     // `settings` is the store of the data blobs.
     explicit QtPlatform(std::unique_ptr<QSettings> settings);
-    ~QtPlatform() override;
-    QtPlatform(const QtPlatform&) = delete;
-    QtPlatform& operator=(const QtPlatform&) = delete;
 
     void showOpenPanel(const OpenPanel& panel, std::function<void(const QList<QUrl>&)> whenChosen) override;
     void showSavePanel(const SavePanel& panel, std::function<void(const QUrl&)> whenChosen) override;
@@ -44,8 +41,8 @@ private:
     void show(QFileDialog* dialog, std::function<void(const QList<QUrl>&)> whenChosen);
 
     std::unique_ptr<QSettings> m_settings;
-    QObject m_main;  // what is posted to it is delivered on its thread, or dies with it
-    QThreadPool m_pool;
+    QObject m_main;     // what is posted to it is delivered on its thread, or dies with it
+    Workers m_workers;  // last, so that what has begun ends while the rest is there
 };
 
 }  // namespace corvale

@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -9,6 +10,8 @@
 #include <limits>
 
 #include "cli/FileReading.h"
+#include "cli/FileSource.h"
+#include "tests/support/RestlessFile.h"
 #include "tests/support/ScratchFolder.h"
 
 namespace corvale::Cli {
@@ -126,6 +129,32 @@ TEST(FileReading, NoticesThatAFileShrank) {
 TEST(FileReading, NoticesThatAFileGrew) {
     EXPECT_EQ(failureOf(5, piecesOf("012345")), "“dir/x.csv” changed while it was being read.");
     EXPECT_EQ(failureOf(0, piecesOf("0")), "“dir/x.csv” changed while it was being read.");
+}
+
+TEST(FileReading, NoticesThatAFileWasWrittenToInItsPlace) {
+    const ScratchFolder folder;
+    const std::string path = folder.write("x.csv", "0123456789");
+    const FileSource source(path);
+    EXPECT_FALSE(source.hasChanged());
+    folder.write("x.csv", "abcdefghij");
+    // Beyond what the system's clock tells apart.
+    const timespec later[] = {{2'000'000'000, 0}, {2'000'000'000, 0}};
+    ASSERT_EQ(::utimensat(AT_FDCWD, path.c_str(), later, 0), 0);
+    EXPECT_TRUE(source.hasChanged());
+}
+
+TEST(FileReading, NeverMixesTwoStatesOfAFile) {
+    constexpr std::size_t size = std::size_t{64} << 20U;
+    const ScratchFolder folder;
+    const std::string path = folder.at("restless.csv");
+    const TestSupport::RestlessFile file(path, size);
+    for (int tries = 0; tries < 5; ++tries) {
+        try {
+            EXPECT_TRUE(TestSupport::RestlessFile::isOfOneMoment(readFile(path).view()));
+        } catch (const FileFailure& failure) {
+            EXPECT_EQ(failure.message(), "“" + path + "” changed while it was being read.");
+        }
+    }
 }
 
 TEST(FileReading, RefusesWhatNoMemoryHolds) {

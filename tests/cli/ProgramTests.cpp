@@ -266,6 +266,13 @@ TEST_F(ProgramWithALongTable, WhereBrokenPipesAreNoSignalTheyAreTold) {
     EXPECT_EQ(result.error, "corvale-cli: The output can’t be written: Broken pipe.\n2\n");
 }
 
+TEST_F(ProgramWithALongTable, ALimitOnFileSizesIsTold) {
+    const ProcessResult result = shell("ulimit -f 1; exec \"$0\" table long.csv > out.json");
+    EXPECT_EQ(result.signal, 0);
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.error, "corvale-cli: The output can’t be written: File too large.\n");
+}
+
 TEST_F(ProgramWithALongTable, PrintsEveryRow) {
     EXPECT_EQ(nlohmann::json::parse(run({"table", "long.csv"}).output)["rows"].size(), 20000U);
 }

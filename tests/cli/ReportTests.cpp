@@ -6,6 +6,7 @@
 #include <csignal>
 #include <filesystem>
 #include <memory>
+#include <random>
 #include <set>
 #include <string>
 #include <thread>
@@ -226,6 +227,24 @@ protected:
         return std::any_of(
             all.begin(), all.end(), [](const std::string& name) { return name.starts_with(".corvale-"); });
     }
+    // 0 while there is none.
+    std::size_t unfinishedSize() const {
+        for (const std::string& name : names()) {
+            std::error_code gone;
+            const auto size = std::filesystem::file_size(m_folder.at(name), gone);
+            if (name.starts_with(".corvale-") && !gone) {
+                return size;
+            }
+        }
+        return 0;
+    }
+    void forgetUnfinishedFiles() const {
+        for (const std::string& name : names()) {
+            if (name.starts_with(".corvale-")) {
+                std::filesystem::remove(m_folder.at(name));
+            }
+        }
+    }
     // True when the signal came while the file was written.
     bool stopWith(int signal, int expectedStatus) {
         m_folder.write("r.html", "old");
@@ -258,6 +277,34 @@ protected:
         FAIL() << "the signal never came in time";
     }
 };
+
+// Nobody can tidy up after this signal: a hidden file may stay, but the report itself is always a whole one.
+TEST_F(InterruptedReport, AKilledOneLeavesTheOldFileOrTheWholeNewOne) {
+    for (const std::string name : {"r.html", "r.xlsx"}) {
+        const std::vector<std::string> arguments = {"report", "a.csv", "b.csv", "--key", "ID", "-o", name};
+        ASSERT_EQ(runProgram(arguments, settings()).status, 0);
+        const std::string whole = content(name);
+        std::mt19937 random(7);
+        for (int attempt = 0; attempt < 6; ++attempt) {
+            m_folder.write(name, "old");
+            Process process(TestFiles::program("corvale-cli"), arguments, settings());
+            const std::size_t enough = std::uniform_int_distribution<std::size_t>(0, whole.size())(random);
+            while (unfinishedSize() < enough && content(name) == "old") {
+                std::this_thread::yield();
+            }
+            process.send(SIGKILL);
+            process.finish();
+            EXPECT_TRUE(content(name) == "old" || content(name) == whole) << name << " " << enough;
+            for (const std::string& left : names()) {
+                EXPECT_TRUE(left.starts_with(".corvale-") || left.find('.') == 1U) << left;
+            }
+            forgetUnfinishedFiles();
+        }
+        // The next one is none the worse for it.
+        EXPECT_EQ(runProgram(arguments, settings()).status, 0);
+        EXPECT_TRUE(content(name) == whole);
+    }
+}
 
 TEST_F(InterruptedReport, CtrlCLeavesTheOldFileAndNothingElse) { expectNoTraceOf(SIGINT, 130); }
 TEST_F(InterruptedReport, ATerminationLeavesTheOldFileAndNothingElse) { expectNoTraceOf(SIGTERM, 0); }

@@ -12,6 +12,7 @@
 #include <csignal>
 #include <fstream>
 #include <system_error>
+#include <thread>
 
 namespace corvale::ChildProcess {
 
@@ -69,6 +70,25 @@ std::string run(const std::function<std::string()>& work) {
     ::close(ends[0]);
     require(::waitpid(child, nullptr, 0) == child);
     return text;
+}
+
+void runAndKill(const std::function<void()>& work, const std::function<bool()>& isTime) {
+    const pid_t child = ::fork();
+    require(child >= 0);
+    if (child == 0) {
+        work();
+        ::_exit(0);
+    }
+    const auto hasEnded = [child] {
+        siginfo_t ended{};
+        require(::waitid(P_PID, static_cast<id_t>(child), &ended, WEXITED | WNOHANG | WNOWAIT) == 0);
+        return ended.si_pid != 0;
+    };
+    while (!isTime() && !hasEnded()) {
+        std::this_thread::yield();
+    }
+    require(::kill(child, SIGKILL) == 0);
+    require(::waitpid(child, nullptr, 0) == child);
 }
 
 void stepDown() {

@@ -4,13 +4,19 @@
 #include <QUrl>
 #include <cerrno>
 #include <filesystem>
+#include <random>
 #include <set>
 #include <string>
 #include <system_error>
+#include <utility>
 
+#include "Corvale/model/ReportExport.h"
 #include "Corvale/platform/LocalFile.h"
 #include "CorvaleKit/base/Failures.h"
+#include "CorvaleKit/engine/DiffEngine.h"
+#include "CorvaleKit/loading/DataLoader.h"
 #include "tests/support-qt/ChildProcess.h"
+#include "tests/support/RestlessFile.h"
 #include "tests/support/ScratchFolder.h"
 #include "tests/support/TestFiles.h"
 
@@ -57,6 +63,28 @@ protected:
             names.insert(entry.path().filename().string());
         }
         EXPECT_EQ(names, expected);
+    }
+    // What QSaveFile has begun beside a file; 0 while there is none.
+    std::size_t unfinishedSize(std::string_view name) const {
+        for (const auto& entry : Files::directory_iterator(m_folder.path())) {
+            std::error_code gone;
+            const auto size = Files::file_size(entry.path(), gone);
+            if (isUnfinished(entry, name) && !gone) {
+                return size;
+            }
+        }
+        return 0;
+    }
+    void forgetUnfinished(std::string_view name) const {
+        for (const auto& entry : Files::directory_iterator(m_folder.path())) {
+            if (isUnfinished(entry, name)) {
+                Files::remove(entry.path());
+            }
+        }
+    }
+    static bool isUnfinished(const Files::directory_entry& entry, std::string_view name) {
+        const std::string other = entry.path().filename().string();
+        return other.starts_with(std::string(name) + ".") && other.size() == name.size() + 7;
     }
     std::string content(std::string_view name) const { return TestFiles::read(m_folder.at(name)); }
     void allow(std::string_view name, mode_t rights) const { ASSERT_EQ(::chmod(m_folder.at(name).c_str(), rights), 0); }
@@ -146,6 +174,16 @@ TEST_F(LocalFileTest, ThatTheUserMayNotReadIsToldInOneSentence) {
               "failed: “a.csv” couldn’t be opened: Permission denied.");
 }
 
+TEST_F(LocalFileTest, ThatIsWrittenToMeanwhileIsNeverReadInTwoStates) {
+    constexpr std::size_t size = std::size_t{64} << 20U;
+    const TestSupport::RestlessFile file(m_folder.at("restless.csv"), size);
+    for (int tries = 0; tries < 5; ++tries) {
+        const std::string bytes = read("restless.csv");
+        EXPECT_TRUE(TestSupport::RestlessFile::isOfOneMoment(bytes) ||
+                    bytes == "failed: “restless.csv” changed while it was being read. Try again.");
+    }
+}
+
 TEST_F(LocalFileTest, IsReplacedWhole) {
     for (const std::string& bytes :
          {std::string("a longer text"), std::string("x"), std::string(), std::string(3'000'000, 'b') + '\0' + "\r\n"}) {
@@ -227,6 +265,36 @@ TEST_F(LocalFileTest, InAReadOnlyFolderStaysAsItIs) {
     EXPECT_EQ(told, "failed: Permission denied.\nfailed: Permission denied.");
     EXPECT_EQ(content("sealed/r.html"), "old");
     expectOnly({"r.html"}, "sealed");
+}
+
+// Nobody can tidy up then: what was begun may stay beside it, under the report's name with six letters behind, but the
+// report is always a whole one.
+TEST_F(LocalFileTest, KilledWhileItIsWrittenIsTheOldOneOrTheWholeNewOne) {
+    const auto table = [](int step) {
+        std::string csv = "ID,A\n";
+        for (int row = 0; row < 40'000; ++row) {
+            csv += std::to_string(row) + "," + std::to_string(row % step) + " of something\n";
+        }
+        return DataLoader::load(Bytes(csv), "a.csv");
+    };
+    const DiffResult result =
+        DiffEngine::compare(table(90), table(91), RowMatch::key({"ID"}), {}, NumberStyle::dotDecimal);
+    std::mt19937 random(7);
+    for (const auto& [name, kind] : {std::pair("r.html", ReportKind::html), std::pair("r.xlsx", ReportKind::excel)}) {
+        const std::string whole = ReportExport::bytes(result, kind, true, "en");
+        for (int attempt = 0; attempt < 10; ++attempt) {
+            m_folder.write(name, "old");
+            const std::size_t enough = std::uniform_int_distribution<std::size_t>(0, whole.size())(random);
+            ChildProcess::runAndKill([&] { LocalFile::write(url(name), whole); },
+                                     [&] { return unfinishedSize(name) >= enough; });
+            EXPECT_TRUE(content(name) == "old" || content(name) == whole) << name << " " << enough;
+            forgetUnfinished(name);
+            EXPECT_EQ(write(name, whole), "written");
+            EXPECT_TRUE(content(name) == whole);
+            expectOnly({name});
+        }
+        Files::remove(m_folder.at(name));
+    }
 }
 
 TEST_F(LocalFileTest, BeyondALimitOnFileSizesStaysAsItIs) {

@@ -1,4 +1,4 @@
-#include "tests/Corvale/monkey/Watchdog.h"
+#include "tests/Corvale/robustness/Watchdog.h"
 
 #include <cstdlib>
 #include <iostream>

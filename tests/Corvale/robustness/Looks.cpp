@@ -1,4 +1,4 @@
-#include "tests/Corvale/monkey/Looks.h"
+#include "tests/Corvale/robustness/Looks.h"
 
 #include <gtest/gtest.h>
 

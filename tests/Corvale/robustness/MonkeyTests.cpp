@@ -2,7 +2,7 @@
 
 #include <QtGlobal>
 
-#include "tests/Corvale/monkey/Monkey.h"
+#include "tests/Corvale/robustness/Monkey.h"
 
 namespace corvale {
 namespace {

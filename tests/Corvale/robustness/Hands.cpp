@@ -1,4 +1,4 @@
-#include "tests/Corvale/monkey/Hands.h"
+#include "tests/Corvale/robustness/Hands.h"
 
 #include <QAccessible>
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "tests/Corvale/monkey/Pantry.h"
+#include "tests/Corvale/robustness/Pantry.h"
 
 #include <array>
 #include <filesystem>

@@ -1,4 +1,4 @@
-#include "tests/Corvale/monkey/Monkey.h"
+#include "tests/Corvale/robustness/Monkey.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@
 
 #include "Corvale/commands/UpdateAlerts.h"
 #include "Corvale/style/Theme.h"
-#include "tests/Corvale/monkey/Looks.h"
+#include "tests/Corvale/robustness/Looks.h"
 
 namespace corvale::TestSupport {
 

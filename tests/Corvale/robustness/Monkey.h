@@ -10,11 +10,11 @@
 #include <string>
 
 #include "Corvale/commands/CorvaleApp.h"
-#include "tests/Corvale/monkey/Hands.h"
-#include "tests/Corvale/monkey/Pantry.h"
-#include "tests/Corvale/monkey/UrlSink.h"
-#include "tests/Corvale/monkey/Watchdog.h"
 #include "tests/Corvale/platform/BusyQtPlatform.h"
+#include "tests/Corvale/robustness/Hands.h"
+#include "tests/Corvale/robustness/Pantry.h"
+#include "tests/Corvale/robustness/UrlSink.h"
+#include "tests/Corvale/robustness/Watchdog.h"
 
 namespace corvale::TestSupport {
 
