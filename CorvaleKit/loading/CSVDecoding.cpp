@@ -4,6 +4,7 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
+#include <new>
 #include <optional>
 #include <string>
 #include <utility>
@@ -20,7 +21,11 @@ constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 class Converter {
 public:
-    explicit Converter(const char* encoding) : m_handle(iconv_open("UTF-8", encoding)) {}
+    explicit Converter(const char* encoding) : m_handle(iconv_open("UTF-8", encoding)) {
+        if (!isOpen() && errno == ENOMEM) {
+            throw std::bad_alloc();
+        }
+    }
     Converter(const Converter&) = delete;
     Converter& operator=(const Converter&) = delete;
     ~Converter() {

@@ -358,9 +358,17 @@ void Monkey::look() {
 }
 
 void Monkey::closeEverything() {
+    // From the top: a window under a modal one is not to be closed.
     constexpr int mostOpen = 1000;
-    for (int left = mostOpen; QApplication::activePopupWidget() != nullptr && left > 0; --left) {
-        QApplication::activePopupWidget()->close();
+    for (int left = mostOpen; left > 0; --left) {
+        QWidget* const popup = QApplication::activePopupWidget();
+        if (popup != nullptr) {
+            popup->hide();
+        } else if (QWidget* const modal = QApplication::activeModalWidget()) {
+            modal->close();
+        } else {
+            break;
+        }
     }
     for (QWidget* const window : QApplication::topLevelWidgets()) {
         if (window != &m_app->window() && window->isVisible()) {
