@@ -150,7 +150,8 @@ TEST(FileReading, NeverMixesTwoStatesOfAFile) {
     const TestSupport::RestlessFile file(path, size);
     for (int tries = 0; tries < 5; ++tries) {
         try {
-            EXPECT_TRUE(TestSupport::RestlessFile::isOfOneMoment(readFile(path).view()));
+            const Bytes bytes = readFile(path);
+            EXPECT_TRUE(TestSupport::RestlessFile::isOfOneMoment(bytes.view()));
         } catch (const FileFailure& failure) {
             EXPECT_EQ(failure.message(), "“" + path + "” changed while it was being read.");
         }

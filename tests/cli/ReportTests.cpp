@@ -210,10 +210,12 @@ TEST_F(Report, AFullDiskKeepsTheOldFile) {
 // Saving takes long enough to be stopped in the middle.
 class InterruptedReport : public Report {
 protected:
-    InterruptedReport() {
+    InterruptedReport() { writePair(300'000); }
+
+    void writePair(int rows) const {
         std::string before = "ID,A,B,C\n";
         std::string after = before;
-        for (int i = 0; i < 300000; ++i) {
+        for (int i = 0; i < rows; ++i) {
             const std::string id = std::to_string(i);
             before += id + "," + id + "0,text,x\n";
             after += id + "," + id + "1,text,y\n";
@@ -280,6 +282,7 @@ protected:
 
 // Nobody can tidy up after this signal: a hidden file may stay, but the report itself is always a whole one.
 TEST_F(InterruptedReport, AKilledOneLeavesTheOldFileOrTheWholeNewOne) {
+    writePair(20'000);
     for (const std::string name : {"r.html", "r.xlsx"}) {
         const std::vector<std::string> arguments = {"report", "a.csv", "b.csv", "--key", "ID", "-o", name};
         ASSERT_EQ(runProgram(arguments, settings()).status, 0);
