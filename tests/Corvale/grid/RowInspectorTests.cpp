@@ -200,11 +200,11 @@ TEST_F(RowInspectorTest, AnotherHeightBeforeANewResultIsToldIsHarmless) {
         m_details.resize(m_details.width(), m_details.height() - 20);
         ++tries;
     });
-    open(wideTable(40, 3), wideTable(40, 4));
+    open(wideTable(3, 40, false), wideTable(3, 40, true));
     ASSERT_GT(tries, 0);
-    EXPECT_EQ(m_model.result()->columns.size(), 40U);
+    EXPECT_EQ(m_model.result()->columns.size(), 41U);
     select(1);
-    EXPECT_EQ(m_details.fields().fieldCount(), 40U);
+    EXPECT_EQ(m_details.fields().fieldCount(), 41U);
 }
 
 TEST_F(RowInspectorTest, TheStretchThatDiffersIsMarked) {
