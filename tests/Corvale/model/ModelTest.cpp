@@ -72,6 +72,10 @@ void ModelTest::step(std::size_t place) {
     m_platform.deliver();
 }
 
+void ModelTest::recordResults() {
+    QObject::connect(&m_model, &AppModel::resultChanged, &m_watch, [this] { m_results.push_back(compared()); });
+}
+
 std::string ModelTest::compared() const {
     const auto& result = m_model.result();
     return result ? result->before.sourceName() + " > " + result->after.sourceName() : "";
