@@ -4,6 +4,7 @@
 #include <QPen>
 
 #include "Corvale/style/Icons.h"
+#include "Corvale/style/Palette.h"
 
 namespace corvale::GridDrawing {
 
@@ -46,6 +47,20 @@ QPixmap hatch(int period, const QColor& ground, const QColor& lines, qreal pixel
 QColor mixed(const QColor& color, const QColor& ground, qreal share) {
     const auto part = [share](int a, int b) { return qRound(a * share + b * (1 - share)); };
     return {part(color.red(), ground.red()), part(color.green(), ground.green()), part(color.blue(), ground.blue())};
+}
+
+QColor statusColor(const Palette& palette, DiffRow::Status status) {
+    switch (status) {
+        case DiffRow::Status::added:
+            return palette.added.text;
+        case DiffRow::Status::removed:
+            return palette.removed.text;
+        case DiffRow::Status::changed:
+            return palette.changed.text;
+        case DiffRow::Status::same:
+            break;
+    }
+    return palette.text2;
 }
 
 }  // namespace corvale::GridDrawing

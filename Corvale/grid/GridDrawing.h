@@ -7,9 +7,15 @@
 #include <QSize>
 #include <QString>
 
+#include "CorvaleKit/engine/DiffResult.h"
+
 class QPainter;
 
-// Shapes that several views of a result are drawn with.
+namespace corvale {
+struct Palette;
+}
+
+// Shapes and colours that several views of a result are drawn with.
 namespace corvale::GridDrawing {
 
 // A symbol by its name, filling `area`.
@@ -27,5 +33,8 @@ QPixmap hatch(int period, const QColor& ground, const QColor& lines, qreal pixel
 
 // `share`, 0 to 1, of a colour over another.
 QColor mixed(const QColor& color, const QColor& ground, qreal share);
+
+// Of a row's status in words and as a symbol.
+QColor statusColor(const Palette& palette, DiffRow::Status status);
 
 }  // namespace corvale::GridDrawing

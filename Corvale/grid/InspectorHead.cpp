@@ -8,6 +8,7 @@
 
 #include "Corvale/grid/CellText.h"
 #include "Corvale/grid/FieldView.h"
+#include "Corvale/grid/GridDrawing.h"
 #include "Corvale/grid/GridFonts.h"
 #include "Corvale/grid/RowTexts.h"
 #include "Corvale/grid/ValueText.h"
@@ -30,20 +31,6 @@ constexpr int mostSummaryLines = 8;
 constexpr int numberGap = 14;
 constexpr int numberLineGap = 1;
 constexpr int titlePadding = 12;  // above and below the titles together
-
-QColor statusColor(const Palette& palette, DiffRow::Status status) {
-    switch (status) {
-        case DiffRow::Status::added:
-            return palette.added.text;
-        case DiffRow::Status::removed:
-            return palette.removed.text;
-        case DiffRow::Status::changed:
-            return palette.changed.text;
-        case DiffRow::Status::same:
-            break;
-    }
-    return palette.text2;
-}
 
 void setColor(QLabel& label, const QColor& color) {
     QPalette palette = label.palette();
@@ -141,7 +128,7 @@ void InspectorHead::updateColors() {
     setColor(*m_after, palette.text2);
     if (m_model.result() && m_model.selectedRow()) {
         const DiffRow row = m_model.result()->rows[static_cast<std::size_t>(*m_model.selectedRow())];
-        const QColor color = statusColor(palette, row.status);
+        const QColor color = GridDrawing::statusColor(palette, row.status);
         setColor(*m_status, color);
         FieldValue summary;
         summary.text = summary.original = RowTexts::summary(*m_model.result(), row);

@@ -77,21 +77,6 @@ QColor LinePainter::hairline(const GridRow& line) const {
     return palette.line;
 }
 
-QColor LinePainter::statusColor(DiffRow::Status status) const {
-    const Palette& palette = m_theme.palette();
-    switch (status) {
-        case DiffRow::Status::added:
-            return palette.added.text;
-        case DiffRow::Status::removed:
-            return palette.removed.text;
-        case DiffRow::Status::changed:
-            return palette.changed.text;
-        case DiffRow::Status::same:
-            break;
-    }
-    return palette.text2;
-}
-
 CellPainter::Style LinePainter::cellStyle(const GridRow& line, std::size_t cell) const {
     CellPainter::Style style;
     style.view = line.layout().view();
@@ -209,7 +194,7 @@ const GridFont& LinePainter::numberFont(const QString& text, bool isSelected) co
 }
 
 void LinePainter::paintStatus(QPainter& painter, const DiffRow& row, int y) {
-    const QColor color = statusColor(row.status);
+    const QColor color = GridDrawing::statusColor(m_theme.palette(), row.status);
     QPixmap& symbol = m_statusSymbols.at(static_cast<std::size_t>(row.status));
     if (symbol.isNull()) {
         symbol = Icons::pixmap(RowTexts::statusSymbol(row.status), color, statusIcon, m_pixelRatio);

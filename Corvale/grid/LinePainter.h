@@ -67,7 +67,6 @@ private:
     // What is behind the cells of a whole line, or of its leading block side by side.
     std::optional<QColor> fill(const GridRow& line, const State& state) const;
     QColor hairline(const GridRow& line) const;
-    QColor statusColor(DiffRow::Status status) const;
 
     const Theme& m_theme;
     const GridContents& m_contents;
