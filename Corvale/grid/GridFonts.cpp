@@ -20,7 +20,7 @@ constexpr qreal tightSpacing = 98;  // percent
 // The glyphs of a text and where they are, as far as it is made of pairs that the font just puts together.
 class PlainText {
 public:
-    PlainText(QStringView text, const PairAdvances& pairs) : m_text(text), m_pairs(pairs), m_isWhole(true) {
+    PlainText(QStringView text, const PairAdvances& pairs) : m_text(text), m_pairs(pairs) {
         qreal x = 0;
         for (qsizetype i = 0; i < text.size() && m_isWhole; ++i) {
             const auto glyph = pairs.glyph(text[i]);
@@ -69,7 +69,7 @@ private:
     const PairAdvances& m_pairs;
     QVarLengthArray<quint32, usualLength> m_glyphs;
     QVarLengthArray<QPointF, usualLength> m_places;
-    bool m_isWhole;
+    bool m_isWhole = true;
     qreal m_width = 0;
 };
 

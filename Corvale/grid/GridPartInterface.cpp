@@ -84,7 +84,7 @@ QString GridPartInterface::headerText() const {
     if (m_column == Table::statusColumn) {
         return GridHeader::tr("Status");
     }
-    const QString title = m_grid->header().title(cellOf(m_column));
+    QString title = m_grid->header().title(cellOf(m_column));
     switch (m_grid->contents().layout.cells()[cellOf(m_column)].side) {
         case CellSide::before:
             return RowTexts::sideName(DuplicateKey::Side::before) + u' ' + title;

@@ -29,8 +29,8 @@ public:
     static constexpr std::chrono::seconds usualTimeout{15};
 
     // Controller and windows outlive the updater.
-    Updater(StandardUpdaterController& controller, UpdateWindows& windows, const QUrl& endpoint,
-            ProgramIdentity program, UpdateRequest::Milliseconds timeout = usualTimeout);
+    Updater(StandardUpdaterController& controller, UpdateWindows& windows, QUrl endpoint, ProgramIdentity program,
+            UpdateRequest::Milliseconds timeout = usualTimeout);
 
     StandardUpdaterController& controller() const { return m_controller; }
     // True while a check that the user asked for asks the endpoint.

@@ -28,7 +28,7 @@ protected:
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&m_grid, key, modifiers); }
     void click(const QPoint& place) { QTest::mouseClick(&viewport(), Qt::LeftButton, {}, place); }
 
-    QString toolTipAt(QWidget& widget, const QPoint& place) {
+    static QString toolTipAt(QWidget& widget, const QPoint& place) {
         // What is shown stays for a moment when nothing takes its place.
         const QString none = QStringLiteral("none");
         QToolTip::showText({}, none, &widget);

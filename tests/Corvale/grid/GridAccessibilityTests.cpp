@@ -14,7 +14,9 @@ class GridAccessibilityTest : public TestSupport::GridScene {
 protected:
     QAccessibleInterface& grid() { return *QAccessible::queryAccessibleInterface(&m_grid); }
     QAccessibleTableInterface& table() { return *grid().tableInterface(); }
-    QString name(QAccessibleInterface* part) { return part ? part->text(QAccessible::Name) : QStringLiteral("none"); }
+    static QString name(QAccessibleInterface* part) {
+        return part ? part->text(QAccessible::Name) : QStringLiteral("none");
+    }
 };
 
 TEST_F(GridAccessibilityTest, TheGridIsATableOfLinesBelowAHeader) {
