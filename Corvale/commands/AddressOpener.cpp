@@ -29,13 +29,13 @@ void give(const QUrl& address, QWidget& window) {
     const QString text = forPeople(address);
     QMessageBox* const alert = makeAlert(
         window,
-        isMail ? Texts::tr("No mail program answers") : Texts::tr("No browser answers"),
-        (isMail ? Texts::tr("Write to %1 wherever you read your mail.") : Texts::tr("The page is at %1.")).arg(text));
+        isMail ? Texts::tr("Couldn’t open a mail program") : Texts::tr("Couldn’t open a browser"),
+        (isMail ? Texts::tr("The address to write to is %1.") : Texts::tr("The address of the page is %1.")).arg(text));
     alert->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    QObject::connect(alert->addButton(Texts::tr("Copy Address"), QMessageBox::ActionRole),
-                     &QPushButton::clicked,
-                     alert,
-                     [text] { QGuiApplication::clipboard()->setText(text); });
+    QObject::connect(
+        alert->addButton(Texts::tr("Copy Address"), QMessageBox::ActionRole), &QPushButton::clicked, alert, [text] {
+            QGuiApplication::clipboard()->setText(text);
+        });
     QPushButton* const ok = alert->addButton(Texts::tr("OK"), QMessageBox::AcceptRole);
     alert->setDefaultButton(ok);
     alert->setEscapeButton(ok);
