@@ -38,9 +38,7 @@ QList<QKeySequence> closeShortcuts() {
 }
 
 // F1 helps wherever it is a key, also where the desktop shows another one.
-QList<QKeySequence> helpShortcuts(const QKeySequence& shown) {
-    return startingWith(shown, {QKeySequence(Qt::Key_F1)});
-}
+QList<QKeySequence> helpShortcuts(const QKeySequence& shown) { return startingWith(shown, {QKeySequence(Qt::Key_F1)}); }
 
 }  // namespace
 

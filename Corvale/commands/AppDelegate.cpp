@@ -15,9 +15,7 @@ namespace {
 constexpr qsizetype mostFiles = 2;
 
 // Who names files by hand sits at a terminal.
-void tell(const QString& sentence) {
-    std::fputs(("corvale: " + sentence.toLocal8Bit() + '\n').constData(), stderr);
-}
+void tell(const QString& sentence) { std::fputs(("corvale: " + sentence.toLocal8Bit() + '\n').constData(), stderr); }
 
 }  // namespace
 

@@ -47,12 +47,12 @@ QAction* MainMenus::add(QMenu* menu, Command command) {
 
 void MainMenus::addFile() {
     QMenu* const menu = m_window.menuBar()->addMenu(tr("File"));
-    add(menu,
-        {.text = tr("Open Before…"), .keys = QStringLiteral("Ctrl+O"), .run = [this] { m_model.choose(Side::before); }});
-    add(menu,
-        {.text = tr("Open After…"),
-         .keys = QStringLiteral("Ctrl+Shift+O"),
-         .run = [this] { m_model.choose(Side::after); }});
+    add(menu, {.text = tr("Open Before…"), .keys = QStringLiteral("Ctrl+O"), .run = [this] {
+                   m_model.choose(Side::before);
+               }});
+    add(menu, {.text = tr("Open After…"), .keys = QStringLiteral("Ctrl+Shift+O"), .run = [this] {
+                   m_model.choose(Side::after);
+               }});
     add(menu, {.text = tr("Open the Sample"), .run = [this] { m_model.openSamples(); }});
     menu->addSeparator();
     const auto canExport = [this] { return m_model.result() && !m_model.exporting(); };
@@ -71,10 +71,9 @@ void MainMenus::addFile() {
         .close = MacMenuBaseline::CloseWindowAction::through(m_window.closeGuard()), .help = {}, .helpItems = {}};
     m_everywhere.append(baseline.addCloseTo(*menu));
     // Through the close guard too: a report that is being written is not given up.
-    QAction* const quit = add(menu,
-                              {.text = tr("Quit Corvale"),
-                               .keys = QStringLiteral("Ctrl+Q"),
-                               .run = [this] { m_window.closeGuard().close(&m_window); }});
+    QAction* const quit = add(menu, {.text = tr("Quit Corvale"), .keys = QStringLiteral("Ctrl+Q"), .run = [this] {
+                                         m_window.closeGuard().close(&m_window);
+                                     }});
     quit->setMenuRole(QAction::QuitRole);
     m_everywhere.append(quit);
 }

@@ -29,8 +29,8 @@ bool isHtml(const QString& text) {
 }
 
 QString newsOf(const AppcastItem& item) {
-    QString news = isHtml(item.description) ? QTextDocumentFragment::fromHtml(item.description).toPlainText()
-                                            : item.description;
+    QString news =
+        isHtml(item.description) ? QTextDocumentFragment::fromHtml(item.description).toPlainText() : item.description;
     // Where the pictures would be.
     news = news.remove(QChar::ObjectReplacementCharacter).trimmed();
     const QString beginning = news.section(u'\n', 0, mostLinesOfNews - 1).left(longestNews);

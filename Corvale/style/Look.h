@@ -29,9 +29,9 @@ enum class Look {
     removedText,
     changedText,
     formatOnlyText,
-    warning,  // a note that can be clicked
-    sidebar,  // beside what is read, with an edge between them
-    topics,   // a QListWidget in a sidebar
+    warning,   // a note that can be clicked
+    sidebar,   // beside what is read, with an edge between them
+    topics,    // a QListWidget in a sidebar
     nextLine,  // of a card, with a hairline to the one above
 };
 
