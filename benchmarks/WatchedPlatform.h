@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QSettings>
+#include <atomic>
+#include <functional>
+#include <memory>
+
+#include "Corvale/platform/QtPlatform.h"
+
+namespace corvale::benchmarks {
+
+// The application's platform, which knows when nothing is left to do, the destruction of what was replaced included.
+class WatchedPlatform : public QtPlatform {
+public:
+    using QtPlatform::QtPlatform;
+
+    void runInBackground(std::function<void()> work) override;
+    void runOnMain(std::function<void()> work) override;
+
+    // Turns the event loop until nothing is left to do.
+    void settle();
+
+private:
+    std::function<void()> counted(std::function<void()> work);
+
+    std::atomic<int> m_left = 0;
+};
+
+}  // namespace corvale::benchmarks
