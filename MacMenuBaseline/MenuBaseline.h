@@ -25,7 +25,7 @@ struct CloseWindowAction {
 // The help item of an application.
 struct MenuHelp {
     QString appName;
-    QKeySequence shortcut;
+    QKeySequence shortcut;         // F1 opens the help besides
     std::function<void()> action;  // opens the help; called on the main thread
 };
 

@@ -7,10 +7,17 @@ set(CORVALE_QT_DEFINITIONS
 # What Qt's tools write is not held to our style; clang-tidy refuses to look for nothing at all.
 file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/.clang-tidy" CONTENT "Checks: '-*,bugprone-assert-side-effect'\n")
 
+# Under a sanitizer most of a build would go into optimising instrumented widgets, more than their tests ever win back.
+set(CORVALE_QT_OPTIONS)
+if(CORVALE_SANITIZE)
+  set(CORVALE_QT_OPTIONS -O0)
+endif()
+
 # Half of the time that a source with widgets takes goes into Qt's headers: they are read once for all.
 add_library(CorvaleQtHeaders STATIC "${CMAKE_CURRENT_LIST_DIR}/QtHeaders.cpp")
 target_compile_features(CorvaleQtHeaders PRIVATE cxx_std_20)
 target_compile_definitions(CorvaleQtHeaders PRIVATE ${CORVALE_QT_DEFINITIONS})
+target_compile_options(CorvaleQtHeaders PRIVATE ${CORVALE_QT_OPTIONS})
 target_link_libraries(CorvaleQtHeaders PRIVATE Qt6::Widgets)
 target_precompile_headers(CorvaleQtHeaders PRIVATE
   <algorithm> <functional> <memory> <optional> <string> <vector>
@@ -28,6 +35,7 @@ function(corvale_qt_library target)
   set_target_properties(${target} PROPERTIES AUTOMOC ON VERIFY_INTERFACE_HEADER_SETS ON)
   target_compile_features(${target} PUBLIC cxx_std_20)
   target_compile_definitions(${target} PRIVATE ${CORVALE_QT_DEFINITIONS})
+  target_compile_options(${target} PRIVATE ${CORVALE_QT_OPTIONS})
   target_link_libraries(${target} PUBLIC ${module_LIBRARIES})
   corvale_warnings(${target})
   if(Qt6::Widgets IN_LIST module_LIBRARIES)

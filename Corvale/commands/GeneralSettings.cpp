@@ -103,6 +103,9 @@ void GeneralSettings::addLine(QVBoxLayout* group, QWidget* content, const QStrin
     row->addWidget(content);
     auto* const line = new QWidget(this);
     line->setMinimumHeight(lineHeight);
+    if (group->count() > 0) {
+        setLook(*line, Look::nextLine);
+    }
     line->setLayout(row);
     group->addWidget(line);
 }

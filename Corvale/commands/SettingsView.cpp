@@ -4,6 +4,7 @@
 #include <QVBoxLayout>
 
 #include "Corvale/commands/GeneralSettings.h"
+#include "Corvale/model/AppModel.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/style/Typography.h"
 #include "Corvale/window/Drawing.h"
@@ -20,6 +21,7 @@ class TabBar : public QWidget {
 public:
     TabBar(QString title, Theme& theme, QWidget* parent) : QWidget(parent), m_title(std::move(title)), m_theme(theme) {
         setFixedHeight(barHeight);
+        setAccessibleName(m_title);
         connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
     }
 
@@ -45,23 +47,25 @@ private:
 
 }  // namespace
 
-SettingsView::SettingsView(AppModel& model, Theme& theme, QWidget* parent) : QDialog(parent), m_theme(theme) {
-    setWindowTitle(tr("Settings"));
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+SettingsView::SettingsView(AppModel& model, Theme& theme, QWidget* parent)
+    : FurtherWindow(tr("Settings"), parent), m_model(model) {
+    const QString general = tr("General");
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(makeTabs());
-    column->addWidget(new GeneralSettings(model, theme, this));
+    column->addWidget(new TabBar(general, theme, this));
+    auto* const page = new GeneralSettings(model, theme, this);
+    page->setAccessibleName(general);
+    column->addWidget(page);
     column->setSizeConstraint(QLayout::SetFixedSize);
+    connect(&model, &AppModel::sheetChanged, this, &SettingsView::makeWay);
 }
 
-QWidget* SettingsView::makeTabs() { return new TabBar(tr("General"), m_theme, this); }
-
-void SettingsView::open() {
-    show();
-    raise();
-    activateWindow();
+// A sheet keeps the windows of the main one from mouse and keys: this one would only cover it.
+void SettingsView::makeWay() {
+    if (m_model.sheet()) {
+        close();
+    }
 }
 
 }  // namespace corvale

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "Corvale/commands/FurtherWindow.h"
 
 namespace corvale {
 
@@ -8,20 +8,17 @@ class AppModel;
 class Theme;
 
 // The settings window. What is set there holds at once.
-class SettingsView : public QDialog {
+class SettingsView : public FurtherWindow {
     Q_OBJECT
 
 public:
     // Both outlive the window.
     SettingsView(AppModel& model, Theme& theme, QWidget* parent);
 
-    // In front, with the keyboard.
-    void open() override;
-
 private:
-    QWidget* makeTabs();
+    void makeWay();
 
-    Theme& m_theme;
+    AppModel& m_model;
 };
 
 }  // namespace corvale

@@ -1,5 +1,6 @@
 #include "Corvale/commands/WelcomeView.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
@@ -61,6 +62,7 @@ WelcomeView::WelcomeView(AppModel& model, Theme& theme, QWidget* parent)
     m_sample->setAutoDefault(false);
     m_start->setDefault(true);
     layOut();
+    parent->installEventFilter(this);
 
     connect(m_help, &QPushButton::clicked, this, &WelcomeView::helpWanted);
     connect(m_sample, &QPushButton::clicked, this, [this] {
@@ -156,6 +158,14 @@ void WelcomeView::refresh() {
 void WelcomeView::placeOverWindow() {
     const QRect window = parentWidget()->geometry();
     move(window.x() + (window.width() - width()) / 2, window.y() + std::max(0, (window.height() - height()) / 3));
+}
+
+bool WelcomeView::eventFilter(QObject* watched, QEvent* event) {
+    const bool isMoved = event->type() == QEvent::Move || event->type() == QEvent::Resize;
+    if (watched == parent() && isMoved && isVisible()) {
+        placeOverWindow();
+    }
+    return QDialog::eventFilter(watched, event);
 }
 
 void WelcomeView::beDone() {

@@ -17,8 +17,9 @@ constexpr const char* names[] = {
     "",           "bar",       "surface",     "surfaceBar",  "card",           "emptyCard",     "dropTarget",
     "cardSide",   "segments",  "panel",       "popup",       "smallMenu",      "secondaryText", "placeholderText",
     "accentText", "addedText", "removedText", "changedText", "formatOnlyText", "warning",       "sidebar",
+    "topics",     "nextLine",
 };
-static_assert(std::size(names) == static_cast<std::size_t>(Look::sidebar) + 1);
+static_assert(std::size(names) == static_cast<std::size_t>(Look::nextLine) + 1);
 
 }  // namespace
 

@@ -29,8 +29,10 @@ enum class Look {
     removedText,
     changedText,
     formatOnlyText,
-    warning,  // a note that can be clicked
-    sidebar,  // the QListWidget of topics
+    warning,   // a note that can be clicked
+    sidebar,   // beside what is read, with an edge between them
+    topics,    // a QListWidget in a sidebar
+    nextLine,  // of a card, with a hairline to the one above
 };
 
 // Gives the widget its look, also while it is shown.

@@ -2,6 +2,33 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es" sourcelanguage="en">
 <context>
+    <name>AddressOpener</name>
+    <message>
+        <source>Copy Address</source>
+        <translation>Copiar dirección</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+    <message>
+        <source>Couldn’t open a mail program</source>
+        <translation>No se ha podido abrir un programa de correo</translation>
+    </message>
+    <message>
+        <source>Couldn’t open a browser</source>
+        <translation>No se ha podido abrir un navegador</translation>
+    </message>
+    <message>
+        <source>The address to write to is %1.</source>
+        <translation>La dirección a la que escribir es %1.</translation>
+    </message>
+    <message>
+        <source>The address of the page is %1.</source>
+        <translation>La dirección de la página es %1.</translation>
+    </message>
+</context>
+<context>
     <name>FailureTexts</name>
     <message>
         <source>“%1” doesn’t look like a CSV or Excel file.</source>
@@ -208,8 +235,8 @@
         <translation>Soporte</translation>
     </message>
     <message>
-        <source>Something is unclear, wrong or missing? Write to us: a person reads every message. Please do not attach your spreadsheets; say what you saw and what you expected.</source>
-        <translation>¿Hay algo confuso, incorrecto o que falta? Escríbenos: una persona lee todos los mensajes. No adjuntes tus hojas de cálculo; cuenta qué has visto y qué esperabas.</translation>
+        <source>Something is unclear, wrong or missing? Write to %1: a person reads every message. Please do not attach your spreadsheets; say what you saw and what you expected.</source>
+        <translation>¿Hay algo confuso, incorrecto o que falta? Escribe a %1: una persona lee todos los mensajes. No adjuntes tus hojas de cálculo; cuenta qué has visto y qué esperabas.</translation>
     </message>
 </context>
 <context>
@@ -374,6 +401,17 @@
     <message>
         <source>Licenses</source>
         <translation>Licencias</translation>
+    </message>
+</context>
+<context>
+    <name>corvale::AppDelegate</name>
+    <message>
+        <source>A file name is empty and was passed over.</source>
+        <translation>Un nombre de archivo está vacío y se ha omitido.</translation>
+    </message>
+    <message>
+        <source>Two files can be compared at a time; “%1” was not opened.</source>
+        <translation>Solo se pueden comparar dos archivos a la vez; “%1” no se ha abierto.</translation>
     </message>
 </context>
 <context>

@@ -37,7 +37,7 @@ AppTest::AppTest() {
 }
 
 CorvaleApp& AppTest::start(const QStringList& files) {
-    app = std::make_unique<CorvaleApp>(platform, theme(), store);
+    app = std::make_unique<CorvaleApp>(platform, theme(), store, outside);
     app->start(files);
     platform.settle();
     return *app;

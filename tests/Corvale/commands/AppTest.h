@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QList>
 #include <QSettings>
 #include <QString>
 #include <QTemporaryDir>
+#include <QUrl>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -54,6 +56,15 @@ protected:
         return *found;
     }
 
+    // The desktop has a program for addresses, unless this says otherwise.
+    bool opensAddresses = true;
+    QList<QUrl> opened;
+    // No update checks.
+    CorvaleApp::Outside outside{
+        .updateEndpoint = {}, .updateFeed = {}, .opener = AddressOpener([this](const QUrl& address) {
+                                                    opened.append(address);
+                                                    return opensAddresses;
+                                                })};
     ScriptedPlatform platform;
     QTemporaryDir folder;
     QSettings store{folder.filePath(QStringLiteral("store.ini")), QSettings::IniFormat};

@@ -2,6 +2,7 @@
 #include <QComboBox>
 #include <QLabel>
 
+#include "Corvale/style/Theme.h"
 #include "Corvale/window/Button.h"
 #include "tests/Corvale/commands/AppTest.h"
 
@@ -59,6 +60,27 @@ TEST_F(GeneralSettingsTest, ComeOneAfterTheOtherByTab) {
                            QStringLiteral("Side by side"),
                            QStringLiteral("Include unchanged rows in Excel reports"),
                            QStringLiteral("Show the Welcome Screen Again")}));
+}
+
+TEST_F(GeneralSettingsTest, HaveAHairlineBetweenTheLinesOfACard) {
+    const QImage picture = view().grab().toImage();
+    const Palette& palette = TestSupport::theme().palette();
+    // Down the middle between text and edge, where there is nothing else.
+    const QWidget& first = box(QStringLiteral("Ignore case"));
+    const int x = first.mapTo(&view(), first.rect().topRight()).x() - 2;
+    int lines = 0;
+    for (int y = first.mapTo(&view(), QPoint()).y(); y < numbers().mapTo(&view(), QPoint()).y(); ++y) {
+        lines += picture.pixelColor(x, y) == palette.line ? 1 : 0;
+    }
+    EXPECT_EQ(lines, 4);
+}
+
+TEST_F(GeneralSettingsTest, NameTheTabAndItsPage) {
+    QStringList names;
+    for (const QWidget* part : view().findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        names.append(part->accessibleName());
+    }
+    EXPECT_EQ(names, (QStringList{QStringLiteral("General"), QStringLiteral("General")}));
 }
 
 TEST_F(GeneralSettingsTest, HoldAtOnce) {

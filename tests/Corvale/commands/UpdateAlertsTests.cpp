@@ -34,7 +34,12 @@ protected:
     }
 
     QWidget window;
-    UpdateAlerts alerts{window};
+    bool hasBrowser = true;
+    QList<QUrl> browsed;
+    UpdateAlerts alerts{window, AddressOpener([this](const QUrl& address) {
+                            browsed.append(address);
+                            return hasBrowser;
+                        })};
 };
 
 TEST_F(UpdateAlertsTest, TellWithOneButton) {
@@ -83,6 +88,43 @@ TEST_F(UpdateAlertsTest, OfferAVersionWithItsNewsAsPlainText) {
     EXPECT_EQ(alert().buttons().size(), 2) << "no release notes, no button for them";
     click(QStringLiteral("Open Download Page"));
     EXPECT_TRUE(isOpened);
+}
+
+TEST_F(UpdateAlertsTest, KeepTheLinesOfNewsThatAreNoHtml) {
+    struct Case {
+        QString description;
+        QString shown;
+    };
+    for (const Case& each : {Case{QStringLiteral("Faster search\n- 1 < 2 is found\n\n- fewer clicks\n"),
+                                  QStringLiteral("Faster search\n- 1 < 2 is found\n\n- fewer clicks")},
+                             Case{QStringLiteral("What is new:\n<ul><li>Faster\nsearch</li></ul>"),
+                                  QStringLiteral("What is new: \nFaster search")},
+                             Case{QStringLiteral("<p>One</p><p>Two</p>"), QStringLiteral("One\nTwo")}}) {
+        AppcastItem item;
+        item.version = QStringLiteral("1.4");
+        item.description = each.description;
+        alerts.offer(item, [] {});
+        EXPECT_EQ(alert().informativeText(),
+                  QStringLiteral("Version 1.4 is ready to download from our web page.\n\n") + each.shown);
+        click(QStringLiteral("Not Now"));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return window.findChild<QMessageBox*>() == nullptr; }));
+    }
+}
+
+TEST_F(UpdateAlertsTest, ShowTheReleaseNotesInTheBrowser) {
+    AppcastItem item;
+    item.releaseNotes = QUrl(QStringLiteral("https://example.com/notes"));
+    alerts.offer(item, [] {});
+    click(QStringLiteral("Release Notes"));
+    EXPECT_EQ(browsed, QList{item.releaseNotes});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.findChild<QMessageBox*>() == nullptr; }));
+}
+
+TEST_F(UpdateAlertsTest, GiveTheAddressWhereThereIsNoBrowser) {
+    hasBrowser = false;
+    alerts.browse(QUrl(QStringLiteral("https://example.com/get?a=b%20c")));
+    EXPECT_EQ(alert().text(), QStringLiteral("Couldn’t open a browser"));
+    EXPECT_EQ(alert().informativeText(), QStringLiteral("The address of the page is https://example.com/get?a=b%20c."));
 }
 
 TEST_F(UpdateAlertsTest, KeepLongNewsOnTheScreen) {

@@ -1,7 +1,11 @@
+#include <QApplication>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <QWindow>
+#include <algorithm>
+#include <cstdlib>
 
 #include "tests/Corvale/commands/AppTest.h"
 
@@ -90,6 +94,33 @@ TEST_F(WelcomeViewTest, ComesAgainWhenTheSettingsAskForIt) {
     child<QPushButton>(window<SettingsView>(), QStringLiteral("Show the Welcome Screen Again")).click();
     EXPECT_FALSE(model().settings().onboardingDone);
     EXPECT_TRUE(welcome().isVisible());
+    EXPECT_FALSE(window<SettingsView>().isVisible()) << "it would cover the sheet, and take no keys";
+}
+
+TEST_F(WelcomeViewTest, FollowsTheWindow) {
+    QWidget& window = app->window();
+    const auto isInTheMiddle = [&] {
+        const QRect sheet = welcome().geometry();
+        return std::abs(sheet.center().x() - window.geometry().center().x()) <= 1 &&
+               sheet.top() == window.geometry().y() + std::max(0, (window.height() - sheet.height()) / 3);
+    };
+    window.setGeometry(20, 30, 800, 700);
+    EXPECT_TRUE(QTest::qWaitFor(isInTheMiddle)) << "resized";
+    window.move(90, 70);
+    EXPECT_TRUE(QTest::qWaitFor(isInTheMiddle)) << "moved";
+}
+
+TEST_F(WelcomeViewTest, IsNotInterruptedByTheQuestionAboutUpdates) {
+    outside.updateEndpoint = outside.updateFeed = QUrl(QStringLiteral("http://127.0.0.1:9/"));
+    store.setValue(QStringLiteral("updates/hasStarted"), true);
+    start();
+    const auto question = [this] { return app->window().findChild<QMessageBox*>(); };
+    QApplication::processEvents();
+    EXPECT_EQ(question(), nullptr);
+    EXPECT_TRUE(item("Check for Updates…").isEnabled());
+    click(QStringLiteral("Get Started"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return question() != nullptr; }));
+    EXPECT_EQ(question()->text(), QStringLiteral("Check for updates automatically?"));
 }
 
 }  // namespace

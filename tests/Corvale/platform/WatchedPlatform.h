@@ -1,10 +1,7 @@
 #pragma once
 
-#include <QAbstractEventDispatcher>
-#include <QCoreApplication>
 #include <atomic>
 #include <functional>
-#include <utility>
 
 #include "Corvale/platform/QtPlatform.h"
 
@@ -15,27 +12,15 @@ class WatchedPlatform : public QtPlatform {
 public:
     using QtPlatform::QtPlatform;
 
-    bool isIdle() const { return m_left == 0; }
-    // Runs the event loop until then.
-    void settle() const {
-        while (!isIdle()) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        }
-    }
+    void runInBackground(std::function<void()> work) override;
+    void runOnMain(std::function<void()> work) override;
 
-    void runInBackground(std::function<void()> work) override { QtPlatform::runInBackground(counted(std::move(work))); }
-    void runOnMain(std::function<void()> work) override { QtPlatform::runOnMain(counted(std::move(work))); }
+    // Turns the event loop until nothing is left to do.
+    void settle() const;
 
 private:
-    // Until it is done, so that what it asks for is counted before it counts as done itself.
-    std::function<void()> counted(std::function<void()> work) {
-        ++m_left;
-        return [this, work = std::move(work)] {
-            work();
-            --m_left;
-            QAbstractEventDispatcher::instance(QCoreApplication::instance()->thread())->wakeUp();
-        };
-    }
+    // Until it is done, so that what it asks for is counted before it is done itself.
+    std::function<void()> counted(std::function<void()> work);
 
     std::atomic<int> m_left = 0;
 };

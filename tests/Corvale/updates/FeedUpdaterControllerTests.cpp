@@ -28,6 +28,7 @@ protected:
                                                  .program = {QStringLiteral("Corvale"), QStringLiteral("1.2")},
                                                  .system = {QStringLiteral("linux"), QStringLiteral("6.1")},
                                                  .timeout = std::chrono::seconds(5),
+                                                 .betweenLooksAtTheClock = betweenLooks,
                                                  .now = [this] { return now; }},
             settings,
             windows);
@@ -55,6 +56,7 @@ protected:
     QSettings settings{folder.filePath(QStringLiteral("settings.ini")), QSettings::IniFormat};
     TestSupport::LoopbackServer server;
     TestSupport::RecordedWindows windows;
+    std::chrono::milliseconds betweenLooks = std::chrono::hours(1);
     QDateTime now = QDateTime(QDate(2026, 11, 21), QTime(12, 0), Qt::UTC);
     std::unique_ptr<FeedUpdaterController> controller;
 };
@@ -127,6 +129,18 @@ TEST_F(FeedUpdaterTest, LooksOnceADayByItself) {
     EXPECT_TRUE(isLooking());
     ASSERT_TRUE(isAsked(2));
     EXPECT_TRUE(windows.told.isEmpty()) << "nothing new is no news";
+}
+
+TEST_F(FeedUpdaterTest, LooksAgainADayLaterWithoutBeingStartedAnew) {
+    EXPECT_EQ(FeedUpdaterController::Configuration().betweenLooksAtTheClock, std::chrono::hours(1));
+    server.answerWithBody(feedPath, feedWith("1.1"));
+    betweenLooks = std::chrono::milliseconds(1);
+    startWithConsent();
+    const auto lastCheck = [this] { return settings.value(QStringLiteral("updates/lastCheck")).toDateTime(); };
+    ASSERT_TRUE(waitFor([&] { return lastCheck() == now; }));
+    now = now.addDays(1);
+    ASSERT_TRUE(waitFor([&] { return lastCheck() == now; }));
+    EXPECT_EQ(server.requests().size(), 2) << "once a day, however often it looks at the clock";
 }
 
 TEST_F(FeedUpdaterTest, LooksAgainWhenTheClockHasGoneBack) {
