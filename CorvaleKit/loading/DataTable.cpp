@@ -71,6 +71,7 @@ DataTable::DataTable(std::vector<std::string> headers, const std::vector<std::ve
           parts.sourceName = std::move(sourceName);
           parts.rowNumbers = normalizedNumbers(std::move(rowNumbers), rows.size(), headerRowNumber);
           parts.headerRowNumber = headerRowNumber;
+          parts.automaticHeaderRowNumber = headerRowNumber;
           return parts;
       }()) {}
 

@@ -163,6 +163,7 @@ TEST(DataTable, EncodingAndDecodingLosesTheTopRowsAndKeepsEverythingElse) {
     EXPECT_EQ(back.sourceName(), table.sourceName());
     EXPECT_EQ(back.rowNumbers(), table.rowNumbers());
     EXPECT_EQ(back.headerRowNumber(), table.headerRowNumber());
+    EXPECT_EQ(back.automaticHeaderRowNumber(), table.automaticHeaderRowNumber());
     EXPECT_EQ(table.topRows().size(), 5U);
     EXPECT_TRUE(back.topRows().empty());
     EXPECT_EQ(DataTable::decoded(back.encoded()), back);
