@@ -10,7 +10,7 @@
 
 #include "Corvale/platform/LocalFile.h"
 #include "CorvaleKit/base/Failures.h"
-#include "tests/support-qt/ChildProcess.h"
+#include "tests/support/ChildProcess.h"
 #include "tests/support/ScratchFolder.h"
 #include "tests/support/TestFiles.h"
 
