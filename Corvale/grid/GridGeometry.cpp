@@ -18,7 +18,7 @@ int rounded(double x) { return static_cast<int>(std::lround(x)); }
 
 GridGeometry::GridGeometry(const GridLayout& layout, ViewMode view, std::optional<std::int64_t> keyColumn,
                            int viewportWidth)
-    : m_view(view), m_viewportWidth(viewportWidth) {
+    : m_view(view), m_viewportWidth(viewportWidth), m_contentWidth(rounded(layout.contentWidth(view))) {
     double x = GridLayout::leadingWidth;
     if (view == ViewMode::unified) {
         appendCells(layout, layout.columns, CellSide::both, x);
@@ -28,7 +28,6 @@ GridGeometry::GridGeometry(const GridLayout& layout, ViewMode view, std::optiona
         x += GridLayout::gapWidth;
         appendCells(layout, layout.afterColumns, CellSide::after, x);
     }
-    m_contentWidth = rounded(x);
     indexColumns(layout.columns.size());
     if (view == ViewMode::unified && keyColumn) {
         const auto key = cellOfColumn(*keyColumn);
