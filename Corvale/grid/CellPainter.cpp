@@ -7,6 +7,7 @@
 #include "Corvale/grid/CellText.h"
 #include "Corvale/grid/GridDrawing.h"
 #include "Corvale/style/Icons.h"
+#include "Corvale/style/Shapes.h"
 #include "Corvale/style/Theme.h"
 
 namespace corvale {
@@ -175,12 +176,11 @@ const QPixmap& CellPainter::pill(QSize size, GridCell::Kind kind, bool isCurrent
         const auto& colors = kind == GridCell::Kind::changed ? palette.changed : palette.formatOnly;
         picture = GridDrawing::transparentPicture(size, m_pixelRatio);
         QPainter painter(&picture);
-        GridDrawing::roundedBox(painter,
-                                QRectF(QPointF(), size),
-                                pillRadius,
-                                colors.fill,
-                                isCurrent ? palette.accent : colors.edge,
-                                isCurrent ? 2 : 1);
+        Shapes::box(painter,
+                    QRectF(QPointF(), size),
+                    pillRadius,
+                    colors.fill,
+                    isCurrent ? QPen(palette.accent, 2) : QPen(colors.edge));
     }
     return picture;
 }

@@ -3,26 +3,9 @@
 #include <QPainter>
 #include <QPen>
 
-#include "Corvale/style/Icons.h"
 #include "Corvale/style/Palette.h"
 
 namespace corvale::GridDrawing {
-
-void symbol(QPainter& painter, const QString& name, const QColor& color, const QRect& area) {
-    const qreal pixelRatio = painter.device()->devicePixelRatioF();
-    painter.drawPixmap(area.topLeft(), Icons::pixmap(name, color, area.width(), pixelRatio));
-}
-
-void roundedBox(QPainter& painter, const QRectF& area, qreal radius, const QColor& fill, const QColor& border,
-                qreal borderWidth) {
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(fill);
-    painter.setPen(QPen(border, borderWidth));
-    const qreal inset = borderWidth / 2;
-    painter.drawRoundedRect(area.adjusted(inset, inset, -inset, -inset), radius - inset, radius - inset);
-    painter.restore();
-}
 
 QPixmap transparentPicture(QSize size, qreal pixelRatio) {
     QPixmap picture((QSizeF(size) * pixelRatio).toSize());

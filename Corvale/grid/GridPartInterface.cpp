@@ -85,7 +85,7 @@ QString GridPartInterface::headerText() const {
         return GridHeader::tr("Status");
     }
     QString title = m_grid->header().title(cellOf(m_column));
-    switch (m_grid->contents().layout.cells()[cellOf(m_column)].side) {
+    switch (m_grid->contents().geometry.cells()[cellOf(m_column)].side) {
         case CellSide::before:
             return RowTexts::sideName(DuplicateKey::Side::before) + u' ' + title;
         case CellSide::after:

@@ -4,6 +4,7 @@
 #include <QRect>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 
 #include "Corvale/grid/CellPainter.h"
@@ -45,10 +46,11 @@ public:
     // The frame of the selected line, over its neighbours.
     void paintSelection(QPainter& painter, int y, int width, bool gridHasFocus) const;
     // The edges of what is pinned, down the whole height.
-    static void paintEdges(QPainter& painter, const QColor& border, const GridGeometry& layout, int scroll, int height);
+    static void paintEdges(QPainter& painter, const QColor& border, const GridGeometry& geometry, int scroll,
+                           int height);
 
     // Where the mark is that leads to changed cells out of view.
-    static QRect tabArea(const GridGeometry& layout, GridGeometry::Place side, int y, int scroll);
+    static QRect tabArea(const GridGeometry& geometry, GridGeometry::Place side, int y, int scroll);
 
     const CellPainter& cells() const { return m_cells; }
     CellPainter::Style cellStyle(const GridRow& line, std::size_t cell) const;
