@@ -113,6 +113,13 @@ TEST_P(PaletteTest, TheAccentStandsOut) {
 INSTANTIATE_TEST_SUITE_P(BothSchemes, PaletteTest, testing::Values(Scheme::light, Scheme::dark),
                          [](const auto& scheme) { return scheme.param == Scheme::dark ? "dark" : "light"; });
 
+QPalette desktop(const QColor& window, const QColor& text) {
+    QPalette palette;
+    palette.setColor(QPalette::Window, window);
+    palette.setColor(QPalette::WindowText, text);
+    return palette;
+}
+
 TEST(Scheme, IsDarkWhereTextIsLighterThanWindows) {
     EXPECT_EQ(schemeOf(desktop(Qt::white, Qt::black)), Scheme::light);
     EXPECT_EQ(schemeOf(desktop(QColor(0xF0, 0xF0, 0xF0), QColor(0x30, 0x30, 0x30))), Scheme::light);
