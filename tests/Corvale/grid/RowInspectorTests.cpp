@@ -28,7 +28,7 @@ protected:
     }
     QString before(std::size_t field) { return m_details.fields().view(field)->before().toPlainText(); }
     QString after(std::size_t field) { return m_details.fields().view(field)->after().toPlainText(); }
-    QString copied(ValueText& value) {
+    static QString copied(ValueText& value) {
         value.selectAll();
         value.copy();
         return QApplication::clipboard()->text();

@@ -22,6 +22,14 @@ std::string sheetRows(const std::string& csv) {
     return xml;
 }
 
+std::string sheetElement(const std::string& name, const std::string& number) {
+    return "<sheet name=\"" + name + "\" sheetId=\"" + number + "\" r:id=\"rId" + number + "\"/>";
+}
+
+std::string relationship(const std::string& number) {
+    return "<Relationship Id=\"rId" + number + "\" Target=\"worksheets/sheet" + number + ".xml\"/>";
+}
+
 void appendWord(std::string& words, std::string_view word) {
     words += words.empty() ? "" : " ";
     words += word;
@@ -35,8 +43,8 @@ std::string workbook(const std::vector<std::pair<std::string, std::string>>& she
     std::string relationships;
     for (std::size_t i = 0; i < sheets.size(); ++i) {
         const std::string number = std::to_string(i + 1);
-        list += "<sheet name=\"" + sheets[i].first + "\" sheetId=\"" + number + "\" r:id=\"rId" + number + "\"/>";
-        relationships += "<Relationship Id=\"rId" + number + "\" Target=\"worksheets/sheet" + number + ".xml\"/>";
+        list += sheetElement(sheets[i].first, number);
+        relationships += relationship(number);
         parts["xl/worksheets/sheet" + number + ".xml"] = Workbooks::worksheet(sheetRows(sheets[i].second));
     }
     parts["xl/workbook.xml"] = "<workbook><sheets>" + list + "</sheets></workbook>";

@@ -14,13 +14,17 @@ namespace corvale::TestSupport {
 
 namespace {
 
+std::string sheetElement(const std::string& name, const std::string& id) {
+    return "<sheet name=\"" + name + "\" sheetId=\"" + id + "\"/>";
+}
+
 std::string workbook(const std::vector<std::pair<std::string, std::string>>& sheets) {
     Workbooks::Parts parts;
     std::string list;
     int number = 0;
     for (const auto& [name, rows] : sheets) {
         const std::string id = std::to_string(++number);
-        list += "<sheet name=\"" + name + "\" sheetId=\"" + id + "\"/>";
+        list += sheetElement(name, id);
         parts["xl/worksheets/sheet" + id + ".xml"] = Workbooks::worksheet(rows);
     }
     parts["xl/workbook.xml"] = "<workbook><sheets>" + list + "</sheets></workbook>";
