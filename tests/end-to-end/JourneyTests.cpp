@@ -147,7 +147,7 @@ TEST_F(JourneyTest, GoesFromTheWelcomeToReportsAndKeepsItsSettings) {
 
 class DropTest : public JourneyTest {
 protected:
-    QList<QUrl> urls(const std::vector<std::string>& paths) {
+    static QList<QUrl> urls(const std::vector<std::string>& paths) {
         QList<QUrl> urls;
         for (const std::string& path : paths) {
             urls.append(QUrl::fromLocalFile(QString::fromStdString(path)));

@@ -74,6 +74,10 @@ struct Format {
     std::string code = {};  // empty: none
 };
 
+inline std::string numberFormat(const std::string& id, const std::string& code) {
+    return "<numFmt " + id + " formatCode=\"" + code + "\"/>";
+}
+
 // A styles part with one style a format. Codes may hold no markup.
 inline std::string styles(const std::vector<Format>& formats) {
     std::string codes;
@@ -81,7 +85,7 @@ inline std::string styles(const std::vector<Format>& formats) {
     for (const auto& [id, code] : formats) {
         const std::string attribute = "numFmtId=\"" + std::to_string(id) + "\"";
         if (!code.empty()) {
-            codes += "<numFmt " + attribute + " formatCode=\"" + code + "\"/>";
+            codes += numberFormat(attribute, code);
         }
         list += "<xf " + attribute + "/>";
     }

@@ -46,9 +46,9 @@ TEST_F(AboutPanelTest, NamesTheLibrariesAndTheirLicenses) {
 }
 
 TEST_F(AboutPanelTest, CopiesWhatSupportAsksForAndNothingOfTheFiles) {
-    platform.files["secret.csv"] = "id\n1\n";
+    m_platform.files["secret.csv"] = "id\n1\n";
     model().load(TestSupport::ScriptedPlatform::url("secret.csv"), Side::before);
-    platform.settle();
+    m_platform.settle();
     child<QPushButton>(about(), QStringLiteral("Copy details for support")).click();
     const QString copied = QGuiApplication::clipboard()->text();
     EXPECT_TRUE(copied.startsWith(QStringLiteral("Corvale "))) << copied.toStdString();

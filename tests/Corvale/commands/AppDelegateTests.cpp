@@ -10,8 +10,8 @@ namespace {
 class AppDelegateTest : public TestSupport::AppTest {
 protected:
     AppDelegateTest() {
-        platform.files["a.csv"] = "id,n\n1,x\n";
-        platform.files["b.csv"] = "id,n\n1,y\n";
+        m_platform.files["a.csv"] = "id,n\n1,x\n";
+        m_platform.files["b.csv"] = "id,n\n1,y\n";
     }
 };
 
@@ -66,7 +66,7 @@ TEST_F(AppDelegateTest, TakesTheFilesOfOneOpeningTogether) {
     }
     EXPECT_TRUE(model().loading().empty());
     QApplication::processEvents();
-    platform.settle();
+    m_platform.settle();
     ASSERT_TRUE(model().result());
     EXPECT_EQ(model().before()->name, "a.csv");
     EXPECT_EQ(model().after()->name, "b.csv");

@@ -27,7 +27,7 @@ protected:
     AppTest();
 
     CorvaleApp& start(const QStringList& files = {});
-    AppModel& model() { return app->model(); }
+    AppModel& model() { return m_app->model(); }
     // The sample lists, compared.
     void openSamples();
 
@@ -49,7 +49,7 @@ protected:
     }
     template <typename Window>
     Window& window() {
-        auto* const found = app->window().findChild<Window*>();
+        auto* const found = m_app->window().findChild<Window*>();
         if (found == nullptr) {
             throw std::runtime_error("no such window");
         }
@@ -57,18 +57,18 @@ protected:
     }
 
     // The desktop has a program for addresses, unless this says otherwise.
-    bool opensAddresses = true;
-    QList<QUrl> opened;
+    bool m_opensAddresses = true;
+    QList<QUrl> m_opened;
     // No update checks.
-    CorvaleApp::Outside outside{
+    CorvaleApp::Outside m_outside{
         .updateEndpoint = {}, .updateFeed = {}, .opener = AddressOpener([this](const QUrl& address) {
-                                                    opened.append(address);
-                                                    return opensAddresses;
+                                                    m_opened.append(address);
+                                                    return m_opensAddresses;
                                                 })};
-    ScriptedPlatform platform;
-    QTemporaryDir folder;
-    QSettings store{folder.filePath(QStringLiteral("store.ini")), QSettings::IniFormat};
-    std::unique_ptr<CorvaleApp> app;
+    ScriptedPlatform m_platform;
+    QTemporaryDir m_folder;
+    QSettings m_store{m_folder.filePath(QStringLiteral("store.ini")), QSettings::IniFormat};
+    std::unique_ptr<CorvaleApp> m_app;
 };
 
 }  // namespace corvale::TestSupport

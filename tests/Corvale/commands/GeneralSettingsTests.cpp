@@ -19,7 +19,7 @@ protected:
     SettingsView& view() { return window<SettingsView>(); }
     QCheckBox& box(const QString& text) { return child<QCheckBox>(view(), text); }
     QComboBox& numbers() { return *view().findChild<QComboBox*>(); }
-    AppSettings stored() { return AppSettings::decoded(platform.stored.at("settings")); }
+    AppSettings stored() { return AppSettings::decoded(m_platform.stored.at("settings")); }
 };
 
 TEST_F(GeneralSettingsTest, ShowWhatHolds) {
@@ -118,7 +118,7 @@ TEST_F(GeneralSettingsTest, CompareAnewWhenWhatCountsIsAnother) {
     openSamples();
     const std::uint64_t before = model().compareGeneration();
     box(QStringLiteral("Ignore case")).click();
-    platform.settle();
+    m_platform.settle();
     EXPECT_GT(model().compareGeneration(), before);
 }
 

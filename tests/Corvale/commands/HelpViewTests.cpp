@@ -180,19 +180,19 @@ TEST_F(HelpViewTest, OffersAMessageToSupportUnderSupportAlone) {
 TEST_F(HelpViewTest, BeginsAMessageToSupport) {
     help().select(QStringLiteral("support"));
     child<QPushButton>(help(), QStringLiteral("Email Support")).click();
-    ASSERT_EQ(opened.size(), 1);
-    EXPECT_EQ(opened.front().scheme(), QStringLiteral("mailto"));
-    EXPECT_TRUE(text().contains(opened.front().path())) << "for those whose mail is elsewhere";
+    ASSERT_EQ(m_opened.size(), 1);
+    EXPECT_EQ(m_opened.front().scheme(), QStringLiteral("mailto"));
+    EXPECT_TRUE(text().contains(m_opened.front().path())) << "for those whose mail is elsewhere";
     EXPECT_EQ(help().findChild<QMessageBox*>(), nullptr);
 }
 
 TEST_F(HelpViewTest, GivesTheAddressOfSupportWhereThereIsNoMailProgram) {
-    opensAddresses = false;
+    m_opensAddresses = false;
     help().select(QStringLiteral("support"));
     child<QPushButton>(help(), QStringLiteral("Email Support")).click();
     auto* const alert = help().findChild<QMessageBox*>();
     ASSERT_NE(alert, nullptr);
-    const QString address = opened.front().path();
+    const QString address = m_opened.front().path();
     EXPECT_EQ(alert->text(), QStringLiteral("Couldn’t open a mail program"));
     EXPECT_EQ(alert->informativeText(), QStringLiteral("The address to write to is %1.").arg(address));
     EXPECT_TRUE(alert->textInteractionFlags().testFlag(Qt::TextSelectableByMouse));

@@ -14,10 +14,10 @@ namespace {
 
 class UpdateAlertsTest : public testing::Test {
 protected:
-    UpdateAlertsTest() { window.show(); }
+    UpdateAlertsTest() { m_window.show(); }
 
     QMessageBox& alert() {
-        auto* const found = window.findChild<QMessageBox*>();
+        auto* const found = m_window.findChild<QMessageBox*>();
         if (found == nullptr) {
             throw std::runtime_error("no alert");
         }
@@ -33,53 +33,53 @@ protected:
         ADD_FAILURE() << "no button " << text.toStdString();
     }
 
-    QWidget window;
-    bool hasBrowser = true;
-    QList<QUrl> browsed;
-    UpdateAlerts alerts{window, AddressOpener([this](const QUrl& address) {
-                            browsed.append(address);
-                            return hasBrowser;
-                        })};
+    QWidget m_window;
+    bool m_hasBrowser = true;
+    QList<QUrl> m_browsed;
+    UpdateAlerts m_alerts{m_window, AddressOpener([this](const QUrl& address) {
+                              m_browsed.append(address);
+                              return m_hasBrowser;
+                          })};
 };
 
 TEST_F(UpdateAlertsTest, TellWithOneButton) {
-    alerts.tell(QStringLiteral("You’re up to date"), QStringLiteral("Nothing new."));
+    m_alerts.tell(QStringLiteral("You’re up to date"), QStringLiteral("Nothing new."));
     EXPECT_TRUE(alert().isVisible());
     EXPECT_EQ(alert().text(), QStringLiteral("You’re up to date"));
     EXPECT_EQ(alert().informativeText(), QStringLiteral("Nothing new."));
     ASSERT_EQ(alert().buttons().size(), 1);
     click(QStringLiteral("OK"));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return window.findChild<QMessageBox*>() == nullptr; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return m_window.findChild<QMessageBox*>() == nullptr; }));
 }
 
 TEST_F(UpdateAlertsTest, AskForConsentAndTakeEitherAnswer) {
     for (const bool wanted : {true, false}) {
         std::optional<bool> answer;
-        alerts.askForConsent([&](bool mayCheck) { answer = mayCheck; });
+        m_alerts.askForConsent([&](bool mayCheck) { answer = mayCheck; });
         EXPECT_FALSE(answer);
         click(wanted ? QStringLiteral("Check Automatically") : QStringLiteral("Don’t Check"));
         EXPECT_EQ(answer, wanted);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return window.findChild<QMessageBox*>() == nullptr; }));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return m_window.findChild<QMessageBox*>() == nullptr; }));
     }
 }
 
 TEST_F(UpdateAlertsTest, TakeClosingForNo) {
     std::optional<bool> answer;
-    alerts.askForConsent([&](bool mayCheck) { answer = mayCheck; });
+    m_alerts.askForConsent([&](bool mayCheck) { answer = mayCheck; });
     QTest::keyClick(&alert(), Qt::Key_Escape);
     EXPECT_EQ(answer, false);
 }
 
 TEST_F(UpdateAlertsTest, OfferAVersionWithItsNewsAsPlainText) {
     bool isOpened = false;
-    alerts.offer({.version = QStringLiteral("1.4"),
-                  .description = QStringLiteral("<p>Faster <b>search</b><img src='https://example.com/spy.png'></p>"),
-                  .releaseNotes = {},
-                  .file = {},
-                  .page = QUrl(QStringLiteral("https://example.com")),
-                  .system = {},
-                  .minimumSystem = {}},
-                 [&] { isOpened = true; });
+    m_alerts.offer({.version = QStringLiteral("1.4"),
+                    .description = QStringLiteral("<p>Faster <b>search</b><img src='https://example.com/spy.png'></p>"),
+                    .releaseNotes = {},
+                    .file = {},
+                    .page = QUrl(QStringLiteral("https://example.com")),
+                    .system = {},
+                    .minimumSystem = {}},
+                   [&] { isOpened = true; });
     EXPECT_TRUE(alert().informativeText().contains(QStringLiteral("1.4")));
     EXPECT_TRUE(alert().informativeText().contains(QStringLiteral("Faster search")));
     EXPECT_FALSE(alert().informativeText().contains(QStringLiteral("spy")));
@@ -103,53 +103,53 @@ TEST_F(UpdateAlertsTest, KeepTheLinesOfNewsThatAreNoHtml) {
         AppcastItem item;
         item.version = QStringLiteral("1.4");
         item.description = each.description;
-        alerts.offer(item, [] {});
+        m_alerts.offer(item, [] {});
         EXPECT_EQ(alert().informativeText(),
                   QStringLiteral("Version 1.4 is ready to download from our web page.\n\n") + each.shown);
         click(QStringLiteral("Not Now"));
-        EXPECT_TRUE(QTest::qWaitFor([&] { return window.findChild<QMessageBox*>() == nullptr; }));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return m_window.findChild<QMessageBox*>() == nullptr; }));
     }
 }
 
 TEST_F(UpdateAlertsTest, ShowTheReleaseNotesInTheBrowser) {
     AppcastItem item;
     item.releaseNotes = QUrl(QStringLiteral("https://example.com/notes"));
-    alerts.offer(item, [] {});
+    m_alerts.offer(item, [] {});
     click(QStringLiteral("Release Notes"));
-    EXPECT_EQ(browsed, QList{item.releaseNotes});
-    EXPECT_TRUE(QTest::qWaitFor([&] { return window.findChild<QMessageBox*>() == nullptr; }));
+    EXPECT_EQ(m_browsed, QList{item.releaseNotes});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return m_window.findChild<QMessageBox*>() == nullptr; }));
 }
 
 TEST_F(UpdateAlertsTest, GiveTheAddressWhereThereIsNoBrowser) {
-    hasBrowser = false;
-    alerts.browse(QUrl(QStringLiteral("https://example.com/get?a=b%20c")));
+    m_hasBrowser = false;
+    m_alerts.browse(QUrl(QStringLiteral("https://example.com/get?a=b%20c")));
     EXPECT_EQ(alert().text(), QStringLiteral("Couldn’t open a browser"));
     EXPECT_EQ(alert().informativeText(), QStringLiteral("The address of the page is https://example.com/get?a=b%20c."));
 }
 
 TEST_F(UpdateAlertsTest, KeepLongNewsOnTheScreen) {
-    alerts.offer({.version = QStringLiteral("1.4"),
-                  .description = QStringLiteral("<ul>%1</ul>").arg(QStringLiteral("<li>x</li>").repeated(200)),
-                  .releaseNotes = {},
-                  .file = {},
-                  .page = {},
-                  .system = {},
-                  .minimumSystem = {}},
-                 [] {});
+    m_alerts.offer({.version = QStringLiteral("1.4"),
+                    .description = QStringLiteral("<ul>%1</ul>").arg(QStringLiteral("<li>x</li>").repeated(200)),
+                    .releaseNotes = {},
+                    .file = {},
+                    .page = {},
+                    .system = {},
+                    .minimumSystem = {}},
+                   [] {});
     EXPECT_LT(alert().informativeText().count(u'\n'), 30);
     EXPECT_TRUE(alert().informativeText().endsWith(u'…'));
 }
 
 TEST_F(UpdateAlertsTest, LeaveItAtThat) {
     bool isOpened = false;
-    alerts.offer({.version = QStringLiteral("1.4"),
-                  .description = QString(5000, u'x'),
-                  .releaseNotes = QUrl(QStringLiteral("https://example.com/notes")),
-                  .file = {},
-                  .page = {},
-                  .system = {},
-                  .minimumSystem = {}},
-                 [&] { isOpened = true; });
+    m_alerts.offer({.version = QStringLiteral("1.4"),
+                    .description = QString(5000, u'x'),
+                    .releaseNotes = QUrl(QStringLiteral("https://example.com/notes")),
+                    .file = {},
+                    .page = {},
+                    .system = {},
+                    .minimumSystem = {}},
+                   [&] { isOpened = true; });
     EXPECT_EQ(alert().buttons().size(), 3);
     EXPECT_LT(alert().informativeText().size(), 2000);
     click(QStringLiteral("Not Now"));

@@ -15,14 +15,14 @@ namespace {
 class WelcomeViewTest : public TestSupport::AppTest {
 protected:
     WelcomeViewTest() {
-        platform.stored.clear();
+        m_platform.stored.clear();
         start();
     }
 
     WelcomeView& welcome() { return window<WelcomeView>(); }
     void click(const QString& text) {
         child<QPushButton>(welcome(), text).click();
-        platform.settle();
+        m_platform.settle();
     }
 };
 
@@ -52,7 +52,7 @@ TEST_F(WelcomeViewTest, IsSeenOnceItIsClosed) {
     click(QStringLiteral("Get Started"));
     EXPECT_FALSE(welcome().isVisible());
     EXPECT_TRUE(model().settings().onboardingDone);
-    EXPECT_TRUE(AppSettings::decoded(platform.stored.at("settings")).onboardingDone);
+    EXPECT_TRUE(AppSettings::decoded(m_platform.stored.at("settings")).onboardingDone);
     start();
     EXPECT_FALSE(welcome().isVisible());
 }
@@ -85,7 +85,7 @@ TEST_F(WelcomeViewTest, OpensTheHelp) {
 TEST_F(WelcomeViewTest, LetsOneQuit) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&welcome()));
     QTest::keyClick(&welcome(), Qt::Key_Q, Qt::ControlModifier);
-    EXPECT_FALSE(app->window().isVisible());
+    EXPECT_FALSE(m_app->window().isVisible());
 }
 
 TEST_F(WelcomeViewTest, ComesAgainWhenTheSettingsAskForIt) {
@@ -98,7 +98,7 @@ TEST_F(WelcomeViewTest, ComesAgainWhenTheSettingsAskForIt) {
 }
 
 TEST_F(WelcomeViewTest, FollowsTheWindow) {
-    QWidget& window = app->window();
+    QWidget& window = m_app->window();
     const auto isInTheMiddle = [&] {
         const QRect sheet = welcome().geometry();
         return std::abs(sheet.center().x() - window.geometry().center().x()) <= 1 &&
@@ -111,10 +111,10 @@ TEST_F(WelcomeViewTest, FollowsTheWindow) {
 }
 
 TEST_F(WelcomeViewTest, IsNotInterruptedByTheQuestionAboutUpdates) {
-    outside.updateEndpoint = outside.updateFeed = QUrl(QStringLiteral("http://127.0.0.1:9/"));
-    store.setValue(QStringLiteral("updates/hasStarted"), true);
+    m_outside.updateEndpoint = m_outside.updateFeed = QUrl(QStringLiteral("http://127.0.0.1:9/"));
+    m_store.setValue(QStringLiteral("updates/hasStarted"), true);
     start();
-    const auto question = [this] { return app->window().findChild<QMessageBox*>(); };
+    const auto question = [this] { return m_app->window().findChild<QMessageBox*>(); };
     QApplication::processEvents();
     EXPECT_EQ(question(), nullptr);
     EXPECT_TRUE(item("Check for Updates…").isEnabled());

@@ -6,6 +6,9 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QTest>
+#include <algorithm>
+#include <array>
+#include <iterator>
 
 #include "Corvale/grid/DiffGrid.h"
 #include "Corvale/window/MainView.h"
@@ -177,10 +180,7 @@ void openMenuBar(Stage& stage, int place) {
     entry->menu()->popup(bar->mapToGlobal(bar->actionGeometry(entry).bottomLeft()));
 }
 
-}  // namespace
-
-std::vector<Scene> scenes() {
-    const SampleData::Pair stock = SampleData::stock();
+std::vector<Scene> besideTheWindow() {
     return {
         {"09-welcome", usual, showWelcome},
         {"10-settings", QSize(1280, 984), [](Stage& stage) { openBeside<SettingsView>(stage, "Settings…"); }},
@@ -195,6 +195,12 @@ std::vector<Scene> scenes() {
         {"16b-edit-menu", usual, [](Stage& stage) { openMenuBar(stage, 1); }},
         {"16c-compare-menu", usual, [](Stage& stage) { openMenuBar(stage, 2); }},
         {"16d-help-menu", usual, [](Stage& stage) { openMenuBar(stage, 3); }},
+    };
+}
+
+std::vector<Scene> filesAndResults() {
+    const SampleData::Pair stock = SampleData::stock();
+    return {
         {"01-empty", usual, [](Stage&) {}},
         {"02-one-file-drag",
          usual,
@@ -235,20 +241,9 @@ std::vector<Scene> scenes() {
              stage.button("5 duplicate keys").click();
          }},
         {"07-comparing", usual, showComparing},
-        {"08a-header-row-menu", usual, [](Stage& stage) { openMenu(stage, "Header row of the Before file"); }},
-        {"08b-ignore-menu", usual, [](Stage& stage) { openMenu(stage, "Ignoring 2 of 4"); }},
-        {"08c-match-menu", usual, [](Stage& stage) { openMenu(stage, "Match rows by: SKU (suggested)"); }},
-        {"08d-columns-menu", usual, [](Stage& stage) { openMenu(stage, "Any Column"); }},
         {"13-narrow", narrow, showUnified},
         {"13b-narrowest", narrowest, compareWarehouses},
         {"14-large-file", usual, compareWarehouses},
-        {"15a-search-and-chip", usual, showStates},
-        {"15b-focus",
-         usual,
-         [](Stage& stage) {
-             showUnified(stage);
-             stage.named("Added 3").setFocus(Qt::TabFocusReason);
-         }},
         {"15c-loading",
          usual,
          [stock](Stage& stage) {
@@ -263,6 +258,32 @@ std::vector<Scene> scenes() {
              stage.platform.settle();
          }},
     };
+}
+
+std::vector<Scene> controls() {
+    return {
+        {"08a-header-row-menu", usual, [](Stage& stage) { openMenu(stage, "Header row of the Before file"); }},
+        {"08b-ignore-menu", usual, [](Stage& stage) { openMenu(stage, "Ignoring 2 of 4"); }},
+        {"08c-match-menu", usual, [](Stage& stage) { openMenu(stage, "Match rows by: SKU (suggested)"); }},
+        {"08d-columns-menu", usual, [](Stage& stage) { openMenu(stage, "Any Column"); }},
+        {"15a-search-and-chip", usual, showStates},
+        {"15b-focus",
+         usual,
+         [](Stage& stage) {
+             showUnified(stage);
+             stage.named("Added 3").setFocus(Qt::TabFocusReason);
+         }},
+    };
+}
+
+}  // namespace
+
+std::vector<Scene> scenes() {
+    std::vector<Scene> all = besideTheWindow();
+    for (std::vector<Scene>& some : std::array{filesAndResults(), controls()}) {
+        std::move(some.begin(), some.end(), std::back_inserter(all));
+    }
+    return all;
 }
 
 }  // namespace corvale::Screenshots

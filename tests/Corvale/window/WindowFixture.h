@@ -55,14 +55,13 @@ protected:
     bool shows(const std::string& name);
 
     // A drag of files over the widget that ends with a drop, as the system sends it. Returns whether they were taken.
-    bool drop(QWidget& target, const std::vector<std::string>& paths);
-    bool dragInto(QWidget& target, const std::vector<std::string>& paths);
-    void dragOutOf(QWidget& target);
+    static bool drop(QWidget& target, const std::vector<std::string>& paths);
+    static bool dragInto(QWidget& target, const std::vector<std::string>& paths);
+    static void dragOutOf(QWidget& target);
 
-    ScriptedPlatform platform;
-    std::unique_ptr<AppModel> m_model;
-    AppModel& model;
-    MainWindow window;
+    ScriptedPlatform m_platform;
+    AppModel m_model;
+    MainWindow m_window;
 
 private:
     QWidget* childNamed(const std::string& name);
