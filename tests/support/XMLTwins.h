@@ -80,15 +80,15 @@ inline XLSX::Workbook workbook() {
     return workbook;
 }
 
+// Every cell after its row's index; of rows without cells, only how many rows there are.
 inline std::string sheet(std::string_view part, Parser parse) {
     try {
         const CellGrid grid = XLSX::sheetGrid(Bytes(part), workbook(), parse);
-        std::string texts;
+        std::string texts = std::to_string(grid.rowCount());
         for (std::size_t i = 0; i < grid.rowCount(); ++i) {
             for (const std::string_view cell : grid.row(i)) {
-                texts.append(cell).append(mark);
+                texts.append(mark).append(std::to_string(i)).append(mark).append(cell);
             }
-            texts += '\n';
         }
         return texts;
     } catch (const UserFailure& failure) {
