@@ -87,7 +87,8 @@ public:
     }
 
 private:
-    // The functions that take something return whether it was there, and stand behind it then.
+    // The functions that take something return whether it was there, and stand behind it then. Those that look at more
+    // than one text may have moved although they fail: no other way is tried after them.
 
     bool takeProlog() {
         take("\xEF\xBB\xBF");
@@ -166,7 +167,8 @@ private:
             return false;
         }
         takeSpace();
-        return (take('"') && takeValue(name, '"')) || (take('\'') && takeValue(name, '\''));
+        const char quote = take('"') ? '"' : '\'';
+        return (quote == '"' || take('\'')) && takeValue(name, quote);
     }
 
     bool isGiven(std::string_view name) const {
