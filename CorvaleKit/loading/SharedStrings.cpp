@@ -2,8 +2,6 @@
 
 #include <string>
 
-#include "CorvaleKit/loading/XMLEvents.h"
-
 namespace corvale::XLSX {
 
 namespace {
@@ -44,11 +42,11 @@ private:
 
 }  // namespace
 
-SharedStrings sharedStrings(std::string_view part) {
+SharedStrings sharedStrings(std::string_view part, XMLEvents::Parser parse) {
     SharedStrings strings;
     strings.texts.reserve(part.size());
     SharedStringsHandler handler(strings);
-    XMLEvents::parse(part, handler);
+    parse(part, handler);
     return strings;
 }
 

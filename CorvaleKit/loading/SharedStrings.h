@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "CorvaleKit/base/ByteArena.h"
+#include "CorvaleKit/loading/XMLEvents.h"
 
 namespace corvale::XLSX {
 
@@ -15,6 +16,6 @@ struct SharedStrings {
 };
 
 // Of the part xl/sharedStrings.xml. A string of several runs is their concatenation; phonetic guides are left out.
-SharedStrings sharedStrings(std::string_view part);
+SharedStrings sharedStrings(std::string_view part, XMLEvents::Parser parse = XMLEvents::parse);
 
 }  // namespace corvale::XLSX

@@ -5,6 +5,7 @@
 #include "CorvaleKit/base/Bytes.h"
 #include "CorvaleKit/loading/CellGrid.h"
 #include "CorvaleKit/loading/Workbook.h"
+#include "CorvaleKit/loading/XMLEvents.h"
 
 namespace corvale::XLSX {
 
@@ -13,6 +14,6 @@ inline constexpr std::int64_t mostRows = 1'048'576;
 inline constexpr std::int64_t mostColumns = 1'000;
 
 // The cells of a worksheet's part. The shared strings of `workbook` become the grid's buffer.
-CellGrid sheetGrid(Bytes part, Workbook workbook);
+CellGrid sheetGrid(Bytes part, Workbook workbook, XMLEvents::Parser parse = XMLEvents::parse);
 
 }  // namespace corvale::XLSX
