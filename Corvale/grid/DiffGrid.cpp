@@ -27,14 +27,12 @@ bool isSame(const std::weak_ptr<const DiffResult>& a, const std::shared_ptr<cons
     return !a.owner_before(b) && !b.owner_before(a);
 }
 
-bool hasDifferences(const DiffSummary& summary) { return summary.added + summary.removed + summary.changed > 0; }
-
 // Why a list is empty.
 GridPlaceholder::Subject reasonForNoRows(const DiffResult& result, const DiffFilter& filter) {
     const bool showsAll = filter.show == DiffFilter::Show::all;
     const bool isNarrowed = showsAll && (filter.column || !filter.search.empty());
-    return hasDifferences(result.summary) || isNarrowed ? GridPlaceholder::Subject::noRowsMatch
-                                                        : GridPlaceholder::Subject::noDifferences;
+    return result.summary.hasDifferences() || isNarrowed ? GridPlaceholder::Subject::noRowsMatch
+                                                         : GridPlaceholder::Subject::noDifferences;
 }
 
 }  // namespace
