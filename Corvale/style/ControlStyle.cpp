@@ -67,8 +67,6 @@ void ControlStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
         case PE_IndicatorArrowDown:
             return drawSymbol(
                 QStringLiteral("chevron.down"), symbolColor, centered(Metrics::chevron, option->rect), *painter);
-        case PE_Widget:
-            return drawCard(widget == nullptr ? Look::none : lookOf(*widget), option->rect, *painter);
         case PE_PanelMenu:
             return painter->fillRect(option->rect, m_palette.menu);
         case PE_FrameMenu:
@@ -170,18 +168,6 @@ int ControlStyle::styleHint(StyleHint hint, const QStyleOption* option, const QW
             return 0;
         default:
             return QProxyStyle::styleHint(hint, option, widget, returned);
-    }
-}
-
-void ControlStyle::drawCard(Look look, const QRect& rect, QPainter& painter) const {
-    if (look == Look::emptyCard) {
-        QPen pen(m_palette.field, 1);
-        pen.setDashPattern({3, 3});
-        roundedRect(painter, rect, Metrics::cardRadius, Qt::NoBrush, pen);
-    } else if (look == Look::dropTarget) {
-        QPen pen(m_palette.accent, 2);
-        pen.setDashPattern({3, 2});
-        roundedRect(painter, rect, Metrics::cardRadius, m_palette.accentTint, pen);
     }
 }
 
