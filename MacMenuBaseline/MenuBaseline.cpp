@@ -53,14 +53,16 @@ QAction* MenuBaseline::addCloseTo(QMenu& menu) const {
     return action;
 }
 
-void MenuBaseline::addHelpTo(QMenu& menu) const {
+QAction* MenuBaseline::addHelpTo(QMenu& menu) const {
     requireMainThread("MenuBaseline::addHelpTo");
+    QAction* action = nullptr;
     if (help) {
         const QString text = translated(QT_TRANSLATE_NOOP("MacMenuBaseline", "%1 Help"));
-        QAction* action = addItem(menu, text.arg(withoutMnemonic(help->appName)), help->action);
+        action = addItem(menu, text.arg(withoutMnemonic(help->appName)), help->action);
         action->setShortcuts(helpShortcuts(help->shortcut));
     }
     menu.addActions(helpItems);
+    return action;
 }
 
 }  // namespace MacMenuBaseline

@@ -39,8 +39,9 @@ struct MenuBaseline {
     // returned action to other windows with QWidget::addAction, and the shortcut closes them too.
     QAction* addCloseTo(QMenu& menu) const;
 
-    // Appends the help item, if there is one, and `helpItems` to `menu`.
-    void addHelpTo(QMenu& menu) const;
+    // Appends the help item, if there is one, and `helpItems` to `menu`, which owns the former. Returns that one, or
+    // null; add it to other windows as well.
+    QAction* addHelpTo(QMenu& menu) const;
 };
 
 }  // namespace MacMenuBaseline

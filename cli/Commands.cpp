@@ -140,7 +140,7 @@ void print(const CompareCommand& command, const DiffResult& result, bool matchIs
     const auto [result, matchIsSuggested] = compare(command.comparison, progress);
     progress.end();
     print(command, result, matchIsSuggested, output);
-    end(output, hasDifferences(result.summary) ? ExitStatus::different : ExitStatus::same);
+    end(output, result.summary.hasDifferences() ? ExitStatus::different : ExitStatus::same);
 }
 
 [[noreturn]] void run(const ReportCommand& command, Output& output) {

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "cli/DisplayText.h"
-#include "cli/SummaryReport.h"
 #include "cli/TextLine.h"
 
 namespace corvale::Cli {
@@ -125,7 +124,7 @@ void appendBlankKeys(std::string& target, const BlankKeys& blankKeys, const Text
 }  // namespace
 
 void appendCounts(std::string& target, const DiffResult& result, std::size_t listed, const TextReportContext& context) {
-    if (!hasDifferences(result.summary)) {
+    if (!result.summary.hasDifferences()) {
         TextLine line(target, context.style);
         line.add("No differences", Ink::strong);
         line.add(": " + plural(result.summary.same, "row is", "rows are") + " the same.");

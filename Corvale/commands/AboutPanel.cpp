@@ -59,7 +59,7 @@ QString supportDetails() {
              screen ? QString::number(screen->devicePixelRatio()) : QStringLiteral("?"));
 }
 
-AboutPanel::AboutPanel(QWidget* parent) : FurtherWindow(tr("About Corvale"), parent) { layOut(); }
+AboutPanel::AboutPanel(QWidget* parent) : AuxiliaryWindow(tr("About Corvale"), parent) { layOut(); }
 
 void AboutPanel::layOut() {
     auto* const icon = new QLabel(this);

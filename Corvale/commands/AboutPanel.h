@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "Corvale/commands/FurtherWindow.h"
+#include "Corvale/commands/AuxiliaryWindow.h"
 
 namespace corvale {
 
@@ -10,7 +10,7 @@ namespace corvale {
 QString supportDetails();
 
 // Says what the program is, which version, and what it is made with.
-class AboutPanel : public FurtherWindow {
+class AboutPanel : public AuxiliaryWindow {
     Q_OBJECT
 
 public:

@@ -24,7 +24,7 @@ QString forPeople(const QUrl& address) {
     return address.scheme() == u"mailto" ? address.path() : address.toString(QUrl::FullyEncoded);
 }
 
-void give(const QUrl& address, QWidget& window) {
+void showAddress(const QUrl& address, QWidget& window) {
     const bool isMail = address.scheme() == u"mailto";
     const QString text = forPeople(address);
     QMessageBox* const alert = makeAlert(
@@ -50,7 +50,7 @@ AddressOpener::AddressOpener(Desktop desktop) : m_desktop(std::move(desktop)) {}
 
 void AddressOpener::open(const QUrl& address, QWidget& window) const {
     if (!m_desktop(address)) {
-        give(address, window);
+        showAddress(address, window);
     }
 }
 

@@ -7,12 +7,11 @@
 #include <utility>
 
 #include "Corvale/model/AppModel.h"
+#include "Corvale/window/FileDrop.h"
 
 namespace corvale {
 
 namespace {
-
-constexpr qsizetype mostFiles = 2;
 
 // Who names files by hand sits at a terminal.
 void tell(const QString& sentence) { std::fputs(("corvale: " + sentence.toLocal8Bit() + '\n').constData(), stderr); }
@@ -28,7 +27,7 @@ void AppDelegate::open(const QStringList& arguments) {
             tell(tr("A file name is empty and was passed over."));
             continue;
         }
-        if (files.size() == mostFiles) {
+        if (files.size() == FileDrop::mostFiles) {
             tell(tr("Two files can be compared at a time; “%1” was not opened.").arg(argument));
             continue;
         }

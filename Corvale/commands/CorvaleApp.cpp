@@ -7,15 +7,15 @@
 
 namespace corvale {
 
-CorvaleApp::Outside CorvaleApp::Outside::ofVendor() {
+CorvaleApp::Environment CorvaleApp::Environment::ofVendor() {
     return {.updateEndpoint = QUrl(QString::fromUtf8(Vendor::updateEndpoint)),
             .updateFeed = QUrl(QString::fromUtf8(Vendor::updateFeed)),
             .opener = AddressOpener()};
 }
 
-CorvaleApp::CorvaleApp(Platform& platform, Theme& theme, QSettings& store, const Outside& outside)
-    : m_opener(outside.opener),
-      m_canUpdate(!outside.updateEndpoint.isEmpty() && !outside.updateFeed.isEmpty()),
+CorvaleApp::CorvaleApp(Platform& platform, Theme& theme, QSettings& store, const Environment& environment)
+    : m_opener(environment.opener),
+      m_canUpdate(!environment.updateEndpoint.isEmpty() && !environment.updateFeed.isEmpty()),
       m_model(platform),
       m_window(m_model, platform, theme),
       m_help(new HelpView(theme, &m_window)),
@@ -23,8 +23,8 @@ CorvaleApp::CorvaleApp(Platform& platform, Theme& theme, QSettings& store, const
       m_about(new AboutPanel(&m_window)),
       m_welcome(new WelcomeView(m_model, theme, &m_window)),
       m_alerts(m_window, m_opener),
-      m_controller({.feed = outside.updateFeed, .program = ProgramIdentity::current()}, store, m_alerts),
-      m_updater(m_controller, m_alerts, outside.updateEndpoint, ProgramIdentity::current()),
+      m_controller({.feed = environment.updateFeed, .program = ProgramIdentity::current()}, store, m_alerts),
+      m_updater(m_controller, m_alerts, environment.updateEndpoint, ProgramIdentity::current()),
       m_delegate(m_model),
       m_menus(new MainMenus(m_model, m_window, actions())) {
     for (QWidget* further : std::initializer_list<QWidget*>{m_help, m_settings, m_about, m_welcome}) {

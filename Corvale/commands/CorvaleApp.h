@@ -27,17 +27,18 @@ class Theme;
 class CorvaleApp {
 public:
     // What is outside of the program.
-    struct Outside {
+    struct Environment {
         QUrl updateEndpoint;  // it or the feed empty: no update checks
         QUrl updateFeed;
         AddressOpener opener;
 
         // As whoever ships this build has set it.
-        static Outside ofVendor();
+        static Environment ofVendor();
     };
 
     // All outlive the application. The store keeps what the update checks have to remember.
-    CorvaleApp(Platform& platform, Theme& theme, QSettings& store, const Outside& outside = Outside::ofVendor());
+    CorvaleApp(Platform& platform, Theme& theme, QSettings& store,
+               const Environment& environment = Environment::ofVendor());
     CorvaleApp(const CorvaleApp&) = delete;
     CorvaleApp& operator=(const CorvaleApp&) = delete;
 

@@ -15,6 +15,7 @@
 
 #include "Corvale/style/Icons.h"
 #include "Corvale/style/Look.h"
+#include "Corvale/style/Metrics.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/style/Typography.h"
 
@@ -23,7 +24,6 @@ namespace corvale {
 namespace {
 
 constexpr QSize usual(820, 560);
-constexpr int sidebarWidth = 228;
 constexpr int articleMargin = 34;
 
 QTextBlockFormat paragraph(qreal spaceBelow, qreal lineHeight) {
@@ -43,7 +43,7 @@ QTextCharFormat letters(TextRole role, const QColor& color) {
 }  // namespace
 
 HelpView::HelpView(Theme& theme, QWidget* parent)
-    : FurtherWindow(tr("Corvale Help"), parent),
+    : AuxiliaryWindow(tr("Corvale Help"), parent),
       m_theme(theme),
       m_topics(helpTopics()),
       m_selected(QStringLiteral("start")),
@@ -85,10 +85,10 @@ void HelpView::layOut() {
 
 QWidget* HelpView::makeSidebar() {
     auto* const sidebar = new QFrame(this);
-    sidebar->setFixedWidth(sidebarWidth);
+    sidebar->setFixedWidth(Metrics::helpSidebar);
     setLook(*sidebar, Look::sidebar);
     setLook(*m_list, Look::topics);
-    m_list->setIconSize(QSize(16, 16));
+    m_list->setIconSize(QSize(Metrics::icon, Metrics::icon));
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setLook(*m_nothing, Look::secondaryText);
     m_nothing->setWordWrap(true);
@@ -185,7 +185,7 @@ void HelpView::open() {
     if (!isVisible()) {
         m_search->clear();
     }
-    FurtherWindow::open();
+    AuxiliaryWindow::open();
     m_list->setFocus(Qt::OtherFocusReason);
 }
 

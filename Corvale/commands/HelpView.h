@@ -3,7 +3,7 @@
 #include <QList>
 #include <QString>
 
-#include "Corvale/commands/FurtherWindow.h"
+#include "Corvale/commands/AuxiliaryWindow.h"
 #include "Corvale/commands/Topic.h"
 
 class QLabel;
@@ -18,7 +18,7 @@ class Theme;
 
 // The help: its topics at the left, what the selected one says at the right. A window of its own beside the main one,
 // which can be read whatever the main one asks, and does not keep the program open.
-class HelpView : public FurtherWindow {
+class HelpView : public AuxiliaryWindow {
     Q_OBJECT
 
 public:

@@ -1,13 +1,13 @@
 #include "Corvale/commands/MainMenus.h"
 
 #include <QAction>
-#include <QCoreApplication>
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
 #include <utility>
 
 #include "Corvale/model/AppModel.h"
+#include "Corvale/model/Edit.h"
 #include "Corvale/window/MainWindow.h"
 #include "MacMenuBaseline/MenuBaseline.h"
 
@@ -116,21 +116,13 @@ void MainMenus::addCompare() {
 }
 
 void MainMenus::addView(QMenu* menu, Command command, ViewMode view) {
-    command.run = [this, view] {
-        AppSettings settings = m_model.settings();
-        settings.view = view;
-        m_model.setSettings(settings);
-    };
+    command.run = [this, view] { Edit::settings(m_model, [view](AppSettings& settings) { settings.view = view; }); };
     command.isChecked = [this, view] { return m_model.settings().view == view; };
     add(menu, std::move(command));
 }
 
 void MainMenus::addShow(QMenu* menu, Command command, DiffFilter::Show show) {
-    command.run = [this, show] {
-        DiffFilter filter = m_model.filter();
-        filter.show = show;
-        m_model.setFilter(filter);
-    };
+    command.run = [this, show] { Edit::filter(m_model, [show](DiffFilter& filter) { filter.show = show; }); };
     command.isEnabled = [this] { return m_model.result() != nullptr; };
     command.isChecked = [this, show] { return m_model.filter().show == show; };
     add(menu, std::move(command));
@@ -158,8 +150,7 @@ void MainMenus::addHelp() {
                                           .shortcut = QKeySequence(QKeySequence::HelpContents),
                                           .action = m_actions.showHelp},
         .helpItems = further};
-    baseline.addHelpTo(*menu);
-    m_everywhere.append(menu->actions().constFirst());
+    m_everywhere.append(baseline.addHelpTo(*menu));
 }
 
 void MainMenus::refresh() {

@@ -1,7 +1,10 @@
 #include "Corvale/commands/SettingsView.h"
 
+#include <QAccessibleWidget>
 #include <QPainter>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
 
 #include "Corvale/commands/GeneralSettings.h"
 #include "Corvale/model/AppModel.h"
@@ -22,6 +25,7 @@ public:
     TabBar(QString title, Theme& theme, QWidget* parent) : QWidget(parent), m_title(std::move(title)), m_theme(theme) {
         setFixedHeight(barHeight);
         setAccessibleName(m_title);
+        QAccessible::installFactory(interfaceFor);
         connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
     }
 
@@ -41,6 +45,11 @@ protected:
     }
 
 private:
+    static QAccessibleInterface* interfaceFor(const QString&, QObject* object) {
+        auto* const bar = dynamic_cast<TabBar*>(object);
+        return bar == nullptr ? nullptr : new QAccessibleWidget(bar, QAccessible::PageTab);
+    }
+
     QString m_title;
     Theme& m_theme;
 };
@@ -48,7 +57,7 @@ private:
 }  // namespace
 
 SettingsView::SettingsView(AppModel& model, Theme& theme, QWidget* parent)
-    : FurtherWindow(tr("Settings"), parent), m_model(model) {
+    : AuxiliaryWindow(tr("Settings"), parent), m_model(model) {
     const QString general = tr("General");
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -58,11 +67,11 @@ SettingsView::SettingsView(AppModel& model, Theme& theme, QWidget* parent)
     page->setAccessibleName(general);
     column->addWidget(page);
     column->setSizeConstraint(QLayout::SetFixedSize);
-    connect(&model, &AppModel::sheetChanged, this, &SettingsView::makeWay);
+    connect(&model, &AppModel::sheetChanged, this, &SettingsView::closeUnderSheet);
 }
 
 // A sheet keeps the windows of the main one from mouse and keys: this one would only cover it.
-void SettingsView::makeWay() {
+void SettingsView::closeUnderSheet() {
     if (m_model.sheet()) {
         close();
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Corvale/commands/FurtherWindow.h"
+#include "Corvale/commands/AuxiliaryWindow.h"
 
 namespace corvale {
 
@@ -8,7 +8,7 @@ class AppModel;
 class Theme;
 
 // The settings window. What is set there holds at once.
-class SettingsView : public FurtherWindow {
+class SettingsView : public AuxiliaryWindow {
     Q_OBJECT
 
 public:
@@ -16,7 +16,7 @@ public:
     SettingsView(AppModel& model, Theme& theme, QWidget* parent);
 
 private:
-    void makeWay();
+    void closeUnderSheet();
 
     AppModel& m_model;
 };

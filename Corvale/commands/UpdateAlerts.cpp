@@ -41,7 +41,6 @@ QString newsOf(const AppcastItem& item) {
 
 void UpdateAlerts::tell(const QString& title, const QString& message) {
     QMessageBox* const alert = makeAlert(m_window, title, message);
-    alert->setStandardButtons(QMessageBox::NoButton);
     alert->addButton(Texts::tr("OK"), QMessageBox::AcceptRole);
     alert->open();
 }
@@ -54,10 +53,10 @@ void UpdateAlerts::askForConsent(std::function<void(bool)> answer) {
                   "files is sent. You can always check yourself from the Help menu."));
     const QPushButton* const yes = alert->addButton(Texts::tr("Check Automatically"), QMessageBox::AcceptRole);
     alert->addButton(Texts::tr("Don’t Check"), QMessageBox::RejectRole);
-    QObject::connect(
-        alert, &QMessageBox::buttonClicked, alert, [yes, answer = std::move(answer)](const QAbstractButton* button) {
-            answer(button == yes);
-        });
+    // Not only a button ends it: so does the one that closes its window.
+    QObject::connect(alert, &QDialog::finished, alert, [alert, yes, answer = std::move(answer)] {
+        answer(alert->clickedButton() == yes);
+    });
     alert->open();
 }
 

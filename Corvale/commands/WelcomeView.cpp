@@ -7,11 +7,14 @@
 #include <QPainterPath>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "Corvale/commands/Scrim.h"
 #include "Corvale/model/AppModel.h"
+#include "Corvale/model/Edit.h"
 #include "Corvale/style/Icons.h"
 #include "Corvale/style/Look.h"
+#include "Corvale/style/Metrics.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/style/Typography.h"
 #include "Corvale/window/Drawing.h"
@@ -23,7 +26,6 @@ namespace {
 constexpr int sheetWidth = 620;
 constexpr int sideMargin = 48;
 constexpr int footHeight = 61;
-constexpr int radius = 12;
 constexpr int tileSize = 44;
 constexpr int appIconSize = 80;
 
@@ -169,25 +171,23 @@ bool WelcomeView::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void WelcomeView::beDone() {
-    AppSettings settings = m_model.settings();
-    settings.onboardingDone = true;
-    m_model.setSettings(settings);
+    Edit::settings(m_model, [](AppSettings& settings) { settings.onboardingDone = true; });
 }
 
 void WelcomeView::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
     // Rounded also where nothing blends the windows of the screen.
     QPainterPath outline;
-    outline.addRoundedRect(rect(), radius, radius);
+    outline.addRoundedRect(rect(), Metrics::panelRadius, Metrics::panelRadius);
     setMask(QRegion(outline.toFillPolygon().toPolygon()));
 }
 
 void WelcomeView::paintEvent(QPaintEvent*) {
     const Palette& palette = m_theme.palette();
     QPainter painter(this);
-    Drawing::box(painter, rect(), radius, palette.window, palette.popupBorder);
+    Drawing::box(painter, rect(), Metrics::panelRadius, palette.window, palette.popupBorder);
     painter.setClipRect(0, 0, width(), height() - footHeight);
-    Drawing::box(painter, rect(), radius, palette.surface, palette.popupBorder);
+    Drawing::box(painter, rect(), Metrics::panelRadius, palette.surface, palette.popupBorder);
     painter.setClipping(false);
     painter.fillRect(1, height() - footHeight, width() - 2, 1, palette.border);
 }

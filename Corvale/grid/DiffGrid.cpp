@@ -23,14 +23,13 @@ namespace {
 constexpr int lineHeight = LinePainter::lineHeight;
 constexpr int sidewaysStep = 40;
 
-bool hasDifferences(const DiffSummary& summary) { return summary.added + summary.removed + summary.changed > 0; }
 
 // Why a list is empty.
 GridPlaceholder::Subject reasonForNoRows(const DiffResult& result, const DiffFilter& filter) {
     const bool showsAll = filter.show == DiffFilter::Show::all;
     const bool isNarrowed = showsAll && (filter.column || !filter.search.empty());
-    return hasDifferences(result.summary) || isNarrowed ? GridPlaceholder::Subject::noRowsMatch
-                                                        : GridPlaceholder::Subject::noDifferences;
+    return result.summary.hasDifferences() || isNarrowed ? GridPlaceholder::Subject::noRowsMatch
+                                                         : GridPlaceholder::Subject::noDifferences;
 }
 
 }  // namespace

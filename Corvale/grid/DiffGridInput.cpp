@@ -14,6 +14,7 @@
 #include "Corvale/grid/GridAccessibility.h"
 #include "Corvale/grid/RowTexts.h"
 #include "Corvale/model/AppModel.h"
+#include "Corvale/style/Metrics.h"
 
 namespace corvale {
 
@@ -22,7 +23,6 @@ namespace {
 using Place = GridGeometry::Place;
 using RowSide = DuplicateKey::Side;
 
-constexpr int gutterWidth = static_cast<int>(GridLayout::numbersWidth) / 2;
 // Of each value: both have to show.
 constexpr qsizetype longestInToolTip = 480;
 
@@ -129,9 +129,9 @@ QString DiffGrid::toolTipAt(const QPoint& position) const {
         return cellToolTip(*spot.line, *spot.cell);
     }
     const GridRow gridRow = row(*spot.line);
-    if (position.x() < 2 * gutterWidth) {
+    if (position.x() < 2 * Metrics::gridGutter) {
         return RowTexts::labelledNumber(
-            gridRow.result(), gridRow.row(), position.x() < gutterWidth ? RowSide::before : RowSide::after);
+            gridRow.result(), gridRow.row(), position.x() < Metrics::gridGutter ? RowSide::before : RowSide::after);
     }
     return {};
 }

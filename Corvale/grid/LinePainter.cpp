@@ -20,17 +20,13 @@ using Place = GridGeometry::Place;
 using RowSide = DuplicateKey::Side;
 
 constexpr int contentHeight = LinePainter::lineHeight - 1;
-constexpr int gutterWidth = 52;
 constexpr int gutterPadding = 7;
 constexpr int widestNumber = 41;  // beside the bar of the selected line
-constexpr int statusLeft = static_cast<int>(GridLayout::numbersWidth) + 11;
-constexpr int statusIcon = 16;
-constexpr int statusGap = 7;
+constexpr int statusLeft = static_cast<int>(GridLayout::numbersWidth) + Metrics::gridCellPadding;
 constexpr int gapWidth = static_cast<int>(GridLayout::gapWidth);
-constexpr int shadowWidth = 3;
 constexpr float shadowOpacity = 0.16F;
 constexpr qreal tintOfColoredHairline = 0.45;
-constexpr QSize tabSize(14, 21);
+constexpr QSize tabSize(Metrics::edgeTabWidth, Metrics::edgeTabHeight);
 constexpr int tabRadius = 5;
 constexpr int tabIcon = 11;
 constexpr int hatchPeriod = 8;  // across; six between the diagonals
@@ -158,8 +154,9 @@ void LinePainter::paintPinned(QPainter& painter, const GridRow& line, int y, int
     if (pinned) {
         paintCell(painter, line, *pinned, y, scroll, state);
     }
-    paintNumber(painter, line, RowSide::before, {0, y, gutterWidth, contentHeight}, state.isSelected);
-    paintNumber(painter, line, RowSide::after, {gutterWidth, y, gutterWidth, contentHeight}, state.isSelected);
+    paintNumber(painter, line, RowSide::before, {0, y, Metrics::gridGutter, contentHeight}, state.isSelected);
+    paintNumber(
+        painter, line, RowSide::after, {Metrics::gridGutter, y, Metrics::gridGutter, contentHeight}, state.isSelected);
     paintStatus(painter, line.row(), y);
     painter.fillRect(0, y + contentHeight, geometry.viewportWidth(), 1, hairline(line));
 
@@ -197,12 +194,12 @@ void LinePainter::paintStatus(QPainter& painter, const DiffRow& row, int y) {
     const QColor color = GridDrawing::statusColor(m_theme.palette(), row.status);
     QPixmap& symbol = m_statusSymbols.at(static_cast<std::size_t>(row.status));
     if (symbol.isNull()) {
-        symbol = Icons::pixmap(RowTexts::statusSymbol(row.status), color, statusIcon, m_pixelRatio);
+        symbol = Icons::pixmap(RowTexts::statusSymbol(row.status), color, Metrics::icon, m_pixelRatio);
     }
-    painter.drawPixmap(statusLeft, y + (contentHeight - statusIcon) / 2, symbol);
+    painter.drawPixmap(statusLeft, y + (contentHeight - Metrics::icon) / 2, symbol);
     const GridFont& font =
         row.status == DiffRow::Status::same ? m_contents.fonts.unchangedStatus : m_contents.fonts.status;
-    constexpr int left = statusLeft + statusIcon + statusGap;
+    constexpr int left = statusLeft + Metrics::icon + Metrics::gridStatusGap;
     painter.setPen(color);
     font.draw(painter,
               QPointF(left, font.baseline(y, contentHeight)),
@@ -242,7 +239,7 @@ void LinePainter::paintSelection(QPainter& painter, int y, int width, bool gridH
     const int top = std::max(y - 1, 0);
     painter.fillRect(0, top, width, 2, color);
     painter.fillRect(0, y + contentHeight, width, 2, color);
-    painter.fillRect(0, top, 3, y + contentHeight + 2 - top, color);
+    painter.fillRect(0, top, Metrics::selectedRowBar, y + contentHeight + 2 - top, color);
 }
 
 void LinePainter::paintEdges(QPainter& painter, const QColor& border, const GridGeometry& geometry, int scroll,
@@ -253,10 +250,10 @@ void LinePainter::paintEdges(QPainter& painter, const QColor& border, const Grid
     }
     const int edge = geometry.scrolledAreaLeft(scroll);
     painter.fillRect(edge, 0, 1, height, border);
-    QLinearGradient shadow(edge + 1, 0, edge + 1 + shadowWidth, 0);
+    QLinearGradient shadow(edge + 1, 0, edge + 1 + Metrics::pinnedShadow, 0);
     shadow.setColorAt(0, QColor::fromRgbF(0, 0, 0, shadowOpacity));
     shadow.setColorAt(1, Qt::transparent);
-    painter.fillRect(edge + 1, 0, shadowWidth, height, shadow);
+    painter.fillRect(edge + 1, 0, Metrics::pinnedShadow, height, shadow);
 }
 
 }  // namespace corvale

@@ -10,6 +10,7 @@
 #include "Corvale/grid/CellPainter.h"
 #include "Corvale/grid/GridContents.h"
 #include "Corvale/grid/GridRow.h"
+#include "Corvale/style/Metrics.h"
 
 class QColor;
 class QPainter;
@@ -22,7 +23,7 @@ class Theme;
 // over it.
 class LinePainter {
 public:
-    static constexpr int lineHeight = 28;
+    static constexpr int lineHeight = Metrics::gridRow;
 
     struct State {
         bool isSelected = false;

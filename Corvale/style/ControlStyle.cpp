@@ -46,8 +46,6 @@ void ControlStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
                                   QStringLiteral("chevron.down"),
                                   symbolColor,
                                   Shapes::centered(Metrics::chevron, option->rect));
-        case PE_Widget:
-            return drawCard(widget == nullptr ? Look::none : lookOf(*widget), option->rect, *painter);
         case PE_PanelMenu:
             return painter->fillRect(option->rect, m_palette.menu);
         case PE_FrameMenu:
@@ -149,18 +147,6 @@ int ControlStyle::styleHint(StyleHint hint, const QStyleOption* option, const QW
             return 0;
         default:
             return QProxyStyle::styleHint(hint, option, widget, returned);
-    }
-}
-
-void ControlStyle::drawCard(Look look, const QRect& rect, QPainter& painter) const {
-    if (look == Look::emptyCard) {
-        QPen pen(m_palette.field, 1);
-        pen.setDashPattern({3, 3});
-        Shapes::box(painter, rect, Metrics::cardRadius, Qt::NoBrush, pen);
-    } else if (look == Look::dropTarget) {
-        QPen pen(m_palette.accent, 2);
-        pen.setDashPattern({3, 2});
-        Shapes::box(painter, rect, Metrics::cardRadius, m_palette.accentTint, pen);
     }
 }
 

@@ -124,7 +124,7 @@ TEST_F(CloseShortcut, ClosesTheWindowThatHasTheKeyboard) {
 }
 
 TEST_F(CloseShortcut, AsksTheGuard) {
-    guard.shouldClose = [] { return false; };
+    guard.shouldClose = [](const QWidget&) { return false; };
     pressCtrlWIn(main);
     EXPECT_TRUE(main.isVisible());
 }

@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QDir>
 #include <QFileOpenEvent>
 
 #include "tests/Corvale/commands/AppTest.h"

@@ -5,8 +5,6 @@
 #include <QMenuBar>
 #include <QTest>
 
-#include "Corvale/style/Theme.h"
-
 namespace corvale::TestSupport {
 
 namespace {
@@ -25,11 +23,6 @@ QString described(const QAction& action) {
 
 }  // namespace
 
-Theme& theme() {
-    static auto* const theme = new Theme(*qApp);
-    return *theme;
-}
-
 AppTest::AppTest() {
     AppSettings settings;
     settings.onboardingDone = true;
@@ -37,7 +30,7 @@ AppTest::AppTest() {
 }
 
 CorvaleApp& AppTest::start(const QStringList& files) {
-    m_app = std::make_unique<CorvaleApp>(m_platform, theme(), m_store, m_outside);
+    m_app = std::make_unique<CorvaleApp>(m_platform, theme(), m_store, m_environment);
     m_app->start(files);
     m_platform.settle();
     return *m_app;

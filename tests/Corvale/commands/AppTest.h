@@ -15,11 +15,9 @@
 
 #include "Corvale/commands/CorvaleApp.h"
 #include "tests/Corvale/model/ScriptedPlatform.h"
+#include "tests/support-qt/TestTheme.h"
 
 namespace corvale::TestSupport {
-
-// The theme of the test program.
-Theme& theme();
 
 // The whole application over a scripted system. The welcome sheet was seen before.
 class AppTest : public testing::Test {
@@ -60,7 +58,7 @@ protected:
     bool m_opensAddresses = true;
     QList<QUrl> m_opened;
     // No update checks.
-    CorvaleApp::Outside m_outside{
+    CorvaleApp::Environment m_environment{
         .updateEndpoint = {}, .updateFeed = {}, .opener = AddressOpener([this](const QUrl& address) {
                                                     m_opened.append(address);
                                                     return m_opensAddresses;

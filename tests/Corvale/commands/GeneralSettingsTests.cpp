@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -77,10 +78,13 @@ TEST_F(GeneralSettingsTest, HaveAHairlineBetweenTheLinesOfACard) {
 
 TEST_F(GeneralSettingsTest, NameTheTabAndItsPage) {
     QStringList names;
-    for (const QWidget* part : view().findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+    QList<QAccessible::Role> roles;
+    for (QWidget* part : view().findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
         names.append(part->accessibleName());
+        roles.append(QAccessible::queryAccessibleInterface(part)->role());
     }
     EXPECT_EQ(names, (QStringList{QStringLiteral("General"), QStringLiteral("General")}));
+    EXPECT_EQ(roles, (QList{QAccessible::PageTab, QAccessible::Client}));
 }
 
 TEST_F(GeneralSettingsTest, HoldAtOnce) {

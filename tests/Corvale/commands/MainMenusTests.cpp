@@ -1,10 +1,12 @@
 #include <QApplication>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QTest>
 #include <QTimer>
 #include <chrono>
 
 #include "tests/Corvale/commands/AppTest.h"
+#include "tests/Corvale/updates/LoopbackServer.h"
 
 namespace corvale {
 namespace {
@@ -240,6 +242,56 @@ TEST_F(MainMenusTest, DoNotQuitInTheMiddleOfAReport) {
     m_platform.settle();
     EXPECT_FALSE(m_app->window().isVisible()) << "as soon as the report is there";
     EXPECT_TRUE(m_platform.files.contains("report.xlsx"));
+}
+
+TEST_F(MainMenusTest, CloseTheHelpWhileAReportIsWritten) {
+    start();
+    openSamples();
+    item("Export Excel Report…").trigger();
+    m_platform.chooseTarget("report.xlsx");
+    ASSERT_TRUE(model().exporting());
+    auto& help = window<HelpView>();
+    help.open();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&help));
+    QTest::keyClick(&help, Qt::Key_W, Qt::ControlModifier);
+    EXPECT_FALSE(help.isVisible());
+    m_platform.settle();
+    EXPECT_FALSE(model().exporting());
+    EXPECT_TRUE(m_app->window().isVisible());
+}
+
+TEST_F(MainMenusTest, OfferUpdateChecksOnlyWhereThereIsSomewhereToLook) {
+    struct Case {
+        QUrl endpoint;
+        QUrl feed;
+        bool isOffered;
+    };
+    const QUrl somewhere(QStringLiteral("http://127.0.0.1:9/"));
+    for (const auto& [endpoint, feed, isOffered] : {Case{{}, {}, false},
+                                                    Case{somewhere, {}, false},
+                                                    Case{{}, somewhere, false},
+                                                    Case{somewhere, somewhere, true}}) {
+        m_environment.updateEndpoint = endpoint;
+        m_environment.updateFeed = feed;
+        start();
+        EXPECT_EQ(menu("Help"),
+                  isOffered ? (Items{"Corvale Help (F1)", "Check for Updates…", "-", "About Corvale"})
+                            : (Items{"Corvale Help (F1)", "-", "About Corvale"}));
+    }
+    EXPECT_EQ(item("Check for Updates…").menuRole(), QAction::ApplicationSpecificRole);
+}
+
+TEST_F(MainMenusTest, CheckForUpdatesOnceAtATime) {
+    TestSupport::LoopbackServer server;
+    server.answerWithStatus(QStringLiteral("/feed.xml"), 404);
+    m_environment.updateEndpoint = m_environment.updateFeed = server.url();
+    start();
+    item("Check for Updates…").trigger();
+    EXPECT_FALSE(item("Check for Updates…").isEnabled());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return item("Check for Updates…").isEnabled(); }, 10000));
+    ASSERT_EQ(server.requests().size(), 1);
+    EXPECT_TRUE(server.requests().first().startsWith("HEAD /feed.xml ")) << server.requests().first().toStdString();
+    EXPECT_EQ(window<QMessageBox>().text(), QStringLiteral("You’re up to date"));
 }
 
 TEST_F(MainMenusTest, StandWhereTheSystemWantsThem) {

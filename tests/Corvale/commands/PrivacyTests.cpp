@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QSettings>
 #include <QTcpSocket>
-#include <QTemporaryDir>
 #include <QTest>
 #include <filesystem>
 #include <functional>

@@ -1,11 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <QWidget>
+#include <functional>
 #include <optional>
+#include <vector>
 
 #include "Corvale/commands/UpdateAlerts.h"
 
@@ -64,10 +65,15 @@ TEST_F(UpdateAlertsTest, AskForConsentAndTakeEitherAnswer) {
 }
 
 TEST_F(UpdateAlertsTest, TakeClosingForNo) {
-    std::optional<bool> answer;
-    m_alerts.askForConsent([&](bool mayCheck) { answer = mayCheck; });
-    QTest::keyClick(&alert(), Qt::Key_Escape);
-    EXPECT_EQ(answer, false);
+    const std::vector<std::function<void()>> ways{[this] { QTest::keyClick(&alert(), Qt::Key_Escape); },
+                                                  [this] { alert().close(); }};
+    for (const auto& close : ways) {
+        std::vector<bool> answers;
+        m_alerts.askForConsent([&](bool mayCheck) { answers.push_back(mayCheck); });
+        close();
+        EXPECT_EQ(answers, std::vector{false});
+        EXPECT_TRUE(QTest::qWaitFor([&] { return m_window.findChild<QMessageBox*>() == nullptr; }));
+    }
 }
 
 TEST_F(UpdateAlertsTest, OfferAVersionWithItsNewsAsPlainText) {

@@ -111,7 +111,7 @@ TEST_F(WelcomeViewTest, FollowsTheWindow) {
 }
 
 TEST_F(WelcomeViewTest, IsNotInterruptedByTheQuestionAboutUpdates) {
-    m_outside.updateEndpoint = m_outside.updateFeed = QUrl(QStringLiteral("http://127.0.0.1:9/"));
+    m_environment.updateEndpoint = m_environment.updateFeed = QUrl(QStringLiteral("http://127.0.0.1:9/"));
     m_store.setValue(QStringLiteral("updates/hasStarted"), true);
     start();
     const auto question = [this] { return m_app->window().findChild<QMessageBox*>(); };

@@ -248,6 +248,12 @@ TEST_F(DiffGridTest, EqualFilesHaveNoDifferences) {
     EXPECT_FALSE(placeholder().isVisible());
 }
 
+TEST_F(DiffGridTest, AColumnOfOneFileIsADifferenceThatNoRowShows) {
+    open("ID,A\n1,2\n", "ID,A,B\n1,2,3\n");
+    EXPECT_TRUE(placeholder().isVisible());
+    EXPECT_EQ(placeholder().subject(), GridPlaceholder::Subject::noRowsMatch);
+}
+
 TEST_F(DiffGridTest, ATabAtTheEdgeScrollsToTheChangedCell) {
     open(wideTable(30, 30, false), wideTable(30, 30, true));
     const GridGeometry& geometry = m_grid.contents().geometry;

@@ -125,7 +125,7 @@ TEST_F(UpdaterTest, CouldNotCheckAtAnyOtherStatus) {
 TEST_F(UpdaterTest, CouldNotCheckWhenTheServerHangs) {
     check(m_server.url(), std::chrono::milliseconds(50));
     expectCouldNotCheck();
-    EXPECT_EQ(Updater::usualTimeout, std::chrono::seconds(15));
+    EXPECT_EQ(UpdateRequest::usualTimeout, std::chrono::seconds(15));
 }
 
 TEST_F(UpdaterTest, CouldNotCheckWhenTheConnectionIsRefused) {

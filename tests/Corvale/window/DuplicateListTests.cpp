@@ -1,9 +1,8 @@
 #include <QAccessible>
-#include <QElapsedTimer>
 #include <QTableView>
 #include <QTest>
 
-#include "Corvale/window/DuplicateKeysTable.h"
+#include "Corvale/window/DuplicateKeysModel.h"
 #include "Corvale/window/DuplicateList.h"
 #include "Corvale/window/SummaryStrip.h"
 #include "tests/Corvale/window/WindowFixture.h"
@@ -121,12 +120,12 @@ TEST_F(DuplicateListTest, ScrollsAfterTenLines) {
     EXPECT_LT(m_table->findChildren<QWidget*>().size(), 30);
 }
 
-TEST(DuplicateKeysTable, BlankKeysAndMillionsOfRowsReadWell) {
-    EXPECT_EQ(DuplicateKeysTable::text({.key = "", .side = DuplicateKey::Side::after, .rowNumbers = {7}},
-                                       DuplicateKeysTable::key),
+TEST(DuplicateKeysModel, BlankKeysAndMillionsOfRowsReadWell) {
+    EXPECT_EQ(DuplicateKeysModel::text({.key = "", .side = DuplicateKey::Side::after, .rowNumbers = {7}},
+                                       DuplicateKeysModel::key),
               QStringLiteral("(blank)"));
     const std::vector<std::int64_t> many(1'000'000, 12);
-    const QString rows = DuplicateKeysTable::text({.key = "x", .rowNumbers = many}, DuplicateKeysTable::rows);
+    const QString rows = DuplicateKeysModel::text({.key = "x", .rowNumbers = many}, DuplicateKeysModel::rows);
     EXPECT_TRUE(rows.endsWith(QStringLiteral("12, …")));
     EXPECT_LT(rows.size(), 1000);
 }

@@ -1,3 +1,5 @@
+#include <QApplication>
+#include <QFontMetrics>
 #include <QHelpEvent>
 #include <QTemporaryDir>
 #include <QTest>
@@ -6,6 +8,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "Corvale/style/Typography.h"
+#include "Corvale/window/Drawing.h"
 #include "Corvale/window/ElidedLabel.h"
 #include "Corvale/window/FileCard.h"
 #include "Corvale/window/FilesBar.h"
@@ -48,6 +52,12 @@ protected:
         }
         throw std::runtime_error("nothing named " + name);
     }
+    bool showsSheetMenu(Side side) {
+        const auto buttons = card(side).findChildren<Button*>();
+        return std::any_of(buttons.begin(), buttons.end(), [](const Button* button) {
+            return button->toolTip() == QStringLiteral("The sheet to compare") && button->isVisible();
+        });
+    }
     bool cardShows(Side side, const std::string& name) {
         const auto widgets = card(side).findChildren<QWidget*>();
         return std::any_of(widgets.begin(), widgets.end(), [&name](const QWidget* widget) {
@@ -86,7 +96,7 @@ TEST_F(FileCardTest, ALoadedCardTellsNameAndSize) {
     EXPECT_TRUE(cardShows(Side::before, "before.csv"));
     EXPECT_TRUE(cardShows(Side::before, "2 rows · 2 columns"));
     EXPECT_FALSE(cardShows(Side::before, "Drop a file here"));
-    EXPECT_FALSE(cardShows(Side::before, "Sheet: "));
+    EXPECT_FALSE(showsSheetMenu(Side::before));
     open("a\n1\n", Side::after, "after.csv");
     EXPECT_TRUE(cardShows(Side::after, "1 row · 1 column"));
 }
@@ -105,6 +115,8 @@ TEST_F(FileCardTest, AWorkbookHasASheetMenu) {
     open(workbookOfTwoSheets(), Side::before, "stock.xlsx");
     auto& sheet = inCard<Button>(Side::before, "Sheet: Stock");
     EXPECT_EQ(sheet.accessibleDescription(), QStringLiteral("The sheet to compare"));
+    EXPECT_TRUE(showsSheetMenu(Side::before));
+    EXPECT_FALSE(showsSheetMenu(Side::after));
     EXPECT_EQ(itemsOf(sheet), (Items{"✓ Stock", "Old stock"}));
     pick(sheet, "Old stock");
     m_platform.settle();
@@ -187,6 +199,17 @@ TEST_F(FileCardTest, TwoDroppedFilesFillBothSidesTheFirstBecomingBefore) {
     }
 }
 
+TEST_F(FileCardTest, TwoFilesOverACardHighlightBoth) {
+    for (const Side side : {Side::before, Side::after}) {
+        EXPECT_TRUE(dragInto(card(side), {"/one.csv", "/two.csv"}));
+        EXPECT_TRUE(card(Side::before).targeted());
+        EXPECT_TRUE(card(Side::after).targeted());
+        dragOutOf(card(side));
+        EXPECT_FALSE(card(Side::before).targeted());
+        EXPECT_FALSE(card(Side::after).targeted());
+    }
+}
+
 TEST_F(FileCardTest, ADragThatLeavesLeavesNoTrace) {
     dragInto(card(Side::before), {"/one.csv"});
     dragOutOf(card(Side::before));
@@ -228,6 +251,23 @@ TEST_F(FileCardTest, InANarrowWindowWordsGiveWayBeforeTheCounts) {
     EXPECT_LT(sheet.width(), wide);
     EXPECT_EQ(sheet.accessibleName(), QStringLiteral("Sheet: Stock"));
     EXPECT_EQ(size.width(), size.sizeHint().width());
+}
+
+TEST_F(FileCardTest, ALargerSystemFontMakesALargerCard) {
+    open("a,b\n1,2\n", Side::before);
+    const auto& name = inCard<ElidedLabel>(Side::before, "before.csv");
+    const auto& menu = inCard<Button>(Side::before, "Header row of the Before file");
+    const int usualHeight = card(Side::before).height();
+    const QFont font = QApplication::font();
+    QFont larger = font;
+    larger.setPixelSize(26);
+    QApplication::setFont(larger);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return card(Side::before).height() > usualHeight; }));
+    EXPECT_GE(name.height(), QFontMetrics(fontFor(TextRole::cardName)).height());
+    EXPECT_GE(menu.height(), QFontMetrics(fontFor(TextRole::secondary)).height());
+    EXPECT_GE(menu.width(), Drawing::textWidth(fontFor(TextRole::secondary), menu.label()));
+    EXPECT_LE(menu.mapTo(&card(Side::before), menu.rect().bottomLeft()).y(), card(Side::before).height());
+    QApplication::setFont(font);
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ constexpr auto after = "id,Name,Price,Note\n1,Pen,2.50,a\n2,Mug,4.00,b\n4,Ink,1.
 class MatchBarTest : public WindowTest {
 protected:
     const DiffOptions& options() const { return m_model.settings().options; }
-    Button& ignore() { return button(ignoreName()); }
+    Button& ignore() { return *m_ignore; }
     Button& columns() { return *m_columns; }
 
     void comparePair() {
@@ -149,6 +149,7 @@ TEST_F(MatchBarTest, ColumnsIgnoredInOtherFilesAreNotCounted) {
     settings.options.ignoredColumns = {"Elsewhere"};
     m_model.setSettings(settings);
     comparePair();
+    EXPECT_EQ(columns().label(), QStringLiteral("Ignore Columns"));
     EXPECT_EQ(itemsOf(columns()).back(), "Compare Every Column");
 }
 

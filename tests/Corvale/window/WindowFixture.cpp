@@ -33,11 +33,6 @@ ScriptedPlatform& prepared(ScriptedPlatform& platform) {
 
 }  // namespace
 
-Theme& theme() {
-    static auto* const theme = new Theme(*qApp);
-    return *theme;
-}
-
 std::vector<std::string> itemsOf(const Button& button) {
     button.menu()->open();
     std::vector<std::string> items;

@@ -11,16 +11,13 @@
 #include <vector>
 
 #include "Corvale/model/AppModel.h"
-#include "Corvale/style/Theme.h"
 #include "Corvale/window/Button.h"
 #include "Corvale/window/MainView.h"
 #include "Corvale/window/MainWindow.h"
 #include "tests/Corvale/model/ScriptedPlatform.h"
+#include "tests/support-qt/TestTheme.h"
 
 namespace corvale::TestSupport {
-
-// The theme of the test program.
-Theme& theme();
 
 // The items of a menu as it would open now: titles as "[title]", separators as "-", ticked items as "✓ item", disabled
 // ones as "(item)".

@@ -5,11 +5,11 @@
 namespace corvale {
 
 // A window beside the main one, of which there is one of each kind: what asks for it again brings it to the front.
-class FurtherWindow : public QDialog {
+class AuxiliaryWindow : public QDialog {
     Q_OBJECT
 
 public:
-    FurtherWindow(const QString& title, QWidget* parent);
+    AuxiliaryWindow(const QString& title, QWidget* parent);
 
     // In front, with the keyboard.
     void open() override;
