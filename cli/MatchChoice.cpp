@@ -24,11 +24,11 @@ void requireColumns(const std::vector<std::string>& names, const std::string& pa
 
 MatchChoice chooseMatch(const std::optional<RowMatch>& wanted, const PairChoice& files, const TablePair& tables) {
     if (wanted) {
-        requireColumns(wanted->columns(), files.before.path, tables.before);
-        requireColumns(wanted->columns(), files.after.path, tables.after);
+        requireColumns(wanted->columns(), files.before.path, tables.before.table);
+        requireColumns(wanted->columns(), files.after.path, tables.after.table);
         return {*wanted, false};
     }
-    const auto key = KeySuggester::suggestedKey(tables.before, tables.after);
+    const auto key = KeySuggester::suggestedKey(tables.before.table, tables.after.table);
     return {key ? RowMatch::key({*key}) : RowMatch::rowOrder(), true};
 }
 

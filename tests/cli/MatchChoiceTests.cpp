@@ -9,8 +9,8 @@ namespace {
 const PairChoice files{{"old/a.csv", {}, {}}, {"b.csv", {}, {}}};
 
 TablePair tables() {
-    return {DataTable({"ID", "Name"}, {{"1", "Ann"}, {"2", "Bo"}}, "a.csv"),
-            DataTable({"id ", "Who"}, {{"1", "Ann"}, {"2", "Bo"}}, "b.csv")};
+    return {{DataTable({"ID", "Name"}, {{"1", "Ann"}, {"2", "Bo"}}, "a.csv"), {}},
+            {DataTable({"id ", "Who"}, {{"1", "Ann"}, {"2", "Bo"}}, "b.csv"), {}}};
 }
 
 std::string failureOf(const RowMatch& wanted) {
@@ -36,7 +36,7 @@ TEST(MatchChoice, WithoutAWishTheKeyIsSuggested) {
 }
 
 TEST(MatchChoice, WithoutAGoodKeyItIsRowOrder) {
-    const TablePair unrelated{DataTable({"A"}, {{"1"}}, "a.csv"), DataTable({"B"}, {{"1"}}, "b.csv")};
+    const TablePair unrelated{{DataTable({"A"}, {{"1"}}, "a.csv"), {}}, {DataTable({"B"}, {{"1"}}, "b.csv"), {}}};
     const MatchChoice choice = chooseMatch(std::nullopt, files, unrelated);
     EXPECT_EQ(choice.match, RowMatch::rowOrder());
     EXPECT_TRUE(choice.isSuggested);
