@@ -9,7 +9,7 @@
 #include "CorvaleKit/base/Failures.h"
 #include "CorvaleKit/base/JsonWriter.h"
 #include "CorvaleKit/base/Require.h"
-#include "CorvaleKit/loading/CellRowCoding.h"
+#include "CorvaleKit/loading/CellRowJson.h"
 
 namespace corvale {
 
@@ -84,11 +84,7 @@ std::string DataTable::encoded() const {
     JsonWriter json(target);
     json.beginObject();
     json.key("headers");
-    json.beginArray();
-    for (const auto& header : headers()) {
-        json.text(header);
-    }
-    json.endArray();
+    json.texts(headers());
     json.key("rows");
     json.beginArray();
     for (const CellRow row : rows()) {
@@ -98,11 +94,7 @@ std::string DataTable::encoded() const {
     json.key("sourceName");
     json.text(sourceName());
     json.key("rowNumbers");
-    json.beginArray();
-    for (const std::int64_t number : rowNumbers()) {
-        json.integer(number);
-    }
-    json.endArray();
+    json.integers(rowNumbers());
     json.key("headerRowNumber");
     json.integer(headerRowNumber());
     json.endObject();
