@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <charconv>
-#include <exception>
+#include <cstddef>
+#include <cstdint>
 #include <future>
 #include <utility>
 
@@ -31,6 +32,16 @@ SheetFailure noSuchSheet(const std::string& path, std::string_view choice, const
                         ".");
 }
 
+std::string nameOf(const std::vector<XLSX::Sheet>& sheets, std::int64_t index) {
+    const bool isThere = index >= 0 && static_cast<std::uint64_t>(index) < sheets.size();
+    return isThere ? sheets[static_cast<std::size_t>(index)].name : std::string();
+}
+
+void refuseByPath(const std::string& path) {
+    DataLoader::refuseByName(fileNameOf(path));
+    refuseOtherThanFiles(path);
+}
+
 }  // namespace
 
 std::vector<std::string> sheetNames(const std::vector<XLSX::Sheet>& sheets) {
@@ -54,19 +65,24 @@ std::int64_t sheetIndex(const std::vector<XLSX::Sheet>& sheets, const std::strin
     return static_cast<std::int64_t>(*index);
 }
 
-DataTable loadTable(const FileChoice& file) {
+LoadedTable loadTable(const FileChoice& file) {
     const std::string name = fileNameOf(file.path);
     DataLoader::refuseByName(name);
     Bytes bytes = readFile(file.path);
+    std::optional<std::string> sheet;
     const auto choose = [&](const std::vector<XLSX::Sheet>& sheets) {
-        return file.sheet ? sheetIndex(sheets, file.path, *file.sheet) : 0;
+        const std::int64_t index = file.sheet ? sheetIndex(sheets, file.path, *file.sheet) : 0;
+        sheet = nameOf(sheets, index);
+        return index;
     };
-    return DataLoader::load(std::move(bytes), name, choose, file.headerRow);
+    DataTable table = DataLoader::load(std::move(bytes), name, choose, file.headerRow);
+    return {std::move(table), std::move(sheet)};
 }
 
 TablePair loadPair(const PairChoice& files) {
-    std::future<DataTable> after = std::async(std::launch::async, [&] { return loadTable(files.after); });
-    DataTable before = loadTable(files.before);
+    refuseByPath(files.before.path);
+    std::future<LoadedTable> after = std::async(std::launch::async, [&] { return loadTable(files.after); });
+    LoadedTable before = loadTable(files.before);
     return {std::move(before), after.get()};
 }
 

@@ -17,10 +17,6 @@ constexpr std::size_t mostNumbers = 10;
 
 std::string grouped(std::int64_t number) { return DisplayText::grouped(static_cast<std::size_t>(number)); }
 
-std::string plural(std::int64_t number, std::string_view one, std::string_view many) {
-    return grouped(number) + " " + std::string(number == 1 ? one : many);
-}
-
 void addCount(TextLine& line, std::int64_t count, std::string_view word, Ink ink) {
     line.add(grouped(count) + " " + std::string(word), count == 0 ? Ink::faint : ink);
 }
@@ -69,7 +65,7 @@ void appendListed(std::string& target, const DiffResult& result, std::size_t lis
         return;
     }
     target += "Listed   " + DisplayText::grouped(listed) + " of " +
-              plural(static_cast<std::int64_t>(result.rows.size()), "row", "rows") + "\n";
+              DisplayText::counted(result.rows.size(), "row", "rows") + "\n";
 }
 
 // "3, 9, 12 and 4 more".
@@ -127,7 +123,8 @@ void appendCounts(std::string& target, const DiffResult& result, std::size_t lis
     if (!result.summary.hasDifferences()) {
         TextLine line(target, context.style);
         line.add("No differences", Ink::strong);
-        line.add(": " + plural(result.summary.same, "row is", "rows are") + " the same.");
+        line.add(": " + DisplayText::counted(static_cast<std::size_t>(result.summary.same), "row is", "rows are") +
+                 " the same.");
         line.end();
     } else {
         appendRowCounts(target, result.summary, context.style);

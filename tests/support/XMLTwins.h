@@ -98,7 +98,7 @@ inline std::string sheet(std::string_view part, Parser parse) {
 
 inline std::string strings(std::string_view part, Parser parse) {
     try {
-        XLSX::SharedStrings strings = XLSX::sharedStrings(part, parse);
+        XLSX::SharedStrings strings = XLSX::sharedStrings(part, XLSX::mostStrings, parse);
         const Bytes texts = strings.texts.finish();
         std::string all;
         std::size_t start = 0;
