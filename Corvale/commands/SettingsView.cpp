@@ -24,8 +24,9 @@ class TabBar : public QWidget {
 public:
     TabBar(QString title, Theme& theme, QWidget* parent) : QWidget(parent), m_title(std::move(title)), m_theme(theme) {
         setFixedHeight(barHeight);
-        setAccessibleName(m_title);
+        // Naming it makes its interface, for good.
         QAccessible::installFactory(interfaceFor);
+        setAccessibleName(m_title);
         connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
     }
 

@@ -23,7 +23,6 @@ namespace {
 constexpr int lineHeight = LinePainter::lineHeight;
 constexpr int sidewaysStep = 40;
 
-
 // Why a list is empty.
 GridPlaceholder::Subject reasonForNoRows(const DiffResult& result, const DiffFilter& filter) {
     const bool showsAll = filter.show == DiffFilter::Show::all;

@@ -47,13 +47,15 @@ constexpr Classes classesOf(unsigned char byte) {
     return static_cast<Classes>(classes);
 }
 
-constexpr std::array<Classes, 256> classTable = [] {
+constexpr std::array<Classes, 256> classesOfBytes() {
     std::array<Classes, 256> table{};
     for (std::size_t byte = 0; byte < table.size(); ++byte) {
         table[byte] = classesOf(static_cast<unsigned char>(byte));
     }
     return table;
-}();
+}
+
+constexpr std::array<Classes, 256> classTable = classesOfBytes();
 
 // Production Char of XML 1.0.
 bool isCharacter(std::uint32_t scalar) {

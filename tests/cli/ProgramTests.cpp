@@ -316,7 +316,7 @@ TEST_F(ProgramWithAHostileWorkbook, TwoGigabytesAndTenSecondsAreEnough) {
 
 TEST_F(ProgramWithAHostileWorkbook, TooLittleMemoryIsTold) {
     // It ends in one part of the program or another.
-    for (const int megabytes : {60, 100, 120}) {
+    for (const int megabytes : {40, 60, 90}) {
         const ProcessResult result = table(megabytes * 1024);
         EXPECT_FALSE(result.wasKilled);
         EXPECT_EQ(result.status, 2) << megabytes;
