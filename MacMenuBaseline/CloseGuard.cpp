@@ -38,7 +38,7 @@ QWidget* windowOf(const QObject* sender) {
 
 }  // namespace
 
-CloseGuard::CloseGuard(QObject* parent) : QObject(parent), shouldClose([] { return true; }) {
+CloseGuard::CloseGuard(QObject* parent) : QObject(parent), shouldClose([](const QWidget&) { return true; }) {
     requireMainThread("CloseGuard");
 }
 
@@ -65,7 +65,7 @@ void CloseGuard::close(const QObject* sender) {
         window = m_main;
     }
     // The question may have run an event loop in which the window went away.
-    if (!window || !mayClose() || !window) {
+    if (!window || !mayClose(*window) || !window) {
         return;
     }
     const QScopedValueRollback allowed(m_allowed, window);
@@ -73,20 +73,20 @@ void CloseGuard::close(const QObject* sender) {
 }
 
 bool CloseGuard::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::Close || watched != m_main || watched == m_allowed || mayClose()) {
+    if (event->type() != QEvent::Close || watched != m_main || watched == m_allowed || mayClose(*m_main)) {
         return false;
     }
     event->ignore();
     return true;
 }
 
-bool CloseGuard::mayClose() {
+bool CloseGuard::mayClose(const QWidget& window) {
     requireMainThread("CloseGuard");
     if (m_asking) {
         return false;
     }
     const QScopedValueRollback asking(m_asking, true);
-    return !shouldClose || shouldClose();
+    return !shouldClose || shouldClose(window);
 }
 
 }  // namespace MacMenuBaseline

@@ -14,9 +14,10 @@ class CloseGuard : public QObject {
 public:
     explicit CloseGuard(QObject* parent = nullptr);
 
-    // Whether a window may close now; called on the main thread, once for each attempt. It may show a dialog: attempts
-    // made meanwhile are refused without asking again. By default, and when empty, every window may close.
-    std::function<bool()> shouldClose;
+    // Whether this window, the main one or another, may close now; called on the main thread, once for each attempt. It
+    // may show a dialog: attempts made meanwhile are refused without asking again. By default, and when empty, every
+    // window may close.
+    std::function<bool(const QWidget& window)> shouldClose;
 
     // The main window, null when none was set or it is gone. Not owned.
     QWidget* main() const;
@@ -30,7 +31,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    bool mayClose();
+    bool mayClose(const QWidget& window);
 
     QPointer<QWidget> m_main;
     QPointer<QWidget> m_allowed;  // is being closed after a yes

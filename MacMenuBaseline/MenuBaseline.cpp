@@ -25,14 +25,20 @@ QAction* addItem(QMenu& menu, const QString& text, const std::function<void()>& 
 // An ampersand in a menu's text marks its mnemonic unless it is doubled.
 QString withoutMnemonic(QString name) { return name.replace(u'&', QStringLiteral("&&")); }
 
-// Not every desktop's own list begins with Ctrl+W, and the first is the one that the menu shows.
-QList<QKeySequence> closeShortcuts() {
-    const QKeySequence usual(Qt::CTRL | Qt::Key_W);
-    QList<QKeySequence> shortcuts = QKeySequence::keyBindings(QKeySequence::Close);
-    shortcuts.removeAll(usual);
-    shortcuts.prepend(usual);
-    return shortcuts;
+// `first` is the one that the menu shows.
+QList<QKeySequence> startingWith(const QKeySequence& first, QList<QKeySequence> others) {
+    others.removeAll(first);
+    others.prepend(first);
+    return others;
 }
+
+// Not every desktop's own list begins with Ctrl+W.
+QList<QKeySequence> closeShortcuts() {
+    return startingWith(QKeySequence(Qt::CTRL | Qt::Key_W), QKeySequence::keyBindings(QKeySequence::Close));
+}
+
+// F1 helps wherever it is a key, also where the desktop shows another one.
+QList<QKeySequence> helpShortcuts(const QKeySequence& shown) { return startingWith(shown, {QKeySequence(Qt::Key_F1)}); }
 
 }  // namespace
 
@@ -47,13 +53,16 @@ QAction* MenuBaseline::addCloseTo(QMenu& menu) const {
     return action;
 }
 
-void MenuBaseline::addHelpTo(QMenu& menu) const {
+QAction* MenuBaseline::addHelpTo(QMenu& menu) const {
     requireMainThread("MenuBaseline::addHelpTo");
+    QAction* action = nullptr;
     if (help) {
         const QString text = translated(QT_TRANSLATE_NOOP("MacMenuBaseline", "%1 Help"));
-        addItem(menu, text.arg(withoutMnemonic(help->appName)), help->action)->setShortcut(help->shortcut);
+        action = addItem(menu, text.arg(withoutMnemonic(help->appName)), help->action);
+        action->setShortcuts(helpShortcuts(help->shortcut));
     }
     menu.addActions(helpItems);
+    return action;
 }
 
 }  // namespace MacMenuBaseline

@@ -25,7 +25,7 @@ struct CloseWindowAction {
 // The help item of an application.
 struct MenuHelp {
     QString appName;
-    QKeySequence shortcut;
+    QKeySequence shortcut;         // F1 opens the help besides
     std::function<void()> action;  // opens the help; called on the main thread
 };
 
@@ -39,8 +39,9 @@ struct MenuBaseline {
     // returned action to other windows with QWidget::addAction, and the shortcut closes them too.
     QAction* addCloseTo(QMenu& menu) const;
 
-    // Appends the help item, if there is one, and `helpItems` to `menu`.
-    void addHelpTo(QMenu& menu) const;
+    // Appends the help item, if there is one, and `helpItems` to `menu`, which owns the former. Returns that one, or
+    // null; add it to other windows as well.
+    QAction* addHelpTo(QMenu& menu) const;
 };
 
 }  // namespace MacMenuBaseline

@@ -1,6 +1,7 @@
 #include "MacMenuBaseline/WindowReader.h"
 
 #include <QEvent>
+#include <utility>
 
 #include "MacMenuBaseline/MainThread.h"
 

@@ -7,7 +7,6 @@
 #include <QSettings>
 #include <QTemporaryDir>
 #include <algorithm>
-#include <atomic>
 #include <chrono>
 #include <cstdlib>
 #include <functional>
@@ -17,7 +16,7 @@
 #include <utility>
 
 #include "Corvale/model/AppModel.h"
-#include "Corvale/platform/QtPlatform.h"
+#include "tests/Corvale/platform/WatchedPlatform.h"
 
 namespace corvale::benchmarks {
 
@@ -56,28 +55,6 @@ private:
     Clock::duration m_longest{};
 };
 
-// The application's platform, which knows when nothing is left to do, the destruction of what was replaced included.
-class WatchedPlatform : public QtPlatform {
-public:
-    using QtPlatform::QtPlatform;
-
-    bool isIdle() const { return m_left == 0; }
-    void runInBackground(std::function<void()> work) override { QtPlatform::runInBackground(counted(std::move(work))); }
-    void runOnMain(std::function<void()> work) override { QtPlatform::runOnMain(counted(std::move(work))); }
-
-private:
-    std::function<void()> counted(std::function<void()> work) {
-        ++m_left;
-        return [this, work = std::move(work)] {
-            work();
-            --m_left;
-            QAbstractEventDispatcher::instance(QCoreApplication::instance()->thread())->wakeUp();
-        };
-    }
-
-    std::atomic<int> m_left = 0;
-};
-
 class BusyTime {
 public:
     BusyTime(QUrl before, QUrl after) : m_before(std::move(before)), m_after(std::move(after)) {}
@@ -109,9 +86,7 @@ private:
         const Clock::time_point start = Clock::now();
         // From within the event loop, as a click does it.
         m_platform.runOnMain(std::move(act));
-        while (!m_platform.isIdle()) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        }
+        m_platform.settle();
         const double took = seconds(Clock::now() - start);
         if (m_model.problem()) {
             std::cerr << m_model.problem()->toStdString() << '\n';
@@ -125,7 +100,7 @@ private:
     QUrl m_after;
     QTemporaryDir m_folder;
     Stretches m_stretches{*QAbstractEventDispatcher::instance()};
-    WatchedPlatform m_platform{
+    TestSupport::WatchedPlatform m_platform{
         std::make_unique<QSettings>(m_folder.filePath(QStringLiteral("settings.ini")), QSettings::IniFormat)};
     AppModel m_model{m_platform};
 };

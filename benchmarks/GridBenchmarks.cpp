@@ -157,6 +157,30 @@ void selectNextRow(benchmark::State& state) {
     model.select(std::nullopt);
 }
 
+// A thousand columns of values as long as a workbook allows; only the first ones show.
+void selectLongValues(benchmark::State& state) {
+    std::string names = "Key";
+    std::string values = "K";
+    for (int column = 0; column < 1000; ++column) {
+        names += ",C" + std::to_string(column);
+        values += ',' + std::string(16384, 'w');
+    }
+    TestSupport::ScriptedPlatform platform;
+    AppModel model(platform);
+    platform.files = {{"before.csv", names + '\n' + values + '\n'}, {"after.csv", names + '\n' + values + "x\n"}};
+    model.open({TestSupport::ScriptedPlatform::url("before.csv"), TestSupport::ScriptedPlatform::url("after.csv")},
+               Side::before);
+    platform.settle();
+    RowInspector details(model, theme(), nullptr);
+    details.resize(264, screen.height());
+    QPixmap picture(details.size());
+    for (auto _ : state) {
+        model.select(0);
+        paint(details, picture);
+        model.select(std::nullopt);
+    }
+}
+
 void nextChange(benchmark::State& state) {
     AppModel& model = pairOf(state).model();
     DiffGrid grid(model, theme(), nullptr);
@@ -197,6 +221,7 @@ int main(int argc, char** argv) {
     sizes(RegisterBenchmark("grid/resize", resizeGrid));
     sizes(RegisterBenchmark("grid/nextChange", nextChange));
     sizes(RegisterBenchmark("details/selectNextRow", selectNextRow));
+    RegisterBenchmark("details/selectLongValues", selectLongValues)->Unit(benchmark::kMillisecond);
     sizes(RegisterBenchmark("overview/count", countOverview));
     benchmark::RunSpecifiedBenchmarks();
     return 0;

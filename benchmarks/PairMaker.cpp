@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdint>
 #include <string_view>
-#include <vector>
 
 namespace corvale::benchmarks {
 
@@ -86,7 +85,7 @@ CSVPair makePair(const PairOptions& options) {
     CSVPair pair{std::string(header), std::string(header)};
     std::size_t nextId = options.rows;
     for (std::size_t i = 0; i < options.rows; ++i) {
-        Row row = makeRow(options.uniqueKeys ? i : i % 1000, random);
+        Row row = makeRow(i, random);
         append(pair.before, row);
         const std::size_t dice = random.below(1000);
         if (options.everyRowChanged || (dice >= 10 && dice < 20)) {
@@ -94,7 +93,7 @@ CSVPair makePair(const PairOptions& options) {
         } else if (dice < 5) {
             continue;
         } else if (dice < 10) {
-            append(pair.after, makeRow(options.uniqueKeys ? nextId++ : i % 1000, random));
+            append(pair.after, makeRow(nextId++, random));
         } else if (dice < 22) {
             makeUpperCase(row[1]);
         }

@@ -13,7 +13,6 @@ struct CSVPair {
 
 struct PairOptions {
     std::size_t rows = 0;
-    bool uniqueKeys = true;        // else the ID repeats every 1000 rows
     bool everyRowChanged = false;  // else about one row in a hundred
 };
 

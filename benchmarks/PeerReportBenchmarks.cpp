@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "CorvaleKit/reports/Reports.h"
-#include "benchmarks/ReportPair.h"
+#include "benchmarks/ReportedResult.h"
 #include "benchmarks/WorkbookCells.h"
 
 namespace corvale::benchmarks {
@@ -56,7 +56,7 @@ void write(lxw_worksheet* worksheet, const SheetCells& sheet, const Formats& for
 
 // The same cells as in our report, handed over as this library takes them; into a file, as it can no other.
 void libxlsxwriter(benchmark::State& state, bool includeUnchanged) {
-    const auto sheets = cellsOf(Reports::excelReport(reportPair(), {}, includeUnchanged));
+    const auto sheets = cellsOf(Reports::excelReport(reportedResult(), {}, includeUnchanged));
     const std::string path = (std::filesystem::temp_directory_path() / "corvale-benchmark.xlsx").string();
     bool isComplete = true;
     for ([[maybe_unused]] auto run : state) {

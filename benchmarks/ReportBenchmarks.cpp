@@ -4,14 +4,14 @@
 #include <string>
 
 #include "CorvaleKit/reports/Reports.h"
-#include "benchmarks/ReportPair.h"
+#include "benchmarks/ReportedResult.h"
 
 namespace corvale::benchmarks {
 
 namespace {
 
 void excelReport(benchmark::State& state, bool includeUnchanged) {
-    const DiffResult& result = reportPair();
+    const DiffResult& result = reportedResult();
     std::size_t size = 0;
     for ([[maybe_unused]] auto run : state) {
         const std::string workbook = Reports::excelReport(result, {}, includeUnchanged);
@@ -21,7 +21,7 @@ void excelReport(benchmark::State& state, bool includeUnchanged) {
 }
 
 void htmlReport(benchmark::State& state) {
-    const DiffResult& result = reportPair();
+    const DiffResult& result = reportedResult();
     std::size_t size = 0;
     for ([[maybe_unused]] auto run : state) {
         const std::string page = Reports::htmlReport(result, {}, "en");

@@ -2,11 +2,13 @@
 #include <libdeflate.h>
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "CorvaleKit/loading/SheetReader.h"
 #include "CorvaleKit/loading/Workbook.h"
+#include "CorvaleKit/loading/XMLEvents.h"
 #include "CorvaleKit/loading/ZipReader.h"
 
 namespace corvale::benchmarks {
@@ -51,17 +53,19 @@ XLSX::Workbook workbook() {
     return workbook;
 }
 
-void readSheet(benchmark::State& state) {
+void readSheet(benchmark::State& state, XMLEvents::Parser parse) {
     const std::string xml = sheetXml(static_cast<std::size_t>(state.range(0)));
     for ([[maybe_unused]] auto run : state) {
         state.PauseTiming();
         Bytes part(xml);
         XLSX::Workbook around = workbook();
         state.ResumeTiming();
-        benchmark::DoNotOptimize(XLSX::sheetGrid(std::move(part), std::move(around)));
+        benchmark::DoNotOptimize(XLSX::sheetGrid(std::move(part), std::move(around), parse));
     }
     state.SetBytesProcessed(static_cast<std::int64_t>(xml.size()) * state.iterations());
 }
+
+void parseGenerally(std::string_view part, XMLEvents::Handler& handler) { XMLEvents::parseGenerally(part, handler); }
 
 // A local file header without a name, and the deflated bytes; what extract reads of an archive.
 std::string localMember(const std::string& content) {
@@ -89,7 +93,15 @@ void inflate(benchmark::State& state) {
 }
 
 BENCHMARK(inflate)->Name("inflate/rows")->Arg(100'000)->Unit(benchmark::kMillisecond);
-BENCHMARK(readSheet)->Name("read sheet/rows")->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(readSheet, plain, &XMLEvents::parse)
+    ->Name("read sheet/rows")
+    ->Arg(10'000)
+    ->Arg(100'000)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(readSheet, generally, &parseGenerally)
+    ->Name("read sheet through expat alone/rows")
+    ->Arg(100'000)
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

@@ -4,7 +4,6 @@
 #include <optional>
 #include <string>
 #include <variant>
-#include <vector>
 
 #include "CorvaleKit/base/Failures.h"
 #include "CorvaleKit/engine/DiffFilter.h"

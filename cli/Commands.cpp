@@ -2,9 +2,11 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "CorvaleKit/engine/Callbacks.h"
@@ -13,11 +15,14 @@
 #include "CorvaleKit/loading/DataLoader.h"
 #include "CorvaleKit/loading/XLSX.h"
 #include "CorvaleKit/reports/Reports.h"
+#include "cli/ExitStatus.h"
 #include "cli/FileReading.h"
 #include "cli/FileSaving.h"
 #include "cli/Interrupt.h"
 #include "cli/JsonReport.h"
+#include "cli/ListFilter.h"
 #include "cli/MatchChoice.h"
+#include "cli/Paths.h"
 #include "cli/Progress.h"
 #include "cli/SummaryReport.h"
 #include "cli/SystemLocale.h"
@@ -59,7 +64,7 @@ JsonWriter::Sink sinkTo(Output& output) {
 
 [[noreturn]] void run(const TableCommand& command, Output& output) {
     Progress progress(Terminal::canShowProgress(), "Reading");
-    const DataTable table = loadTable(command.file);
+    const DataTable table = loadTable(command.file).table;
     progress.end();
     JsonReport::writeTable(table, sinkTo(output));
     end(output, ExitStatus::same);
@@ -68,7 +73,8 @@ JsonWriter::Sink sinkTo(Output& output) {
 [[noreturn]] void run(const KeyCommand& command, Output& output) {
     Progress progress(Terminal::canShowProgress(), "Reading");
     const TablePair tables = loadPair(command.files);
-    const std::vector<KeySuggester::Candidate> ranked = KeySuggester::candidates(tables.before, tables.after);
+    const std::vector<KeySuggester::Candidate> ranked =
+        KeySuggester::candidates(tables.before.table, tables.after.table);
     progress.end();
     JsonReport::writeKey(ranked, sinkTo(output));
     end(output, ExitStatus::same);
@@ -76,8 +82,8 @@ JsonWriter::Sink sinkTo(Output& output) {
 
 DiffResult compare(const TablePair& tables, const RowMatch& match, const DiffOptions& options, Progress& progress) {
     const Interrupt::Deferral deferral;
-    DiffResult result = DiffEngine::compare(tables.before,
-                                            tables.after,
+    DiffResult result = DiffEngine::compare(tables.before.table,
+                                            tables.after.table,
                                             match,
                                             options,
                                             systemNumberStyle(),
@@ -107,17 +113,21 @@ std::string reportBytes(const ReportCommand& command, const DiffResult& result) 
 
 struct Comparison {
     DiffResult result;
+    std::optional<std::string> beforeSheet;
+    std::optional<std::string> afterSheet;
     bool matchIsSuggested = false;
 };
 
-Comparison compare(const ComparisonChoice& choice, Progress& progress) {
-    const TablePair tables = loadPair(choice.files);
+Comparison loadAndCompare(const ComparisonChoice& choice, Progress& progress) {
+    TablePair tables = loadPair(choice.files);
     progress.phase("Comparing");
     const MatchChoice match = chooseMatch(choice.match, choice.files, tables);
-    return {compare(tables, match.match, choice.options, progress), match.isSuggested};
+    DiffResult result = compare(tables, match.match, choice.options, progress);
+    return {std::move(result), std::move(tables.before.sheet), std::move(tables.after.sheet), match.isSuggested};
 }
 
-void print(const CompareCommand& command, const DiffResult& result, bool matchIsSuggested, Output& output) {
+void print(const CompareCommand& command, const Comparison& comparison, Output& output) {
+    const DiffResult& result = comparison.result;
     const DiffFilter filter = listFilter(command.list, result.columns);
     switch (command.format) {
         case CompareCommand::Format::summary:
@@ -129,7 +139,11 @@ void print(const CompareCommand& command, const DiffResult& result, bool matchIs
         case CompareCommand::Format::text:
             writeTextReport(result,
                             filter.apply(result),
-                            {command.comparison.files, matchIsSuggested, command.list, Terminal::outputStyle()},
+                            {{command.comparison.files.before.path, comparison.beforeSheet},
+                             {command.comparison.files.after.path, comparison.afterSheet},
+                             comparison.matchIsSuggested,
+                             command.list,
+                             Terminal::outputStyle()},
                             sinkTo(output));
             break;
     }
@@ -137,16 +151,16 @@ void print(const CompareCommand& command, const DiffResult& result, bool matchIs
 
 [[noreturn]] void run(const CompareCommand& command, Output& output) {
     Progress progress(Terminal::canShowProgress(), "Reading");
-    const auto [result, matchIsSuggested] = compare(command.comparison, progress);
+    const Comparison comparison = loadAndCompare(command.comparison, progress);
     progress.end();
-    print(command, result, matchIsSuggested, output);
-    end(output, hasDifferences(result.summary) ? ExitStatus::different : ExitStatus::same);
+    print(command, comparison, output);
+    end(output, comparison.result.summary.hasDifferences() ? ExitStatus::different : ExitStatus::same);
 }
 
 [[noreturn]] void run(const ReportCommand& command, Output& output) {
     refuseReportPath(command);
     Progress progress(Terminal::canShowProgress(), "Reading");
-    const DiffResult result = compare(command.comparison, progress).result;
+    const DiffResult result = loadAndCompare(command.comparison, progress).result;
     progress.phase("Writing");
     saveFile(command.path, reportBytes(command, result));
     progress.end();

@@ -155,4 +155,8 @@ std::string grouped(std::size_t number) {
     return digits;
 }
 
+std::string counted(std::size_t number, std::string_view one, std::string_view many) {
+    return grouped(number).append(" ").append(number == 1 ? one : many);
+}
+
 }  // namespace corvale::Cli::DisplayText

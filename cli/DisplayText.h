@@ -31,4 +31,7 @@ std::string oneLine(std::string_view message);
 // 1204567 as 1,204,567.
 std::string grouped(std::size_t number);
 
+// "1 row", "1,204 rows".
+std::string counted(std::size_t number, std::string_view one, std::string_view many);
+
 }  // namespace corvale::Cli::DisplayText

@@ -8,7 +8,6 @@
 #include <system_error>
 
 #include "CorvaleKit/base/Memory.h"
-#include "CorvaleKit/text/Utf8.h"
 #include "cli/FileSource.h"
 
 namespace corvale::Cli {
@@ -31,32 +30,6 @@ FileFailure changedMeanwhile(const std::string& path) {
 
 FileFailure tooLarge(const std::string& path) {
     return FileFailure(quotedPath(path) + " is too large for this computer’s memory.");
-}
-
-// Told before opening: opening a pipe may wait for its other end, and opening a device may set it off.
-void refuseOtherThanFiles(const std::string& path) {
-    std::error_code error;
-    const std::filesystem::file_status status = std::filesystem::status(path, error);
-    switch (status.type()) {
-        case std::filesystem::file_type::regular:
-            return;
-        case std::filesystem::file_type::not_found:
-            throw FileFailure(quotedPath(path) + " doesn’t exist.");
-        case std::filesystem::file_type::directory:
-            throw FileFailure(quotedPath(path) + " is a folder, not a file.");
-        case std::filesystem::file_type::fifo:
-            throw FileFailure(quotedPath(path) + " is a pipe. Save what comes out of it to a file first.");
-        case std::filesystem::file_type::block:
-        case std::filesystem::file_type::character:
-            throw FileFailure(quotedPath(path) + " is a device, not a file.");
-        case std::filesystem::file_type::socket:
-            throw FileFailure(quotedPath(path) + " is a socket, not a file.");
-        case std::filesystem::file_type::none:
-        case std::filesystem::file_type::symlink:
-        case std::filesystem::file_type::unknown:
-            break;
-    }
-    throw error ? unreadable(path, error) : FileFailure(quotedPath(path) + " is not a file.");
 }
 
 Bytes reserve(const std::string& path, std::uint64_t size) {
@@ -83,10 +56,29 @@ Bytes grown(const std::string& path, const Bytes& bytes, std::uint64_t limit) {
 
 }  // namespace
 
-std::string quotedPath(const std::string& path) { return "“" + Utf8::repaired(path) + "”"; }
-
-std::string fileNameOf(const std::string& path) {
-    return Utf8::repaired(std::filesystem::path(path).filename().string());
+void refuseOtherThanFiles(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::file_status status = std::filesystem::status(path, error);
+    switch (status.type()) {
+        case std::filesystem::file_type::regular:
+            return;
+        case std::filesystem::file_type::not_found:
+            throw FileFailure(quotedPath(path) + " doesn’t exist.");
+        case std::filesystem::file_type::directory:
+            throw FileFailure(quotedPath(path) + " is a folder, not a file.");
+        case std::filesystem::file_type::fifo:
+            throw FileFailure(quotedPath(path) + " is a pipe. Save what comes out of it to a file first.");
+        case std::filesystem::file_type::block:
+        case std::filesystem::file_type::character:
+            throw FileFailure(quotedPath(path) + " is a device, not a file.");
+        case std::filesystem::file_type::socket:
+            throw FileFailure(quotedPath(path) + " is a socket, not a file.");
+        case std::filesystem::file_type::none:
+        case std::filesystem::file_type::symlink:
+        case std::filesystem::file_type::unknown:
+            break;
+    }
+    throw error ? unreadable(path, error) : FileFailure(quotedPath(path) + " is not a file.");
 }
 
 Bytes readExactly(const std::string& path, std::uint64_t size, const ReadPiece& read) {

@@ -6,15 +6,13 @@
 #include <string>
 
 #include "CorvaleKit/base/Bytes.h"
-#include "CorvaleKit/base/Failures.h"
+#include "cli/Paths.h"
 
 namespace corvale::Cli {
 
-// A path that gives no bytes; the message names it.
-class FileFailure : public UserFailure {
-public:
-    using UserFailure::UserFailure;
-};
+// Throws a FileFailure where `path` is no regular file, without opening it: opening a pipe may wait for its other end,
+// and opening a device may set it off.
+void refuseOtherThanFiles(const std::string& path);
 
 // The whole of a regular file. A folder, a pipe or a device is refused without waiting for it, and so is a file that
 // is written to while it is read. One that tells no length, as those that a system makes up do, is read to its
@@ -30,11 +28,5 @@ Bytes readExactly(const std::string& path, std::uint64_t size, const ReadPiece& 
 // All bytes up to the end, or a FileFailure about `path` before more than `limit` bytes of memory, which are at least
 // 64 KiB, are held at once.
 Bytes readToEnd(const std::string& path, std::uint64_t limit, const ReadPiece& read);
-
-// `path` between typographic quotes, valid UTF-8.
-std::string quotedPath(const std::string& path);
-
-// The part of a path that the user knows a file by, valid UTF-8.
-std::string fileNameOf(const std::string& path);
 
 }  // namespace corvale::Cli

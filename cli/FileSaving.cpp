@@ -6,7 +6,7 @@
 #include <random>
 #include <system_error>
 
-#include "cli/FileReading.h"
+#include "cli/Paths.h"
 #include "cli/UnfinishedFile.h"
 
 #if __has_include(<unistd.h>)

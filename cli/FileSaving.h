@@ -10,8 +10,7 @@ namespace corvale::Cli {
 void refuseUnwritable(const std::string& path);
 
 // Replaces the file, or makes it, in one step: whatever happens, there is the old file or the whole new one, and
-// nothing beside it. Access rights are those of the old file, and a
-// link stays a link. Throws FileFailure.
+// nothing beside it. Access rights are those of the old file, and a link stays a link. Throws FileFailure.
 void saveFile(const std::string& path, std::string_view bytes);
 
 }  // namespace corvale::Cli

@@ -10,8 +10,8 @@
 
 namespace corvale::Cli {
 
-// An open regular file, read from its start. The one place where files meet the operating system: POSIX calls where
-// there are any, which fill the target without a buffer in between, the standard library elsewhere.
+// An open regular file, read from its start. The one place where files are read from the operating system: by POSIX
+// calls where there are any, which fill the target without a buffer in between, by the standard library elsewhere.
 class FileSource {
 public:
     // Never waits, whatever the path turns out to be. Throws std::system_error.

@@ -8,6 +8,7 @@
 #include <sys/time.h>
 #endif
 
+#include "cli/ExitStatus.h"
 #include "cli/Progress.h"
 #include "cli/UnfinishedFile.h"
 
@@ -23,7 +24,7 @@ static_assert(std::atomic<bool>::is_always_lock_free);
 void endNow() {
     UnfinishedFile::removeFromSignalHandler();
     Progress::eraseFromSignalHandler();
-    std::_Exit(exitStatus);
+    std::_Exit(ExitStatus::interrupted);
 }
 
 // The comparison stops at its next poll, as a rule within milliseconds. Over very wide tables polls are farther apart

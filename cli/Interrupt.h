@@ -4,8 +4,6 @@
 // with status 130; only a comparison asks for the time to stop by itself.
 namespace corvale::Cli::Interrupt {
 
-inline constexpr int exitStatus = 130;
-
 // Takes over SIGINT, unless the program was started with it ignored. Once, before there is a second thread.
 void install();
 

@@ -6,7 +6,7 @@
 
 #include "CorvaleKit/engine/EnumTexts.h"
 #include "CorvaleKit/engine/StoredForms.h"
-#include "CorvaleKit/loading/CellRowCoding.h"
+#include "CorvaleKit/loading/CellRowJson.h"
 #include "cli/SummaryReport.h"
 
 namespace corvale::Cli::JsonReport {
@@ -22,22 +22,6 @@ void endDocument(JsonWriter& json, const JsonWriter::Sink& sink) {
 void lineKey(JsonWriter& json, std::string_view name) {
     json.lineBreak();
     json.key(name);
-}
-
-void writeTexts(JsonWriter& json, const std::vector<std::string>& texts) {
-    json.beginArray();
-    for (const std::string& text : texts) {
-        json.text(text);
-    }
-    json.endArray();
-}
-
-void writeNumbers(JsonWriter& json, const std::vector<std::int64_t>& numbers) {
-    json.beginArray();
-    for (const std::int64_t number : numbers) {
-        json.integer(number);
-    }
-    json.endArray();
 }
 
 void writeRows(JsonWriter& json, const CellRows& rows) {
@@ -59,9 +43,9 @@ void writeOptional(JsonWriter& json, std::string_view name, const std::optional<
 void writeSource(JsonWriter& json, const DataTable& table) {
     json.beginObject();
     json.key("headers");
-    writeTexts(json, table.headers());
+    json.texts(table.headers());
     json.key("rowNumbers");
-    writeNumbers(json, table.rowNumbers());
+    json.integers(table.rowNumbers());
     json.key("headerRowNumber");
     json.integer(table.headerRowNumber());
     json.key("sourceName");
@@ -119,7 +103,7 @@ void writeDuplicate(JsonWriter& json, const DuplicateKey& duplicate) {
     json.key("side");
     json.text(rawValue(duplicate.side));
     json.key("rowNumbers");
-    writeNumbers(json, duplicate.rowNumbers);
+    json.integers(duplicate.rowNumbers);
     json.endObject();
 }
 
@@ -137,9 +121,9 @@ void writeLines(JsonWriter& json, const Items& items, const WriteItem& writeItem
 void writeBlankKeys(JsonWriter& json, const BlankKeys& blankKeys) {
     json.beginObject();
     json.key("before");
-    writeNumbers(json, blankKeys.before);
+    json.integers(blankKeys.before);
     json.key("after");
-    writeNumbers(json, blankKeys.after);
+    json.integers(blankKeys.after);
     json.endObject();
 }
 
@@ -185,7 +169,7 @@ void writeChoices(JsonWriter& json, const DiffResult& result) {
 
 void writeSheets(const std::vector<std::string>& names, const JsonWriter::Sink& sink) {
     JsonWriter json(sink);
-    writeTexts(json, names);
+    json.texts(names);
     endDocument(json, sink);
 }
 
@@ -193,13 +177,13 @@ void writeTable(const DataTable& table, const JsonWriter::Sink& sink) {
     JsonWriter json(sink);
     json.beginObject();
     json.key("headers");
-    writeTexts(json, table.headers());
+    json.texts(table.headers());
     lineKey(json, "rows");
     writeRows(json, table.rows());
     lineKey(json, "sourceName");
     json.text(table.sourceName());
     lineKey(json, "rowNumbers");
-    writeNumbers(json, table.rowNumbers());
+    json.integers(table.rowNumbers());
     lineKey(json, "headerRowNumber");
     json.integer(table.headerRowNumber());
     lineKey(json, "topRows");
@@ -243,7 +227,7 @@ void writeResult(const DiffResult& result, const std::vector<std::int64_t>& visi
     lineKey(json, "summary");
     writeSummary(json, result.summary);
     lineKey(json, "visible");
-    writeNumbers(json, visible);
+    json.integers(visible);
     lineKey(json, "duration");
     json.number(result.duration);
     json.endObject();

@@ -1,11 +1,12 @@
 #include "cli/MatchChoice.h"
 
+#include <string>
 #include <vector>
 
 #include "CorvaleKit/engine/KeyMatching.h"
 #include "CorvaleKit/engine/KeySuggester.h"
-#include "cli/FileReading.h"
 #include "cli/NameChoice.h"
+#include "cli/Paths.h"
 
 namespace corvale::Cli {
 
@@ -23,31 +24,12 @@ void requireColumns(const std::vector<std::string>& names, const std::string& pa
 
 MatchChoice chooseMatch(const std::optional<RowMatch>& wanted, const PairChoice& files, const TablePair& tables) {
     if (wanted) {
-        requireColumns(wanted->columns(), files.before.path, tables.before);
-        requireColumns(wanted->columns(), files.after.path, tables.after);
+        requireColumns(wanted->columns(), files.before.path, tables.before.table);
+        requireColumns(wanted->columns(), files.after.path, tables.after.table);
         return {*wanted, false};
     }
-    const auto key = KeySuggester::suggestedKey(tables.before, tables.after);
+    const auto key = KeySuggester::suggestedKey(tables.before.table, tables.after.table);
     return {key ? RowMatch::key({*key}) : RowMatch::rowOrder(), true};
-}
-
-DiffFilter listFilter(const ListChoice& list, const std::vector<ColumnPair>& columns) {
-    DiffFilter filter;
-    filter.show = list.show;
-    filter.search = list.search;
-    if (list.column) {
-        std::vector<std::string> names;
-        names.reserve(columns.size());
-        for (const ColumnPair& column : columns) {
-            names.push_back(column.name);
-        }
-        const auto index = indexOfName(names, *list.column);
-        if (!index) {
-            throw ColumnFailure("The comparison has no column “" + *list.column + "”.");
-        }
-        filter.column = static_cast<std::int64_t>(*index);
-    }
-    return filter;
 }
 
 }  // namespace corvale::Cli

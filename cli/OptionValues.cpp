@@ -20,14 +20,14 @@ struct ValueName {
 
 constexpr std::array<ValueName, 9> valueNames{{
     {column, "a column name"},
-    {"N|NAME", "a sheet number or name"},
-    {"N", "a row number"},
-    {"STYLE", "a number style"},
-    {"ROWS", "a choice of rows"},
-    {"TEXT", "a text"},
-    {"FORMAT", "a format"},
-    {"FILE", "a file name"},
-    {"LANGUAGE", "a language"},
+    {sheet, "a sheet number or name"},
+    {row, "a row number"},
+    {style, "a number style"},
+    {rows, "a choice of rows"},
+    {text, "a text"},
+    {format, "a format"},
+    {file, "a file name"},
+    {language, "a language"},
 }};
 
 void requireOnce(const CLI::Option* option) {

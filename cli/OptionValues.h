@@ -19,8 +19,16 @@ class Option;
 // What the user gave for the options of a command line. Texts are valid UTF-8. Functions throw UsageFailure.
 namespace corvale::Cli::OptionValues {
 
-// The type name of options whose value is a column; no table has one without a name.
+// What the help calls the values of options. The value of a column is never empty; no table has one without a name.
 inline constexpr const char* column = "NAME";
+inline constexpr const char* sheet = "N|NAME";
+inline constexpr const char* row = "N";
+inline constexpr const char* style = "STYLE";
+inline constexpr const char* rows = "ROWS";
+inline constexpr const char* text = "TEXT";
+inline constexpr const char* format = "FORMAT";
+inline constexpr const char* file = "FILE";
+inline constexpr const char* language = "LANGUAGE";
 
 // One value for each time that the option was given.
 std::vector<std::string> values(const CLI::Option* option);
@@ -31,7 +39,9 @@ std::string path(const CLI::Option* option);
 // From 1.
 std::optional<std::int64_t> rowNumber(const CLI::Option* option);
 
+// "--key needs a column name." The value of `option` has one of the names above.
 UsageFailure missingValue(const CLI::Option& option);
+// "--format takes text, summary or json, not “xml”."
 UsageFailure badValue(const CLI::Option* option, std::string_view expected, std::string_view given);
 
 // "a, b or c" for the texts of an enumeration.

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "CorvaleKit/engine/DisplayKey.h"
 #include "CorvaleKit/engine/KeyMatching.h"
 #include "CorvaleKit/text/Text.h"
 #include "cli/ChangeLine.h"
@@ -18,6 +19,7 @@ namespace {
 constexpr std::size_t widestAligned = 24;
 // Names no wider than this line their values up.
 constexpr std::size_t widestName = 32;
+
 struct Mark {
     std::string_view sign;
     Ink ink = Ink::plain;
@@ -65,7 +67,7 @@ std::size_t nameWidth(const DiffResult& result, const std::vector<std::string>& 
 std::string blankKey(const RowMatch& match) {
     std::string key;
     for (std::size_t i = 1; i < match.columns().size(); ++i) {
-        key += " · ";
+        key += DisplayKey::separator;
     }
     return key;
 }

@@ -23,8 +23,4 @@ std::string summaryReport(const DiffSummary& summary) {
     return report;
 }
 
-bool hasDifferences(const DiffSummary& summary) {
-    return summary.added + summary.removed + summary.changed + summary.addedColumns + summary.removedColumns > 0;
-}
-
 }  // namespace corvale::Cli

@@ -20,7 +20,4 @@ std::array<SummaryCount, 8> summaryCounts(const DiffSummary& summary);
 // One `name: value` line a count.
 std::string summaryReport(const DiffSummary& summary);
 
-// True when a row is not the same on both sides, or a column is on one side only.
-bool hasDifferences(const DiffSummary& summary);
-
 }  // namespace corvale::Cli

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <charconv>
-#include <exception>
+#include <cstddef>
+#include <cstdint>
 #include <future>
 #include <system_error>
 #include <utility>
@@ -28,7 +29,7 @@ std::int64_t numberOf(std::string_view digits) {
 }
 
 // At once and beside the caller, or, where the system has no further thread to give, when it is asked for.
-std::future<DataTable> startLoading(const FileChoice& file) {
+std::future<LoadedTable> startLoading(const FileChoice& file) {
     const auto load = [&file] { return loadTable(file); };
     try {
         return std::async(std::launch::async, load);
@@ -40,6 +41,16 @@ std::future<DataTable> startLoading(const FileChoice& file) {
 SheetFailure noSuchSheet(const std::string& path, std::string_view choice, const std::vector<std::string>& names) {
     return SheetFailure(quotedPath(path) + " has no sheet “" + std::string(choice) + "”. It has " + quotedList(names) +
                         ".");
+}
+
+std::string nameOf(const std::vector<XLSX::Sheet>& sheets, std::int64_t index) {
+    const bool isThere = index >= 0 && static_cast<std::uint64_t>(index) < sheets.size();
+    return isThere ? sheets[static_cast<std::size_t>(index)].name : std::string();
+}
+
+void refuseByPath(const std::string& path) {
+    DataLoader::refuseByName(fileNameOf(path));
+    refuseOtherThanFiles(path);
 }
 
 }  // namespace
@@ -65,19 +76,24 @@ std::int64_t sheetIndex(const std::vector<XLSX::Sheet>& sheets, const std::strin
     return static_cast<std::int64_t>(*index);
 }
 
-DataTable loadTable(const FileChoice& file) {
+LoadedTable loadTable(const FileChoice& file) {
     const std::string name = fileNameOf(file.path);
     DataLoader::refuseByName(name);
     Bytes bytes = readFile(file.path);
+    std::optional<std::string> sheet;
     const auto choose = [&](const std::vector<XLSX::Sheet>& sheets) {
-        return file.sheet ? sheetIndex(sheets, file.path, *file.sheet) : 0;
+        const std::int64_t index = file.sheet ? sheetIndex(sheets, file.path, *file.sheet) : 0;
+        sheet = nameOf(sheets, index);
+        return index;
     };
-    return DataLoader::load(std::move(bytes), name, choose, file.headerRow);
+    DataTable table = DataLoader::load(std::move(bytes), name, choose, file.headerRow);
+    return {std::move(table), std::move(sheet)};
 }
 
 TablePair loadPair(const PairChoice& files) {
-    std::future<DataTable> after = startLoading(files.after);
-    DataTable before = loadTable(files.before);
+    refuseByPath(files.before.path);
+    std::future<LoadedTable> after = startLoading(files.after);
+    LoadedTable before = loadTable(files.before);
     return {std::move(before), after.get()};
 }
 

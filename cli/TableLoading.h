@@ -18,15 +18,21 @@ public:
     using UserFailure::UserFailure;
 };
 
-// Throws FileFailure, SheetFailure or a failure of the loader.
-DataTable loadTable(const FileChoice& file);
-
-struct TablePair {
-    DataTable before;
-    DataTable after;
+struct LoadedTable {
+    DataTable table;
+    std::optional<std::string> sheet;  // the name of the workbook's sheet that was read; none for a text file
 };
 
-// Reads both files at the same time where it can. When neither can be loaded, it is Before's failure that is thrown.
+// Throws FileFailure, SheetFailure or a failure of the loader.
+LoadedTable loadTable(const FileChoice& file);
+
+struct TablePair {
+    LoadedTable before;
+    LoadedTable after;
+};
+
+// Reads both files at the same time where it can. When neither can be loaded, it is Before's failure that is thrown; what its path
+// alone gives away, before anything of After is read.
 TablePair loadPair(const PairChoice& files);
 
 // In workbook order.

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "cli/DisplayText.h"
-#include "cli/SummaryReport.h"
 #include "cli/TextLine.h"
 
 namespace corvale::Cli {
@@ -17,10 +16,6 @@ constexpr std::size_t mostKeys = 10;
 constexpr std::size_t mostNumbers = 10;
 
 std::string grouped(std::int64_t number) { return DisplayText::grouped(static_cast<std::size_t>(number)); }
-
-std::string plural(std::int64_t number, std::string_view one, std::string_view many) {
-    return grouped(number) + " " + std::string(number == 1 ? one : many);
-}
 
 void addCount(TextLine& line, std::int64_t count, std::string_view word, Ink ink) {
     line.add(grouped(count) + " " + std::string(word), count == 0 ? Ink::faint : ink);
@@ -70,7 +65,7 @@ void appendListed(std::string& target, const DiffResult& result, std::size_t lis
         return;
     }
     target += "Listed   " + DisplayText::grouped(listed) + " of " +
-              plural(static_cast<std::int64_t>(result.rows.size()), "row", "rows") + "\n";
+              DisplayText::counted(result.rows.size(), "row", "rows") + "\n";
 }
 
 // "3, 9, 12 and 4 more".
@@ -125,10 +120,11 @@ void appendBlankKeys(std::string& target, const BlankKeys& blankKeys, const Text
 }  // namespace
 
 void appendCounts(std::string& target, const DiffResult& result, std::size_t listed, const TextReportContext& context) {
-    if (!hasDifferences(result.summary)) {
+    if (!result.summary.hasDifferences()) {
         TextLine line(target, context.style);
         line.add("No differences", Ink::strong);
-        line.add(": " + plural(result.summary.same, "row is", "rows are") + " the same.");
+        line.add(": " + DisplayText::counted(static_cast<std::size_t>(result.summary.same), "row is", "rows are") +
+                 " the same.");
         line.end();
     } else {
         appendRowCounts(target, result.summary, context.style);

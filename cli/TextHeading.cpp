@@ -18,14 +18,11 @@ constexpr std::size_t labelWidth = 9;
 // A path cut shorter tells nothing any more.
 constexpr std::size_t leastPathWidth = 16;
 
-std::string counted(std::size_t number, std::string_view one, std::string_view many) {
-    return DisplayText::grouped(number) + " " + std::string(number == 1 ? one : many);
-}
-
-std::string detailsOf(const FileChoice& file, const DataTable& table) {
-    const std::string sheet = file.sheet ? "sheet " + DisplayText::printable(*file.sheet) + ", " : "";
-    return sheet + counted(table.rows().size(), "row", "rows") + ", " +
-           counted(table.headers().size(), "column", "columns");
+std::string detailsOf(const ComparedFile& file, const DataTable& table) {
+    const std::string sheet =
+        file.sheet && !file.sheet->empty() ? "sheet " + DisplayText::printable(*file.sheet) + ", " : "";
+    return sheet + DisplayText::counted(table.rows().size(), "row", "rows") + ", " +
+           DisplayText::counted(table.headers().size(), "column", "columns");
 }
 
 struct FileLine {
@@ -144,10 +141,9 @@ void appendOptions(std::string& target, const DiffResult& result, const TextStyl
 }  // namespace
 
 void appendHeading(std::string& target, const DiffResult& result, const TextReportContext& context) {
-    const PairChoice& files = context.files;
     appendFiles(target,
-                {{{"Before", DisplayText::printable(files.before.path), detailsOf(files.before, result.before)},
-                  {"After", DisplayText::printable(files.after.path), detailsOf(files.after, result.after)}}},
+                {{{"Before", DisplayText::printable(context.before.path), detailsOf(context.before, result.before)},
+                  {"After", DisplayText::printable(context.after.path), detailsOf(context.after, result.after)}}},
                 context.style);
     appendMatch(target, result, context);
     appendColumns(target, result, context.style);

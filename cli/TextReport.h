@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,9 +12,16 @@
 
 namespace corvale::Cli {
 
+// A file of the comparison as its line in the heading names it.
+struct ComparedFile {
+    std::string path;
+    std::optional<std::string> sheet;  // the name on its tab; none for a text file
+};
+
 // What the report says beside the result itself.
 struct TextReportContext {
-    PairChoice files;
+    ComparedFile before;
+    ComparedFile after;
     bool matchIsSuggested = false;
     ListChoice list;
     TextStyle style;

@@ -4,12 +4,12 @@
 #include <new>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "CorvaleKit/base/Failures.h"
 #include "cli/ArgumentParser.h"
 #include "cli/Commands.h"
 #include "cli/DisplayText.h"
+#include "cli/ExitStatus.h"
 #include "cli/Interrupt.h"
 #include "cli/Output.h"
 
@@ -37,7 +37,7 @@ int main(int argc, char** argv) {
         corvale::Cli::Output output(stdout);
         corvale::Cli::run(corvale::Cli::parseArguments({argv + (argc > 0 ? 1 : 0), argv + argc}), output);
     } catch (const corvale::Cancelled&) {
-        return corvale::Cli::Interrupt::exitStatus;
+        return corvale::Cli::ExitStatus::interrupted;
     } catch (const std::bad_alloc&) {
         return trouble("This computer doesn’t have enough memory for these files.");
     } catch (const std::exception& failure) {

@@ -32,5 +32,9 @@ if(TARGET corvale)
   add_subdirectory(packaging)
 endif()
 
-install(FILES packaging/debian/copyright packaging/debian/changelog
+corvale_fill_in(packaging/debian/copyright)
+corvale_fill_in(packaging/debian/changelog)
+install(FILES
+    "${PROJECT_BINARY_DIR}/generated/packaging/debian/copyright"
+    "${PROJECT_BINARY_DIR}/generated/packaging/debian/changelog"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/corvale" COMPONENT Debian EXCLUDE_FROM_ALL)

@@ -1,7 +1,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
-#include <utility>
 
 #include "CorvaleKit/base/Require.h"
 #include "CorvaleKit/loading/CSV.h"

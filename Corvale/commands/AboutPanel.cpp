@@ -59,11 +59,7 @@ QString supportDetails() {
              screen ? QString::number(screen->devicePixelRatio()) : QStringLiteral("?"));
 }
 
-AboutPanel::AboutPanel(QWidget* parent) : QDialog(parent) {
-    setWindowTitle(tr("About Corvale"));
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-    layOut();
-}
+AboutPanel::AboutPanel(QWidget* parent) : AuxiliaryWindow(tr("About Corvale"), parent) { layOut(); }
 
 void AboutPanel::layOut() {
     auto* const icon = new QLabel(this);
@@ -109,12 +105,6 @@ QWidget* AboutPanel::makeLicenses() {
     text->setTabChangesFocus(true);
     text->setFixedHeight(text->fontMetrics().lineSpacing() * 8);
     return text;
-}
-
-void AboutPanel::open() {
-    show();
-    raise();
-    activateWindow();
 }
 
 }  // namespace corvale

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QDialog>
 #include <QString>
+
+#include "Corvale/commands/AuxiliaryWindow.h"
 
 namespace corvale {
 
@@ -9,14 +10,11 @@ namespace corvale {
 QString supportDetails();
 
 // Says what the program is, which version, and what it is made with.
-class AboutPanel : public QDialog {
+class AboutPanel : public AuxiliaryWindow {
     Q_OBJECT
 
 public:
     explicit AboutPanel(QWidget* parent);
-
-    // In front, with the keyboard.
-    void open() override;
 
 private:
     void layOut();

@@ -3,17 +3,34 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileOpenEvent>
+#include <cstdio>
 #include <utility>
 
 #include "Corvale/model/AppModel.h"
+#include "Corvale/window/FileDrop.h"
 
 namespace corvale {
+
+namespace {
+
+// Who names files by hand sits at a terminal.
+void tell(const QString& sentence) { std::fputs(("corvale: " + sentence.toLocal8Bit() + '\n').constData(), stderr); }
+
+}  // namespace
 
 AppDelegate::AppDelegate(AppModel& model) : m_model(model) { QCoreApplication::instance()->installEventFilter(this); }
 
 void AppDelegate::open(const QStringList& arguments) {
     QList<QUrl> files;
     for (const QString& argument : arguments) {
+        if (argument.isEmpty()) {
+            tell(tr("A file name is empty and was passed over."));
+            continue;
+        }
+        if (files.size() == FileDrop::mostFiles) {
+            tell(tr("Two files can be compared at a time; “%1” was not opened.").arg(argument));
+            continue;
+        }
         files.append(QUrl::fromUserInput(argument, QDir::currentPath(), QUrl::AssumeLocalFile));
     }
     if (!files.isEmpty()) {

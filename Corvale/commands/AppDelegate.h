@@ -18,7 +18,8 @@ public:
     // The model outlives the delegate.
     explicit AppDelegate(AppModel& model);
 
-    // Plain paths or addresses; a relative path is one from the current folder. There are no options.
+    // Plain paths or addresses; a relative path is one from the current folder. There are no options. What is passed
+    // over, empty names and files after the second, is told on standard error.
     void open(const QStringList& arguments);
 
     bool eventFilter(QObject* watched, QEvent* event) override;

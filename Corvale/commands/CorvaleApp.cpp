@@ -1,6 +1,5 @@
 #include "Corvale/commands/CorvaleApp.h"
 
-#include <QDesktopServices>
 #include <QUrl>
 #include <QUrlQuery>
 
@@ -8,24 +7,24 @@
 
 namespace corvale {
 
-namespace {
+CorvaleApp::Environment CorvaleApp::Environment::ofVendor() {
+    return {.updateEndpoint = QUrl(QString::fromUtf8(Vendor::updateEndpoint)),
+            .updateFeed = QUrl(QString::fromUtf8(Vendor::updateFeed)),
+            .opener = AddressOpener()};
+}
 
-QUrl updateEndpoint() { return QUrl(QString::fromUtf8(Vendor::updateEndpoint)); }
-QUrl updateFeed() { return QUrl(QString::fromUtf8(Vendor::updateFeed)); }
-bool canUpdate() { return !updateEndpoint().isEmpty() && !updateFeed().isEmpty(); }
-
-}  // namespace
-
-CorvaleApp::CorvaleApp(Platform& platform, Theme& theme, QSettings& store)
-    : m_model(platform),
+CorvaleApp::CorvaleApp(Platform& platform, Theme& theme, QSettings& store, const Environment& environment)
+    : m_opener(environment.opener),
+      m_canUpdate(!environment.updateEndpoint.isEmpty() && !environment.updateFeed.isEmpty()),
+      m_model(platform),
       m_window(m_model, platform, theme),
       m_help(new HelpView(theme, &m_window)),
       m_settings(new SettingsView(m_model, theme, &m_window)),
       m_about(new AboutPanel(&m_window)),
       m_welcome(new WelcomeView(m_model, theme, &m_window)),
-      m_alerts(m_window),
-      m_controller({.feed = updateFeed(), .program = ProgramIdentity::current()}, store, m_alerts),
-      m_updater(m_controller, m_alerts, updateEndpoint(), ProgramIdentity::current()),
+      m_alerts(m_window, m_opener),
+      m_controller({.feed = environment.updateFeed, .program = ProgramIdentity::current()}, store, m_alerts),
+      m_updater(m_controller, m_alerts, environment.updateEndpoint, ProgramIdentity::current()),
       m_delegate(m_model),
       m_menus(new MainMenus(m_model, m_window, actions())) {
     for (QWidget* further : std::initializer_list<QWidget*>{m_help, m_settings, m_about, m_welcome}) {
@@ -42,7 +41,7 @@ MainMenus::Actions CorvaleApp::actions() {
                                .showAbout = [this] { m_about->open(); },
                                .checkForUpdates = {},
                                .canCheckForUpdates = [this] { return !m_updater.checking(); }};
-    if (canUpdate()) {
+    if (m_canUpdate) {
         actions.checkForUpdates = [this] { m_updater.checkForUpdates(); };
     }
     return actions;
@@ -52,7 +51,19 @@ void CorvaleApp::start(const QStringList& files) {
     m_window.show();
     m_delegate.open(files);
     m_welcome->refresh();
-    if (canUpdate()) {
+    if (m_canUpdate) {
+        startUpdater();
+    }
+}
+
+void CorvaleApp::startUpdater() {
+    if (m_model.sheet()) {
+        QObject::connect(&m_model,
+                         &AppModel::sheetChanged,
+                         &m_controller,
+                         &FeedUpdaterController::startUpdater,
+                         Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+    } else {
         m_controller.startUpdater();
     }
 }
@@ -64,7 +75,7 @@ void CorvaleApp::writeToSupport() {
     QUrlQuery query;
     query.addQueryItem(QStringLiteral("subject"), QStringLiteral("Corvale"));
     message.setQuery(query);
-    QDesktopServices::openUrl(message);
+    m_opener.open(message, *m_help);
 }
 
 }  // namespace corvale

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "Corvale/model/AppModel.h"
+#include "Corvale/model/Edit.h"
 #include "Corvale/style/Look.h"
 #include "Corvale/style/Typography.h"
 #include "Corvale/window/ViewPicker.h"
@@ -65,7 +66,7 @@ void GeneralSettings::layOut() {
     auto* const again = new QPushButton(tr("Show the Welcome Screen Again"), this);
     again->setAutoDefault(false);
     connect(again, &QPushButton::clicked, this, [this] {
-        change([](AppSettings& settings) { settings.onboardingDone = false; });
+        Edit::settings(m_model, [](AppSettings& settings) { settings.onboardingDone = false; });
     });
     auto* const row = new QHBoxLayout;
     row->setContentsMargins(0, 7, 0, 7);
@@ -103,6 +104,9 @@ void GeneralSettings::addLine(QVBoxLayout* group, QWidget* content, const QStrin
     row->addWidget(content);
     auto* const line = new QWidget(this);
     line->setMinimumHeight(lineHeight);
+    if (group->count() > 0) {
+        setLook(*line, Look::nextLine);
+    }
     line->setLayout(row);
     group->addWidget(line);
 }
@@ -110,7 +114,7 @@ void GeneralSettings::addLine(QVBoxLayout* group, QWidget* content, const QStrin
 void GeneralSettings::addToggle(QVBoxLayout* group, const QString& text, bool& (*field)(AppSettings& settings)) {
     auto* const box = new QCheckBox(text, this);
     connect(box, &QCheckBox::clicked, this, [this, field](bool isOn) {
-        change([&](AppSettings& settings) { field(settings) = isOn; });
+        Edit::settings(m_model, [&](AppSettings& settings) { field(settings) = isOn; });
     });
     addLine(group, box);
     m_toggles.push_back({box, field});
@@ -118,22 +122,16 @@ void GeneralSettings::addToggle(QVBoxLayout* group, const QString& text, bool& (
 
 QComboBox* GeneralSettings::makeNumbers() {
     auto* const numbers = new QComboBox(this);
-    for (const NumberStyle style : {NumberStyle::automatic, NumberStyle::dotDecimal, NumberStyle::commaDecimal}) {
+    for (const auto& [style, stored] : enumTexts<NumberStyle>) {
         numbers->addItem(Wording::numberStyle(style), static_cast<int>(style));
     }
     numbers->setMinimumWidth(numbersWidth);
     numbers->setAccessibleName(tr("Numbers"));
     connect(numbers, &QComboBox::activated, this, [this, numbers] {
         const auto style = static_cast<NumberStyle>(numbers->currentData().toInt());
-        change([style](AppSettings& settings) { settings.options.numberStyle = style; });
+        Edit::settings(m_model, [style](AppSettings& settings) { settings.options.numberStyle = style; });
     });
     return numbers;
-}
-
-void GeneralSettings::change(const std::function<void(AppSettings&)>& edit) {
-    AppSettings settings = m_model.settings();
-    edit(settings);
-    m_model.setSettings(settings);
 }
 
 void GeneralSettings::refresh() {

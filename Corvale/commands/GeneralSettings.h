@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QWidget>
-#include <functional>
 #include <vector>
 
 class QCheckBox;
@@ -36,7 +35,6 @@ private:
     void addLine(QVBoxLayout* group, QWidget* content, const QString& label = {});
     void addToggle(QVBoxLayout* group, const QString& text, bool& (*field)(AppSettings& settings));
     QComboBox* makeNumbers();
-    void change(const std::function<void(AppSettings&)>& edit);
 
     AppModel& m_model;
     Theme& m_theme;

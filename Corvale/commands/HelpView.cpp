@@ -1,6 +1,7 @@
 #include "Corvale/commands/HelpView.h"
 
 #include <QAction>
+#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -14,6 +15,7 @@
 
 #include "Corvale/style/Icons.h"
 #include "Corvale/style/Look.h"
+#include "Corvale/style/Metrics.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/style/Typography.h"
 
@@ -22,7 +24,6 @@ namespace corvale {
 namespace {
 
 constexpr QSize usual(820, 560);
-constexpr int sidebarWidth = 228;
 constexpr int articleMargin = 34;
 
 QTextBlockFormat paragraph(qreal spaceBelow, qreal lineHeight) {
@@ -42,7 +43,7 @@ QTextCharFormat letters(TextRole role, const QColor& color) {
 }  // namespace
 
 HelpView::HelpView(Theme& theme, QWidget* parent)
-    : QDialog(parent),
+    : AuxiliaryWindow(tr("Corvale Help"), parent),
       m_theme(theme),
       m_topics(helpTopics()),
       m_selected(QStringLiteral("start")),
@@ -51,8 +52,6 @@ HelpView::HelpView(Theme& theme, QWidget* parent)
       m_nothing(new QLabel(tr("No topic has these words."), this)),
       m_text(new QTextBrowser(this)),
       m_email(new QPushButton(tr("Email Support"), this)) {
-    setWindowTitle(tr("Corvale Help"));
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setAttribute(Qt::WA_QuitOnClose, false);
     resize(usual.boundedTo(screen()->availableSize()));
     m_search->setPlaceholderText(tr("Search help"));
@@ -66,13 +65,14 @@ HelpView::HelpView(Theme& theme, QWidget* parent)
         item->setData(Qt::UserRole, topic.id);
     }
     layOut();
-    drawIcons();
 
     connect(m_search, &QLineEdit::textChanged, this, &HelpView::filterTopics);
     connect(m_list, &QListWidget::currentRowChanged, this, &HelpView::takeSelection);
     connect(m_email, &QPushButton::clicked, this, &HelpView::emailWanted);
     connect(&theme, &Theme::changed, this, &HelpView::drawIcons);
+    connect(&theme, &Theme::changed, this, &HelpView::showTopic);
     select(m_selected);
+    drawIcons();
 }
 
 void HelpView::layOut() {
@@ -84,10 +84,11 @@ void HelpView::layOut() {
 }
 
 QWidget* HelpView::makeSidebar() {
-    auto* const sidebar = new QWidget(this);
-    sidebar->setFixedWidth(sidebarWidth);
-    setLook(*m_list, Look::sidebar);
-    m_list->setIconSize(QSize(16, 16));
+    auto* const sidebar = new QFrame(this);
+    sidebar->setFixedWidth(Metrics::helpSidebar);
+    setLook(*sidebar, Look::sidebar);
+    setLook(*m_list, Look::topics);
+    m_list->setIconSize(QSize(Metrics::icon, Metrics::icon));
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setLook(*m_nothing, Look::secondaryText);
     m_nothing->setWordWrap(true);
@@ -127,15 +128,12 @@ void HelpView::drawIcons() {
     }
     m_search->actions().constFirst()->setIcon(
         Icons::icon(QStringLiteral("magnifyingglass"), {palette.text2, palette.disabled, palette.text2}));
-    select(m_selected);
 }
 
 void HelpView::select(const QString& id) {
     for (int row = 0; row < m_list->count(); ++row) {
         if (m_topics[row].id == id) {
             m_list->setCurrentRow(row);
-            m_selected = id;
-            showTopic(m_topics[row]);
         }
     }
 }
@@ -143,7 +141,7 @@ void HelpView::select(const QString& id) {
 void HelpView::takeSelection() {
     if (const QListWidgetItem* item = m_list->currentItem()) {
         m_selected = item->data(Qt::UserRole).toString();
-        showTopic(m_topics[m_list->currentRow()]);
+        showTopic();
     }
 }
 
@@ -161,16 +159,20 @@ void HelpView::filterTopics() {
     }
 }
 
-void HelpView::showTopic(const Topic& topic) {
+void HelpView::showTopic() {
+    const Topic& topic = m_topics[m_list->currentRow()];
     const QColor color = m_theme.palette().text;
-    m_text->clear();
     QTextCursor cursor(m_text->document());
+    cursor.beginEditBlock();
+    cursor.select(QTextCursor::Document);
+    cursor.removeSelectedText();
     cursor.setBlockFormat(paragraph(14, 26));
     cursor.insertText(topic.title, letters(TextRole::helpTitle, color));
     for (const QString& text : topic.paragraphs) {
         cursor.insertBlock(paragraph(13, 22));
         cursor.insertText(text, letters(TextRole::helpText, color));
     }
+    cursor.endEditBlock();
     m_text->moveCursor(QTextCursor::Start);
     m_text->setAccessibleName(topic.title);
     m_email->setVisible(topic.id == u"support");
@@ -180,9 +182,10 @@ void HelpView::open() {
     // To Qt the help would be a window of the main one, which a sheet over that one keeps from mouse and keys.
     create();
     windowHandle()->setTransientParent(nullptr);
-    show();
-    raise();
-    activateWindow();
+    if (!isVisible()) {
+        m_search->clear();
+    }
+    AuxiliaryWindow::open();
     m_list->setFocus(Qt::OtherFocusReason);
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QDialog>
 #include <QList>
 #include <QString>
 
+#include "Corvale/commands/AuxiliaryWindow.h"
 #include "Corvale/commands/Topic.h"
 
 class QLabel;
@@ -18,7 +18,7 @@ class Theme;
 
 // The help: its topics at the left, what the selected one says at the right. A window of its own beside the main one,
 // which can be read whatever the main one asks, and does not keep the program open.
-class HelpView : public QDialog {
+class HelpView : public AuxiliaryWindow {
     Q_OBJECT
 
 public:
@@ -28,7 +28,7 @@ public:
     // The id of the topic that shows; "start" at first.
     const QString& selected() const { return m_selected; }
     void select(const QString& id);
-    // In front, with the keyboard.
+    // In front, with the keyboard; all topics are listed when it was closed.
     void open() override;
 
 Q_SIGNALS:
@@ -42,7 +42,7 @@ private:
     void drawIcons();
     void filterTopics();
     void takeSelection();
-    void showTopic(const Topic& topic);
+    void showTopic();
 
     Theme& m_theme;
     QList<Topic> m_topics;

@@ -2,13 +2,15 @@
 
 #include <QList>
 #include <QObject>
+#include <QString>
 #include <functional>
 #include <vector>
 
+#include "Corvale/model/AppSettings.h"
+#include "CorvaleKit/engine/DiffFilter.h"
+
 class QAction;
-class QKeySequence;
 class QMenu;
-class QString;
 
 namespace corvale {
 
@@ -43,12 +45,21 @@ private:
         std::function<bool()> isChecked;
     };
 
-    QAction* add(QMenu* menu, const QString& text, const QKeySequence& shortcut, std::function<void()> run,
-                 std::function<bool()> isEnabled = {}, std::function<bool()> isChecked = {});
+    struct Command {
+        QString text = {};
+        QString keys = {};  // portable; on macOS, Qt takes Ctrl for ⌘
+        std::function<void()> run = {};
+        std::function<bool()> isEnabled = {};  // none: always
+        std::function<bool()> isChecked = {};  // none: has no check mark
+    };
+
+    QAction* add(QMenu* menu, Command command);
     void addFile();
     void addEdit();
     void addCompare();
-    void addViews(QMenu* menu);
+    // What the item does, and when it is checked, is added to the command.
+    void addView(QMenu* menu, Command command, ViewMode view);
+    void addShow(QMenu* menu, Command command, DiffFilter::Show show);
     void addHelp();
 
     AppModel& m_model;

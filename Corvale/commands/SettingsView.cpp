@@ -1,9 +1,13 @@
 #include "Corvale/commands/SettingsView.h"
 
+#include <QAccessibleWidget>
 #include <QPainter>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
 
 #include "Corvale/commands/GeneralSettings.h"
+#include "Corvale/model/AppModel.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/style/Typography.h"
 #include "Corvale/window/Drawing.h"
@@ -20,6 +24,9 @@ class TabBar : public QWidget {
 public:
     TabBar(QString title, Theme& theme, QWidget* parent) : QWidget(parent), m_title(std::move(title)), m_theme(theme) {
         setFixedHeight(barHeight);
+        // Naming it makes its interface, for good.
+        QAccessible::installFactory(interfaceFor);
+        setAccessibleName(m_title);
         connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
     }
 
@@ -39,29 +46,36 @@ protected:
     }
 
 private:
+    static QAccessibleInterface* interfaceFor(const QString&, QObject* object) {
+        auto* const bar = dynamic_cast<TabBar*>(object);
+        return bar == nullptr ? nullptr : new QAccessibleWidget(bar, QAccessible::PageTab);
+    }
+
     QString m_title;
     Theme& m_theme;
 };
 
 }  // namespace
 
-SettingsView::SettingsView(AppModel& model, Theme& theme, QWidget* parent) : QDialog(parent), m_theme(theme) {
-    setWindowTitle(tr("Settings"));
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+SettingsView::SettingsView(AppModel& model, Theme& theme, QWidget* parent)
+    : AuxiliaryWindow(tr("Settings"), parent), m_model(model) {
+    const QString general = tr("General");
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(makeTabs());
-    column->addWidget(new GeneralSettings(model, theme, this));
+    column->addWidget(new TabBar(general, theme, this));
+    auto* const page = new GeneralSettings(model, theme, this);
+    page->setAccessibleName(general);
+    column->addWidget(page);
     column->setSizeConstraint(QLayout::SetFixedSize);
+    connect(&model, &AppModel::sheetChanged, this, &SettingsView::closeUnderSheet);
 }
 
-QWidget* SettingsView::makeTabs() { return new TabBar(tr("General"), m_theme, this); }
-
-void SettingsView::open() {
-    show();
-    raise();
-    activateWindow();
+// A sheet keeps the windows of the main one from mouse and keys: this one would only cover it.
+void SettingsView::closeUnderSheet() {
+    if (m_model.sheet()) {
+        close();
+    }
 }
 
 }  // namespace corvale

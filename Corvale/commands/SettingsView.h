@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "Corvale/commands/AuxiliaryWindow.h"
 
 namespace corvale {
 
@@ -8,20 +8,17 @@ class AppModel;
 class Theme;
 
 // The settings window. What is set there holds at once.
-class SettingsView : public QDialog {
+class SettingsView : public AuxiliaryWindow {
     Q_OBJECT
 
 public:
     // Both outlive the window.
     SettingsView(AppModel& model, Theme& theme, QWidget* parent);
 
-    // In front, with the keyboard.
-    void open() override;
-
 private:
-    QWidget* makeTabs();
+    void closeUnderSheet();
 
-    Theme& m_theme;
+    AppModel& m_model;
 };
 
 }  // namespace corvale

@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <algorithm>
 
+#include "Corvale/commands/Vendor.h"
+
 namespace corvale {
 
 namespace {
@@ -95,8 +97,9 @@ public:
         return {QStringLiteral("support"),
                 tr("Support"),
                 QStringLiteral("envelope"),
-                {tr("Something is unclear, wrong or missing? Write to us: a person reads every message. Please do not "
-                    "attach your spreadsheets; say what you saw and what you expected.")}};
+                {tr("Something is unclear, wrong or missing? Write to %1: a person reads every message. Please do not "
+                    "attach your spreadsheets; say what you saw and what you expected.")
+                     .arg(QString::fromUtf8(Vendor::supportAddress))}};
     }
 };
 

@@ -1,11 +1,14 @@
 #include "Corvale/commands/UpdateAlerts.h"
 
 #include <QCoreApplication>
-#include <QDesktopServices>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTextDocument>
 #include <QTextDocumentFragment>
+#include <algorithm>
 #include <utility>
+
+#include "Corvale/commands/Alert.h"
 
 namespace corvale {
 
@@ -19,19 +22,15 @@ class Texts {
     Q_DECLARE_TR_FUNCTIONS(UpdateAlerts)
 };
 
-// Shown without waiting; it goes when it is closed. What a feed says is never taken for HTML, which may load pictures.
-QMessageBox* makeAlert(QWidget& window, const QString& title, const QString& message) {
-    auto* const alert = new QMessageBox(&window);
-    alert->setAttribute(Qt::WA_DeleteOnClose);
-    alert->setWindowTitle(title);
-    alert->setTextFormat(Qt::PlainText);
-    alert->setText(title);
-    alert->setInformativeText(message);
-    return alert;
+// Some publishers write HTML, others plain text, whose line breaks are all the form it has.
+bool isHtml(const QString& text) {
+    const QStringList lines = text.split(u'\n');
+    return std::any_of(lines.begin(), lines.end(), &Qt::mightBeRichText);
 }
 
 QString newsOf(const AppcastItem& item) {
-    QString news = QTextDocumentFragment::fromHtml(item.description).toPlainText();
+    QString news =
+        isHtml(item.description) ? QTextDocumentFragment::fromHtml(item.description).toPlainText() : item.description;
     // Where the pictures would be.
     news = news.remove(QChar::ObjectReplacementCharacter).trimmed();
     const QString beginning = news.section(u'\n', 0, mostLinesOfNews - 1).left(longestNews);
@@ -42,7 +41,6 @@ QString newsOf(const AppcastItem& item) {
 
 void UpdateAlerts::tell(const QString& title, const QString& message) {
     QMessageBox* const alert = makeAlert(m_window, title, message);
-    alert->setStandardButtons(QMessageBox::NoButton);
     alert->addButton(Texts::tr("OK"), QMessageBox::AcceptRole);
     alert->open();
 }
@@ -55,10 +53,10 @@ void UpdateAlerts::askForConsent(std::function<void(bool)> answer) {
                   "files is sent. You can always check yourself from the Help menu."));
     const QPushButton* const yes = alert->addButton(Texts::tr("Check Automatically"), QMessageBox::AcceptRole);
     alert->addButton(Texts::tr("Don’t Check"), QMessageBox::RejectRole);
-    QObject::connect(
-        alert, &QMessageBox::buttonClicked, alert, [yes, answer = std::move(answer)](const QAbstractButton* button) {
-            answer(button == yes);
-        });
+    // Not only a button ends it: so does the one that closes its window.
+    QObject::connect(alert, &QDialog::finished, alert, [alert, yes, answer = std::move(answer)] {
+        answer(alert->clickedButton() == yes);
+    });
     alert->open();
 }
 
@@ -87,6 +85,6 @@ void UpdateAlerts::offer(const AppcastItem& item, std::function<void()> open) {
     alert->open();
 }
 
-void UpdateAlerts::browse(const QUrl& page) { QDesktopServices::openUrl(page); }
+void UpdateAlerts::browse(const QUrl& page) { m_opener.open(page, m_window); }
 
 }  // namespace corvale

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QWidget>
+#include <utility>
 
+#include "Corvale/commands/AddressOpener.h"
 #include "Corvale/updates/UpdateWindows.h"
 
 namespace corvale {
@@ -10,7 +12,7 @@ namespace corvale {
 class UpdateAlerts : public UpdateWindows {
 public:
     // The window outlives the alerts.
-    explicit UpdateAlerts(QWidget& window) : m_window(window) {}
+    UpdateAlerts(QWidget& window, AddressOpener opener) : m_window(window), m_opener(std::move(opener)) {}
 
     void tell(const QString& title, const QString& message) override;
     void askForConsent(std::function<void(bool)> answer) override;
@@ -19,6 +21,7 @@ public:
 
 private:
     QWidget& m_window;
+    AddressOpener m_opener;
 };
 
 }  // namespace corvale

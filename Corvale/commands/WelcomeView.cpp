@@ -1,16 +1,20 @@
 #include "Corvale/commands/WelcomeView.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "Corvale/commands/Scrim.h"
 #include "Corvale/model/AppModel.h"
+#include "Corvale/model/Edit.h"
 #include "Corvale/style/Icons.h"
 #include "Corvale/style/Look.h"
+#include "Corvale/style/Metrics.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/style/Typography.h"
 #include "Corvale/window/Drawing.h"
@@ -22,7 +26,6 @@ namespace {
 constexpr int sheetWidth = 620;
 constexpr int sideMargin = 48;
 constexpr int footHeight = 61;
-constexpr int radius = 12;
 constexpr int tileSize = 44;
 constexpr int appIconSize = 80;
 
@@ -61,6 +64,7 @@ WelcomeView::WelcomeView(AppModel& model, Theme& theme, QWidget* parent)
     m_sample->setAutoDefault(false);
     m_start->setDefault(true);
     layOut();
+    parent->installEventFilter(this);
 
     connect(m_help, &QPushButton::clicked, this, &WelcomeView::helpWanted);
     connect(m_sample, &QPushButton::clicked, this, [this] {
@@ -158,26 +162,32 @@ void WelcomeView::placeOverWindow() {
     move(window.x() + (window.width() - width()) / 2, window.y() + std::max(0, (window.height() - height()) / 3));
 }
 
+bool WelcomeView::eventFilter(QObject* watched, QEvent* event) {
+    const bool isMoved = event->type() == QEvent::Move || event->type() == QEvent::Resize;
+    if (watched == parent() && isMoved && isVisible()) {
+        placeOverWindow();
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
 void WelcomeView::beDone() {
-    AppSettings settings = m_model.settings();
-    settings.onboardingDone = true;
-    m_model.setSettings(settings);
+    Edit::settings(m_model, [](AppSettings& settings) { settings.onboardingDone = true; });
 }
 
 void WelcomeView::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
     // Rounded also where nothing blends the windows of the screen.
     QPainterPath outline;
-    outline.addRoundedRect(rect(), radius, radius);
+    outline.addRoundedRect(rect(), Metrics::panelRadius, Metrics::panelRadius);
     setMask(QRegion(outline.toFillPolygon().toPolygon()));
 }
 
 void WelcomeView::paintEvent(QPaintEvent*) {
     const Palette& palette = m_theme.palette();
     QPainter painter(this);
-    Drawing::box(painter, rect(), radius, palette.window, palette.popupBorder);
+    Drawing::box(painter, rect(), Metrics::panelRadius, palette.window, palette.popupBorder);
     painter.setClipRect(0, 0, width(), height() - footHeight);
-    Drawing::box(painter, rect(), radius, palette.surface, palette.popupBorder);
+    Drawing::box(painter, rect(), Metrics::panelRadius, palette.surface, palette.popupBorder);
     painter.setClipping(false);
     painter.fillRect(1, height() - footHeight, width() - 2, 1, palette.border);
 }

@@ -20,6 +20,8 @@ public:
     WelcomeView(AppModel& model, Theme& theme, QWidget* parent);
 
     void refresh();
+    // Follows the window.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
     void helpWanted();

@@ -4,8 +4,8 @@
 #include <QPainter>
 #include <chrono>
 
-#include "Corvale/grid/GridDrawing.h"
 #include "Corvale/style/Metrics.h"
+#include "Corvale/style/Shapes.h"
 #include "Corvale/style/Theme.h"
 
 namespace corvale {
@@ -44,8 +44,7 @@ void BriefNote::say(const QString& text) {
 
 void BriefNote::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    GridDrawing::roundedBox(
-        painter, rect(), Metrics::controlRadius, m_theme.palette().toolTip, m_theme.palette().toolTip);
+    Shapes::box(painter, rect(), Metrics::controlRadius, m_theme.palette().toolTip, m_theme.palette().toolTip);
     painter.setPen(m_theme.palette().onToolTip);
     painter.drawText(contentsRect(), Qt::AlignCenter, text());
 }

@@ -7,16 +7,15 @@
 #include "Corvale/grid/CellText.h"
 #include "Corvale/grid/GridDrawing.h"
 #include "Corvale/style/Icons.h"
+#include "Corvale/style/Metrics.h"
+#include "Corvale/style/Shapes.h"
 #include "Corvale/style/Theme.h"
 
 namespace corvale {
 
 namespace {
 
-constexpr int textHeight = 27;  // of a line without its hairline
-constexpr int pillTop = 2;
-constexpr int pillHeight = 23;
-constexpr int pillRadius = 4;
+constexpr int textHeight = Metrics::gridRow - 1;  // of a line without its hairline
 constexpr int infoSize = 12;
 constexpr int infoGap = 6;
 constexpr qreal mostForOld = 0.45;  // of a cell too narrow for both values
@@ -95,8 +94,8 @@ void CellPainter::paintPlain(QPainter& painter, const QRect& area, std::string_v
 
 void CellPainter::paintChange(QPainter& painter, const QRect& area, const GridCell& cell, const Style& style) {
     const Insets& inset = insets(style.view);
-    const QPoint corner(area.left() + inset.pill, area.top() + pillTop);
-    const QSize size(area.width() - 2 * inset.pill, pillHeight);
+    const QPoint corner(area.left() + inset.pill, area.top() + Metrics::pillInsetY);
+    const QSize size(area.width() - 2 * inset.pill, Metrics::pillHeight);
     if (size.width() <= 0) {
         return;
     }
@@ -107,8 +106,10 @@ void CellPainter::paintChange(QPainter& painter, const QRect& area, const GridCe
     const ChangeParts parts = changeParts(cell, area.width(), style);
     QPointF baseline(area.left() + inset.left, m_fonts.cell.baseline(area.top(), textHeight));
     if (isFormat && style.view == ViewMode::unified) {
-        const QRect icon(
-            area.left() + inset.left, area.top() + pillTop + (pillHeight - infoSize) / 2, infoSize, infoSize);
+        const QRect icon(area.left() + inset.left,
+                         area.top() + Metrics::pillInsetY + (Metrics::pillHeight - infoSize) / 2,
+                         infoSize,
+                         infoSize);
         if (m_info.isNull()) {
             m_info = Icons::pixmap(QStringLiteral("info.circle"), colors.text, infoSize, m_pixelRatio);
         }
@@ -175,12 +176,11 @@ const QPixmap& CellPainter::pill(QSize size, GridCell::Kind kind, bool isCurrent
         const auto& colors = kind == GridCell::Kind::changed ? palette.changed : palette.formatOnly;
         picture = GridDrawing::transparentPicture(size, m_pixelRatio);
         QPainter painter(&picture);
-        GridDrawing::roundedBox(painter,
-                                QRectF(QPointF(), size),
-                                pillRadius,
-                                colors.fill,
-                                isCurrent ? palette.accent : colors.edge,
-                                isCurrent ? 2 : 1);
+        Shapes::box(painter,
+                    QRectF(QPointF(), size),
+                    Metrics::pillRadius,
+                    colors.fill,
+                    isCurrent ? QPen(palette.accent, 2) : QPen(colors.edge));
     }
     return picture;
 }

@@ -63,9 +63,17 @@ QString onOneLine(std::string_view text, int width) {
     return shortened(text, static_cast<std::size_t>(std::max(width, 0) / pixelsPerCharacter) + 1);
 }
 
+QString cut(const QString& text, qsizetype units) {
+    if (text.size() <= units) {
+        return text;
+    }
+    const bool splitsPair = units > 0 && text[units].isLowSurrogate();
+    return text.first(splitsPair ? units - 1 : units) + u'…';
+}
+
 QString toolTip(const QString& text) {
-    const QString shown = text.size() > longestToolTip ? text.first(longestToolTip) + u'…' : text;
-    return QStringLiteral("<p style=\"white-space:pre-wrap\">%1</p>").arg(withBreaksInWords(shown).toHtmlEscaped());
+    const QString shown = withBreaksInWords(cut(text, longestToolTip));
+    return QStringLiteral("<p style=\"white-space:pre-wrap\">%1</p>").arg(shown.toHtmlEscaped());
 }
 
 }  // namespace corvale::CellText

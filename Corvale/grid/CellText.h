@@ -18,6 +18,9 @@ QString onOneLine(std::string_view text, int width);
 // The first `characters` on one line, then "…" where more follow.
 QString shortened(std::string_view text, std::size_t characters);
 
+// The first `units` in UTF-16 at most, whole characters of Unicode, then "…" where more follow.
+QString cut(const QString& text, qsizetype units);
+
 // For a tooltip, which wraps it: rich text that shows this very text, cut where it would fill the screen.
 QString toolTip(const QString& text);
 

@@ -23,18 +23,12 @@ namespace {
 constexpr int lineHeight = LinePainter::lineHeight;
 constexpr int sidewaysStep = 40;
 
-bool isSame(const std::weak_ptr<const DiffResult>& a, const std::shared_ptr<const DiffResult>& b) {
-    return !a.owner_before(b) && !b.owner_before(a);
-}
-
-bool hasDifferences(const DiffSummary& summary) { return summary.added + summary.removed + summary.changed > 0; }
-
 // Why a list is empty.
 GridPlaceholder::Subject reasonForNoRows(const DiffResult& result, const DiffFilter& filter) {
     const bool showsAll = filter.show == DiffFilter::Show::all;
     const bool isNarrowed = showsAll && (filter.column || !filter.search.empty());
-    return hasDifferences(result.summary) || isNarrowed ? GridPlaceholder::Subject::noRowsMatch
-                                                        : GridPlaceholder::Subject::noDifferences;
+    return result.summary.hasDifferences() || isNarrowed ? GridPlaceholder::Subject::noRowsMatch
+                                                         : GridPlaceholder::Subject::noDifferences;
 }
 
 }  // namespace
@@ -59,7 +53,7 @@ DiffGrid::DiffGrid(AppModel& model, Theme& theme, QWidget* parent)
     verticalScrollBar()->setSingleStep(lineHeight);
     horizontalScrollBar()->setSingleStep(sidewaysStep);
     connect(&model, &AppModel::resultChanged, this, &DiffGrid::refresh);
-    connect(&model, &AppModel::settingsChanged, this, &DiffGrid::refresh);
+    connect(&model, &AppModel::settingsChanged, this, &DiffGrid::takeView);
     connect(&model, &AppModel::visibleChanged, this, &DiffGrid::showVisibleRows);
     connect(&model, &AppModel::filterChanged, this, &DiffGrid::takeFilter);
     connect(&model, &AppModel::selectedRowChanged, this, &DiffGrid::showSelection);
@@ -72,6 +66,10 @@ DiffGrid::~DiffGrid() = default;
 void DiffGrid::refresh() {
     takeResult();
     layOut();
+    showLines();
+}
+
+void DiffGrid::showLines() {
     updateScrollBars();
     updatePlaceholder();
     setHoveredLine(std::nullopt);
@@ -84,12 +82,11 @@ void DiffGrid::refresh() {
 
 void DiffGrid::takeResult() {
     const auto& result = m_model.result();
-    if (isSame(m_measured, result)) {
+    if (!m_measured.take(result)) {
         return;
     }
-    m_measured = result;
     m_currentChange.reset();
-    m_contents.widths = result ? GridLayout::of(*result) : GridLayout();
+    m_contents.layout = result ? GridLayout::of(*result) : GridLayout();
     m_contents.columns = result ? GridColumns(*result) : GridColumns();
 }
 
@@ -99,8 +96,8 @@ void DiffGrid::layOut() {
     if (viewportMargins().top() != header) {
         setViewportMargins(0, header, 0, 0);
     }
-    m_contents.widths.fit(mode, viewport()->width());
-    m_contents.layout = GridGeometry(m_contents.widths, mode, m_contents.columns.firstKey(), viewport()->width());
+    m_contents.layout.fit(mode, viewport()->width());
+    m_contents.geometry = GridGeometry(m_contents.layout, mode, m_contents.columns.firstKey(), viewport()->width());
     m_contents.setFonts(font(), mode);
     m_painter.forgetPictures();
     m_header->setGeometry(viewport()->x(), viewport()->y() - header, viewport()->width(), header);
@@ -111,7 +108,7 @@ void DiffGrid::updateScrollBars() {
     constexpr std::int64_t mostPixels = std::numeric_limits<int>::max() - 2 * lineHeight;
     verticalScrollBar()->setRange(0, static_cast<int>(std::clamp<std::int64_t>(height, 0, mostPixels)));
     verticalScrollBar()->setPageStep(viewport()->height());
-    horizontalScrollBar()->setRange(0, m_model.result() ? m_contents.layout.maximumScroll() : 0);
+    horizontalScrollBar()->setRange(0, m_model.result() ? m_contents.geometry.maximumScroll() : 0);
     horizontalScrollBar()->setPageStep(viewport()->width());
     m_header->setScroll(scroll());
 }
@@ -126,8 +123,14 @@ void DiffGrid::updatePlaceholder() {
     m_placeholder->setVisible(isEmpty);
 }
 
+void DiffGrid::takeView() {
+    if (m_contents.geometry.view() != view()) {
+        refresh();
+    }
+}
+
 void DiffGrid::showVisibleRows() {
-    refresh();
+    showLines();
     if (const auto line = selectedLine()) {
         ensureLineOnScreen(*line);
     } else if (m_model.selectedRow()) {
@@ -173,7 +176,7 @@ std::int64_t DiffGrid::lineCount() const {
 }
 
 GridRow DiffGrid::row(std::int64_t line) const {
-    return {*m_model.result(), m_model.visible()[static_cast<std::size_t>(line)], m_contents.layout};
+    return {*m_model.result(), m_model.visible()[static_cast<std::size_t>(line)], m_contents.geometry};
 }
 
 DiffGrid::Lines DiffGrid::linesOnScreen() const {
@@ -200,8 +203,8 @@ QRect DiffGrid::lineArea(std::int64_t line) const {
 
 QRect DiffGrid::cellArea(std::int64_t line, std::size_t cell) const {
     const QRect area = lineArea(line);
-    const GridGeometry& layout = m_contents.layout;
-    return {layout.screenLeft(cell, scroll()), area.top(), layout.cells()[cell].width(), area.height()};
+    const GridGeometry& geometry = m_contents.geometry;
+    return {geometry.screenLeft(cell, scroll()), area.top(), geometry.cells()[cell].width(), area.height()};
 }
 
 void DiffGrid::centerOn(std::int64_t line) {
@@ -220,7 +223,7 @@ void DiffGrid::ensureLineOnScreen(std::int64_t line) {
 }
 
 void DiffGrid::scrollToCell(std::size_t cell) {
-    horizontalScrollBar()->setValue(m_contents.layout.scrollToShow(cell, scroll()));
+    horizontalScrollBar()->setValue(m_contents.geometry.scrollToShow(cell, scroll()));
 }
 
 // --- Painting
@@ -232,7 +235,7 @@ void DiffGrid::paintEvent(QPaintEvent* event) {
     painter.fillRect(event->rect(), m_theme.palette().surface);
     if (lineCount() > 0) {
         paintLines(painter, event->rect());
-        LinePainter::paintEdges(painter, m_theme.palette().border, m_contents.layout, scroll(), viewport()->height());
+        LinePainter::paintEdges(painter, m_theme.palette().border, m_contents.geometry, scroll(), viewport()->height());
     }
 }
 
@@ -252,7 +255,7 @@ void DiffGrid::paintLines(QPainter& painter, const QRect& area) {
             ++line;
         }
     };
-    const int scrolledLeft = m_contents.layout.scrolledAreaLeft(scroll());
+    const int scrolledLeft = m_contents.geometry.scrolledAreaLeft(scroll());
     painter.setClipRect(scrolledLeft, 0, viewport()->width() - scrolledLeft, viewport()->height());
     forEach([&](const GridRow& gridRow, int y, const LinePainter::State& state) {
         m_painter.paintScrolled(painter, gridRow, y, scroll(), state);

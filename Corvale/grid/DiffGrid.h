@@ -4,12 +4,12 @@
 #include <QString>
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <optional>
 
 #include "Corvale/grid/ChangeWalk.h"
 #include "Corvale/grid/GridContents.h"
 #include "Corvale/grid/GridRow.h"
+#include "Corvale/grid/KnownResult.h"
 #include "Corvale/grid/LinePainter.h"
 
 namespace corvale {
@@ -96,7 +96,9 @@ private:
     void updateScrollBars();
     void updatePlaceholder();
     void showSelection();
+    void showLines();
     void showVisibleRows();
+    void takeView();
     void takeFilter();
     void applyTheme();
 
@@ -129,7 +131,7 @@ private:
     AppModel& m_model;
     Theme& m_theme;
     GridContents m_contents;
-    std::weak_ptr<const DiffResult> m_measured;  // the result that the contents were worked out from
+    KnownResult m_measured;  // the result that the contents were worked out from
     LinePainter m_painter;
     GridHeader* m_header;
     GridPlaceholder* m_placeholder;

@@ -14,6 +14,7 @@
 #include "Corvale/grid/GridAccessibility.h"
 #include "Corvale/grid/RowTexts.h"
 #include "Corvale/model/AppModel.h"
+#include "Corvale/style/Metrics.h"
 
 namespace corvale {
 
@@ -22,7 +23,6 @@ namespace {
 using Place = GridGeometry::Place;
 using RowSide = DuplicateKey::Side;
 
-constexpr int gutterWidth = static_cast<int>(GridLayout::numbersWidth) / 2;
 // Of each value: both have to show.
 constexpr qsizetype longestInToolTip = 480;
 
@@ -49,15 +49,15 @@ DiffGrid::Spot DiffGrid::spotAt(const QPoint& position) const {
         return spot;
     }
     const int top = lineArea(*spot.line).top();
-    const auto outOfView = m_contents.layout.outOfView(row(*spot.line).row().changes, scroll());
+    const auto outOfView = m_contents.geometry.outOfView(row(*spot.line).row().changes, scroll());
     for (const auto& [side, target] :
          {std::pair(Place::leftOfIt, outOfView.left), std::pair(Place::rightOfIt, outOfView.right)}) {
-        if (target && LinePainter::tabArea(m_contents.layout, side, top, scroll()).contains(position)) {
+        if (target && LinePainter::tabArea(m_contents.geometry, side, top, scroll()).contains(position)) {
             spot.tabTarget = target;
             return spot;
         }
     }
-    spot.cell = m_contents.layout.cellAt(position.x(), scroll());
+    spot.cell = m_contents.geometry.cellAt(position.x(), scroll());
     return spot;
 }
 
@@ -76,6 +76,9 @@ void DiffGrid::mousePressEvent(QMouseEvent* event) {
 }
 
 void DiffGrid::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) {
+        return;
+    }
     const Spot spot = spotAt(event->pos());
     if (spot.tabTarget) {
         scrollToCell(*spot.tabTarget);
@@ -126,9 +129,9 @@ QString DiffGrid::toolTipAt(const QPoint& position) const {
         return cellToolTip(*spot.line, *spot.cell);
     }
     const GridRow gridRow = row(*spot.line);
-    if (position.x() < 2 * gutterWidth) {
+    if (position.x() < 2 * Metrics::gridGutter) {
         return RowTexts::labelledNumber(
-            gridRow.result(), gridRow.row(), position.x() < gutterWidth ? RowSide::before : RowSide::after);
+            gridRow.result(), gridRow.row(), position.x() < Metrics::gridGutter ? RowSide::before : RowSide::after);
     }
     return {};
 }
@@ -136,8 +139,8 @@ QString DiffGrid::toolTipAt(const QPoint& position) const {
 QString DiffGrid::cellToolTip(std::int64_t line, std::size_t cell) const {
     const GridRow gridRow = row(line);
     const GridCell content = gridRow.cell(cell);
-    const int width = m_contents.layout.cells()[cell].width();
-    const bool showsWhole = m_contents.layout.shownWidth(cell, scroll()) == width &&
+    const int width = m_contents.geometry.cells()[cell].width();
+    const bool showsWhole = m_contents.geometry.shownWidth(cell, scroll()) == width &&
                             m_painter.cells().fits(width, content, m_painter.cellStyle(gridRow, cell));
     return showsWhole ? QString() : CellText::toolTip(RowTexts::cell(content, longestInToolTip));
 }
@@ -286,7 +289,7 @@ void DiffGrid::goToChange(const std::optional<ChangeWalk::Step>& step, const QSt
     m_currentChange = {m_model.visible()[static_cast<std::size_t>(step->stop.line)], step->stop.change};
     const auto column = row(step->stop.line).row().changes[step->stop.change].column;
     ensureLineOnScreen(step->stop.line);
-    if (const auto cell = m_contents.layout.cellOfColumn(column)) {
+    if (const auto cell = m_contents.geometry.cellOfColumn(column)) {
         scrollToCell(*cell);
         announceCell(step->stop.line, *cell);
     }

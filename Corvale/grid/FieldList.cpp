@@ -1,5 +1,6 @@
 #include "Corvale/grid/FieldList.h"
 
+#include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
@@ -34,7 +35,6 @@ void FieldList::refresh(const GridColumns& columns, bool fromTop) {
     m_row = m_model.selectedRow();
     m_isStale = true;
     m_goesToTop = m_goesToTop || fromTop;
-    recycleViews({0, 0});
     if (isVisible()) {
         catchUp();
     }
@@ -48,12 +48,16 @@ bool FieldList::isCurrent() const {
 
 // Not while hidden: nobody would see it, and the width is not the one that it will be shown in.
 void FieldList::catchUp() {
-    m_isStale = false;
     estimateHeights();
     updateScrollBar();
     if (std::exchange(m_goesToTop, false)) {
         verticalScrollBar()->setValue(0);
     }
+    recycleViews(fieldsOnScreen());
+    for (const auto& [field, view] : m_views) {
+        fill(*view, field);
+    }
+    m_isStale = false;
     layOutViews();
 }
 
@@ -90,10 +94,11 @@ std::size_t FieldList::fieldAt(int y) const {
     return static_cast<std::size_t>(std::max<std::ptrdiff_t>(after - m_tops.begin() - 1, 0));
 }
 
-// Those between the two edges and one more on either side, which Tab goes on to.
-FieldList::Range FieldList::fieldsAround(int top, int bottom) const {
+// And one more on either side, which Tab goes on to.
+FieldList::Range FieldList::fieldsOnScreen() const {
+    const int top = verticalScrollBar()->value();
     const std::size_t first = fieldAt(top);
-    return {first > 0 ? first - 1 : 0, std::min(fieldAt(bottom) + 2, m_heights.size())};
+    return {first > 0 ? first - 1 : 0, std::min(fieldAt(top + viewport()->height()) + 2, m_heights.size())};
 }
 
 void FieldList::layOutViews() {
@@ -101,19 +106,15 @@ void FieldList::layOutViews() {
         return;
     }
     const QScopedValueRollback<bool> busy(m_isLayingOut, true);
-    const auto onScreen = [this] {
-        const int top = verticalScrollBar()->value();
-        return fieldsAround(top, top + viewport()->height());
-    };
     // Measuring moves what follows, and may bring more on screen; a field is measured once, so this ends.
-    Range range = onScreen();
+    Range range = fieldsOnScreen();
     while (measureViews(range)) {
         sumHeights();
         updateScrollBar();
-        range = onScreen();
+        range = fieldsOnScreen();
     }
     recycleViews(range);
-    placeViews(range);
+    placeViews();
 }
 
 // False when nothing turned out to be of another height.
@@ -127,13 +128,12 @@ bool FieldList::measureViews(Range range) {
     return isNews;
 }
 
-void FieldList::placeViews(Range range) {
+void FieldList::placeViews() {
     QWidget* previous = nullptr;
-    for (std::size_t field = range.begin; field < range.end; ++field) {
-        FieldView& view = viewFor(field);
-        view.setGeometry(0, m_tops[field] - verticalScrollBar()->value(), viewport()->width(), m_heights[field]);
-        view.show();
-        for (QWidget* value : {static_cast<QWidget*>(&view.before()), static_cast<QWidget*>(&view.after())}) {
+    for (const auto& [field, view] : m_views) {
+        view->setGeometry(0, m_tops[field] - verticalScrollBar()->value(), viewport()->width(), m_heights[field]);
+        view->show();
+        for (QWidget* value : {static_cast<QWidget*>(&view->before()), static_cast<QWidget*>(&view->after())}) {
             if (previous) {
                 setTabOrder(previous, value);
             }
@@ -142,9 +142,16 @@ void FieldList::placeViews(Range range) {
     }
 }
 
+bool FieldList::hasKeyboard(const FieldView& view) const {
+    // Also while another window is the active one.
+    return view.isAncestorOf(window()->focusWidget());
+}
+
 void FieldList::recycleViews(Range kept) {
     for (auto known = m_views.begin(); known != m_views.end();) {
-        if (known->first >= kept.begin && known->first < kept.end) {
+        const bool isWanted = known->first >= kept.begin && known->first < kept.end;
+        // Hidden, it would hand the keyboard to another value, which would be scrolled to.
+        if (isWanted || (known->first < m_heights.size() && hasKeyboard(*known->second))) {
             ++known;
             continue;
         }
@@ -158,9 +165,13 @@ FieldView& FieldList::viewFor(std::size_t field) {
     FieldView*& view = m_views[field];
     if (!view) {
         view = newView();
-        view->setField(RowField::of(*m_model.result(), *m_columns, *m_model.selectedRow(), field));
+        fill(*view, field);
     }
     return *view;
+}
+
+void FieldList::fill(FieldView& view, std::size_t field) const {
+    view.setField(RowField::of(*m_model.result(), *m_columns, *m_model.selectedRow(), field));
 }
 
 FieldView* FieldList::newView() {
@@ -176,7 +187,10 @@ FieldView* FieldList::newView() {
 }
 
 bool FieldList::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusIn) {
+    // Not when its window gets the keyboard back: the value may have been scrolled away on purpose.
+    const bool isGoneTo =
+        event->type() == QEvent::FocusIn && static_cast<QFocusEvent*>(event)->reason() != Qt::ActiveWindowFocusReason;
+    if (isGoneTo && !m_isStale) {
         for (const auto& [field, view] : m_views) {
             if (watched == &view->before() || watched == &view->after()) {
                 ensureFieldOnScreen(field);

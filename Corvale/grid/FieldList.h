@@ -60,11 +60,14 @@ private:
     void updateScrollBar();
     void layOutViews();
     bool measureViews(Range range);
-    void placeViews(Range range);
+    void placeViews();
+    // Those of fields that exist keep the keyboard wherever they are.
     void recycleViews(Range kept);
+    bool hasKeyboard(const FieldView& view) const;
     FieldView& viewFor(std::size_t field);
+    void fill(FieldView& view, std::size_t field) const;
     FieldView* newView();
-    Range fieldsAround(int top, int bottom) const;
+    Range fieldsOnScreen() const;
     void ensureFieldOnScreen(std::size_t field);
     std::size_t fieldAt(int y) const;
 

@@ -10,6 +10,7 @@
 #include "Corvale/grid/GridFonts.h"
 #include "Corvale/grid/RowTexts.h"
 #include "Corvale/grid/ValueText.h"
+#include "Corvale/style/Shapes.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/style/Typography.h"
 
@@ -60,15 +61,13 @@ ValueText::Look lookOf(const Palette& palette, const RowField& field, const Fiel
     return look;
 }
 
-// What a value reads like, but for marks and visible spaces.
-QString textToMeasure(const RowField& field, const std::optional<std::string_view>& text) {
-    if (!text) {
-        return RowTexts::notInThisFile();
+// Of what a value reads like, but for marks and visible spaces.
+int estimatedValueHeight(const QFont& font, const RowField& field, const std::optional<std::string_view>& text,
+                         int width) {
+    if (text && !text->empty()) {
+        return ValueText::estimatedHeight(font, *text, width);
     }
-    if (text->empty()) {
-        return field.isKey ? RowTexts::blankKey() : RowTexts::emptyCell();
-    }
-    return CellText::whole(*text);
+    return ValueText::estimatedHeight(font, FieldValue::note(field, text.has_value()).toStdString(), width);
 }
 
 }  // namespace
@@ -108,8 +107,8 @@ FieldView::Fonts::Fonts(const QFont& base)
 int FieldView::estimatedHeight(const Fonts& fonts, const RowField& field, int width) {
     const int column = valueWidth(width);
     const QFont& afterFont = field.kind == RowField::Kind::changed ? fonts.bold : fonts.plain;
-    const int before = ValueText::estimatedHeight(fonts.plain, textToMeasure(field, field.before), column);
-    const int after = ValueText::estimatedHeight(afterFont, textToMeasure(field, field.after), column);
+    const int before = estimatedValueHeight(fonts.plain, field, field.before, column);
+    const int after = estimatedValueHeight(afterFont, field, field.after, column);
     return heightAround(fonts.name) + std::max(before, after);
 }
 
@@ -132,13 +131,13 @@ void FieldView::paintEvent(QPaintEvent*) {
         line = colors.edge;
         const QRect arrow(
             afterLeft(width()) - arrowColumn + (arrowColumn - arrowIcon) / 2, m_after->y() + 3, arrowIcon, arrowIcon);
-        GridDrawing::symbol(painter, QStringLiteral("arrow.right"), colors.text, arrow);
+        Shapes::symbol(painter, QStringLiteral("arrow.right"), colors.text, arrow);
     }
     painter.fillRect(0, height() - hairline, width(), hairline, line);
     const QRect area = nameArea();
     if (m_field.isKey) {
         const QRect icon(padding, area.top() + (area.height() - keyIcon) / 2, keyIcon, keyIcon);
-        GridDrawing::symbol(painter, QStringLiteral("key"), nameColor, icon);
+        Shapes::symbol(painter, QStringLiteral("key"), nameColor, icon);
     }
     const GridFont font(nameFont(this->font(), m_field.kind != RowField::Kind::plain));
     painter.setPen(nameColor);

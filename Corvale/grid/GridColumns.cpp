@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "Corvale/grid/CellText.h"
+#include "Corvale/model/Columns.h"
 #include "CorvaleKit/engine/KeyMatching.h"
 
 namespace corvale {
@@ -42,7 +43,8 @@ GridColumns::GridColumns(const DiffResult& result) {
         traits.before = CellText::shortened(column.name, longestName);
         traits.after = column.renamedTo ? CellText::shortened(*column.renamedTo, longestName) : traits.before;
         traits.isKey = keys.contain(column);
-        traits.isIgnored = column.ignored && !traits.isKey;
+        // No key column is compared, which need not be the user's doing.
+        traits.isIgnored = column.ignored && (!traits.isKey || Columns::isIgnored(result.options, column.name));
         traits.hasChanges = result.summary.changesByColumn.contains(static_cast<std::int64_t>(m_traits.size()));
         m_traits.push_back(std::move(traits));
     }

@@ -16,16 +16,16 @@ struct GridContents {
 
     // Those for the widths as they are; made only when they are others, since a drag of an edge asks for each pixel.
     void setFonts(const QFont& base, ViewMode view) {
-        const FontsOf wanted{base, view, widths.scale < 1};
+        const FontsOf wanted{base, view, layout.scale < 1};
         if (!(wanted == m_fontsOf)) {
             m_fontsOf = wanted;
             fonts = GridFonts(base, view, wanted.isScaled);
         }
     }
 
-    GridLayout widths;
+    GridLayout layout;
     GridColumns columns;
-    GridGeometry layout;
+    GridGeometry geometry;
     GridFonts fonts;
 
 private:

@@ -3,25 +3,9 @@
 #include <QPainter>
 #include <QPen>
 
-#include "Corvale/style/Icons.h"
+#include "Corvale/style/Palette.h"
 
 namespace corvale::GridDrawing {
-
-void symbol(QPainter& painter, const QString& name, const QColor& color, const QRect& area) {
-    const qreal pixelRatio = painter.device()->devicePixelRatioF();
-    painter.drawPixmap(area.topLeft(), Icons::pixmap(name, color, area.width(), pixelRatio));
-}
-
-void roundedBox(QPainter& painter, const QRectF& area, qreal radius, const QColor& fill, const QColor& border,
-                qreal borderWidth) {
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(fill);
-    painter.setPen(QPen(border, borderWidth));
-    const qreal inset = borderWidth / 2;
-    painter.drawRoundedRect(area.adjusted(inset, inset, -inset, -inset), radius - inset, radius - inset);
-    painter.restore();
-}
 
 QPixmap transparentPicture(QSize size, qreal pixelRatio) {
     QPixmap picture((QSizeF(size) * pixelRatio).toSize());
@@ -46,6 +30,20 @@ QPixmap hatch(int period, const QColor& ground, const QColor& lines, qreal pixel
 QColor mixed(const QColor& color, const QColor& ground, qreal share) {
     const auto part = [share](int a, int b) { return qRound(a * share + b * (1 - share)); };
     return {part(color.red(), ground.red()), part(color.green(), ground.green()), part(color.blue(), ground.blue())};
+}
+
+QColor statusColor(const Palette& palette, DiffRow::Status status) {
+    switch (status) {
+        case DiffRow::Status::added:
+            return palette.added.text;
+        case DiffRow::Status::removed:
+            return palette.removed.text;
+        case DiffRow::Status::changed:
+            return palette.changed.text;
+        case DiffRow::Status::same:
+            break;
+    }
+    return palette.text2;
 }
 
 }  // namespace corvale::GridDrawing

@@ -8,11 +8,12 @@
 #include <algorithm>
 #include <optional>
 
+#include "Corvale/style/Typography.h"
+
 namespace corvale {
 
 namespace {
 
-constexpr qreal basePixels = 13;
 // Taller text would not fit a line of 28 pixels.
 constexpr int largestBase = 18;
 constexpr qreal tightSpacing = 98;  // percent
@@ -20,7 +21,7 @@ constexpr qreal tightSpacing = 98;  // percent
 // The glyphs of a text and where they are, as far as it is made of pairs that the font just puts together.
 class PlainText {
 public:
-    PlainText(QStringView text, const PairAdvances& pairs) : m_text(text), m_pairs(pairs), m_isWhole(true) {
+    PlainText(QStringView text, const PairAdvances& pairs) : m_text(text), m_pairs(pairs) {
         qreal x = 0;
         for (qsizetype i = 0; i < text.size() && m_isWhole; ++i) {
             const auto glyph = pairs.glyph(text[i]);
@@ -69,14 +70,14 @@ private:
     const PairAdvances& m_pairs;
     QVarLengthArray<quint32, usualLength> m_glyphs;
     QVarLengthArray<QPointF, usualLength> m_places;
-    bool m_isWhole;
+    bool m_isWhole = true;
     qreal m_width = 0;
 };
 
-QFont sized(const QFont& base, qreal pixelsAtBase, QFont::Weight weight) {
-    const int basePixelSize = std::min(QFontInfo(base).pixelSize(), largestBase);
-    QFont font(base);
-    font.setPixelSize(std::max(1, qRound(basePixelSize * pixelsAtBase / basePixels)));
+QFont sized(const QFont& base, TextRole role, QFont::Weight weight) {
+    QFont limited(base);
+    limited.setPixelSize(std::min(QFontInfo(base).pixelSize(), largestBase));
+    QFont font = fontFor(role, limited);
     font.setWeight(weight);
     return font;
 }
@@ -98,7 +99,7 @@ QFont tightened(QFont font, bool isTight) {
     return font;
 }
 
-qreal cellPixels(ViewMode view) { return view == ViewMode::unified ? 13 : 12; }
+TextRole cellRole(ViewMode view) { return view == ViewMode::unified ? TextRole::body : TextRole::sideBySideCell; }
 
 }  // namespace
 
@@ -135,18 +136,18 @@ qreal GridFont::baseline(qreal top, qreal height) const {
 }
 
 GridFonts::GridFonts(const QFont& base, ViewMode view, bool isScaled)
-    : cell(narrowed(sized(base, cellPixels(view), QFont::Normal), isScaled)),
-      newValue(narrowed(sized(base, cellPixels(view), QFont::Bold), isScaled)),
+    : cell(narrowed(sized(base, cellRole(view), QFont::Normal), isScaled)),
+      newValue(narrowed(sized(base, cellRole(view), QFont::Bold), isScaled)),
       key(tightened(
-          narrowed(sized(base, cellPixels(view), view == ViewMode::unified ? QFont::Medium : QFont::Normal), isScaled),
+          narrowed(sized(base, cellRole(view), view == ViewMode::unified ? QFont::Medium : QFont::Normal), isScaled),
           isScaled)),
-      number(sized(base, 11.5, QFont::Normal)),
-      longNumber(sized(base, 9, QFont::Normal)),
-      selectedNumber(sized(base, 11.5, QFont::DemiBold)),
-      status(sized(base, 13, QFont::Medium)),
-      unchangedStatus(sized(base, 13, QFont::Normal)),
-      header(narrowed(sized(base, 12, QFont::DemiBold), isScaled)),
-      headerNote(narrowed(sized(base, 12, QFont::Normal), isScaled)),
-      sideTitle(sized(base, 12, QFont::DemiBold)) {}
+      number(sized(base, TextRole::rowNumber, QFont::Normal)),
+      longNumber(sized(base, TextRole::longRowNumber, QFont::Normal)),
+      selectedNumber(sized(base, TextRole::rowNumber, QFont::DemiBold)),
+      status(sized(base, TextRole::body, QFont::Medium)),
+      unchangedStatus(sized(base, TextRole::body, QFont::Normal)),
+      header(narrowed(sized(base, TextRole::secondary, QFont::DemiBold), isScaled)),
+      headerNote(narrowed(sized(base, TextRole::secondary, QFont::Normal), isScaled)),
+      sideTitle(sized(base, TextRole::secondary, QFont::DemiBold)) {}
 
 }  // namespace corvale

@@ -4,12 +4,13 @@
 #include <cmath>
 #include <limits>
 
+#include "Corvale/style/Metrics.h"
+
 namespace corvale {
 
 namespace {
 
 constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
-constexpr int leastShown = 44;
 constexpr double mostPinned = 0.45;  // of the viewport's width
 
 int rounded(double x) { return static_cast<int>(std::lround(x)); }
@@ -18,7 +19,7 @@ int rounded(double x) { return static_cast<int>(std::lround(x)); }
 
 GridGeometry::GridGeometry(const GridLayout& layout, ViewMode view, std::optional<std::int64_t> keyColumn,
                            int viewportWidth)
-    : m_view(view), m_viewportWidth(viewportWidth) {
+    : m_view(view), m_viewportWidth(viewportWidth), m_contentWidth(rounded(layout.contentWidth(view))) {
     double x = GridLayout::leadingWidth;
     if (view == ViewMode::unified) {
         appendCells(layout, layout.columns, CellSide::both, x);
@@ -28,7 +29,6 @@ GridGeometry::GridGeometry(const GridLayout& layout, ViewMode view, std::optiona
         x += GridLayout::gapWidth;
         appendCells(layout, layout.afterColumns, CellSide::after, x);
     }
-    m_contentWidth = rounded(x);
     indexColumns(layout.columns.size());
     if (view == ViewMode::unified && keyColumn) {
         const auto key = cellOfColumn(*keyColumn);
@@ -102,7 +102,7 @@ std::optional<std::size_t> GridGeometry::cellAt(int x, int scroll) const {
 }
 
 GridGeometry::Place GridGeometry::place(std::size_t cell, int scroll) const {
-    if (shownWidth(cell, scroll) >= std::min(leastShown, m_cells[cell].width())) {
+    if (shownWidth(cell, scroll) >= std::min(Metrics::outOfView, m_cells[cell].width())) {
         return Place::onScreen;
     }
     const int left = screenLeft(cell, scroll);

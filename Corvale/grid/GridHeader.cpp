@@ -6,11 +6,11 @@
 #include <algorithm>
 
 #include "Corvale/grid/CellText.h"
-#include "Corvale/grid/GridDrawing.h"
 #include "Corvale/grid/LinePainter.h"
 #include "Corvale/grid/RowTexts.h"
 #include "Corvale/model/AppModel.h"
 #include "Corvale/style/Metrics.h"
+#include "Corvale/style/Shapes.h"
 #include "Corvale/style/Theme.h"
 
 namespace corvale {
@@ -55,15 +55,15 @@ int GridHeader::heightFor(ViewMode view) {
 }
 
 QString GridHeader::title(std::size_t cell) const {
-    const GridGeometry::Cell& place = m_contents.layout.cells()[cell];
+    const GridGeometry::Cell& place = m_contents.geometry.cells()[cell];
     const QString name = m_contents.columns.name(place.column, place.side);
     return m_contents.columns.isIgnored(place.column) ? name + u' ' + tr("(ignored)") : name;
 }
 
 QRect GridHeader::columnArea(std::size_t cell) const {
     const int top = sideBySide() ? Metrics::gridTitlesSideBySide : 0;
-    const int left = m_contents.layout.screenLeft(cell, m_scroll);
-    return {left, top, m_contents.layout.cells()[cell].width(), height() - top - 1};
+    const int left = m_contents.geometry.screenLeft(cell, m_scroll);
+    return {left, top, m_contents.geometry.cells()[cell].width(), height() - top - 1};
 }
 
 void GridHeader::paintEvent(QPaintEvent*) {
@@ -74,27 +74,27 @@ void GridHeader::paintEvent(QPaintEvent*) {
     if (!m_model.result()) {
         return;
     }
-    const int scrolledLeft = m_contents.layout.scrolledAreaLeft(m_scroll);
+    const int scrolledLeft = m_contents.geometry.scrolledAreaLeft(m_scroll);
     painter.setClipRect(scrolledLeft, 0, width() - scrolledLeft, height());
     if (sideBySide()) {
         paintSideTitles(painter);
     }
     paintColumns(painter);
     painter.setClipping(false);
-    if (const auto pinned = m_contents.layout.pinnedCell(m_scroll)) {
+    if (const auto pinned = m_contents.geometry.pinnedCell(m_scroll)) {
         paintColumn(painter, *pinned);
     }
     paintLeadingBlock(painter);
     painter.fillRect(0, height() - 1, width(), 1, palette.border);
     if (!m_model.visible().empty()) {
-        LinePainter::paintEdges(painter, palette.border, m_contents.layout, m_scroll, height());
+        LinePainter::paintEdges(painter, palette.border, m_contents.geometry, m_scroll, height());
     }
 }
 
 void GridHeader::paintSideTitles(QPainter& painter) const {
-    const GridGeometry& layout = m_contents.layout;
+    const GridGeometry& geometry = m_contents.geometry;
     const int before = GridGeometry::leadingWidth - m_scroll;
-    const int gap = layout.gapLeft() - m_scroll;
+    const int gap = geometry.gapLeft() - m_scroll;
     const int after = gap + Metrics::gridHalfGap;
     const DiffResult& result = *m_model.result();
     paintSideTitle(painter,
@@ -102,7 +102,7 @@ void GridHeader::paintSideTitles(QPainter& painter) const {
                    RowTexts::sideName(DuplicateKey::Side::before),
                    CellText::whole(result.before.sourceName()));
     paintSideTitle(painter,
-                   {after, 0, layout.contentWidth() - m_scroll - after, Metrics::gridTitlesSideBySide},
+                   {after, 0, geometry.contentWidth() - m_scroll - after, Metrics::gridTitlesSideBySide},
                    RowTexts::sideName(DuplicateKey::Side::after),
                    CellText::whole(result.after.sourceName()));
 }
@@ -127,14 +127,14 @@ void GridHeader::paintSideTitle(QPainter& painter, const QRect& area, const QStr
 }
 
 void GridHeader::paintColumns(QPainter& painter) const {
-    const auto [begin, end] = m_contents.layout.visibleCells(m_scroll);
+    const auto [begin, end] = m_contents.geometry.visibleCells(m_scroll);
     for (std::size_t cell = begin; cell < end; ++cell) {
         paintColumn(painter, cell);
     }
 }
 
 int GridHeader::textWidth(std::size_t cell) const {
-    const GridGeometry::Cell& place = m_contents.layout.cells()[cell];
+    const GridGeometry::Cell& place = m_contents.geometry.cells()[cell];
     const Spacing space = spacing(sideBySide());
     int width = place.width() - space.left - space.right;
     width -= m_contents.columns.isKey(place.column) ? keyIcon + space.gap : 0;
@@ -143,14 +143,14 @@ int GridHeader::textWidth(std::size_t cell) const {
 }
 
 void GridHeader::paintColumn(QPainter& painter, std::size_t cell) const {
-    const GridGeometry::Cell& place = m_contents.layout.cells()[cell];
+    const GridGeometry::Cell& place = m_contents.geometry.cells()[cell];
     const Palette& palette = m_theme.palette();
     const QRect area = columnArea(cell);
     const Spacing space = spacing(sideBySide());
     qreal x = area.left() + space.left;
     if (m_contents.columns.isKey(place.column)) {
         const QRect icon(qRound(x), area.top() + (area.height() - keyIcon) / 2, keyIcon, keyIcon);
-        GridDrawing::symbol(painter, QStringLiteral("key"), palette.text2, icon);
+        Shapes::symbol(painter, QStringLiteral("key"), palette.text2, icon);
         x += keyIcon + space.gap;
     }
     const GridFont& nameFont = m_contents.fonts.header;
@@ -168,11 +168,11 @@ void GridHeader::paintColumn(QPainter& painter, std::size_t cell) const {
     x += noteFont.width(shownNote);
     if (m_contents.columns.hasChanges(place.column)) {
         const qreal top = area.top() + (area.height() - Metrics::changeDot) / 2.0;
-        GridDrawing::roundedBox(painter,
-                                QRectF(x + space.gap, top, Metrics::changeDot, Metrics::changeDot),
-                                Metrics::changeDot / 2.0,
-                                palette.changed.mark,
-                                palette.changed.mark);
+        Shapes::box(painter,
+                    QRectF(x + space.gap, top, Metrics::changeDot, Metrics::changeDot),
+                    Metrics::changeDot / 2.0,
+                    palette.changed.mark,
+                    palette.changed.mark);
     }
 }
 
@@ -196,7 +196,7 @@ bool GridHeader::event(QEvent* event) {
 }
 
 void GridHeader::showToolTip(const QPoint& position, const QPoint& globalPosition) {
-    const auto cell = m_contents.layout.cellAt(position.x(), m_scroll);
+    const auto cell = m_contents.geometry.cellAt(position.x(), m_scroll);
     if (!m_model.result() || !cell) {
         QToolTip::hideText();
         return;

@@ -29,7 +29,7 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    bool sideBySide() const { return m_contents.layout.view() == ViewMode::sideBySide; }
+    bool sideBySide() const { return m_contents.geometry.view() == ViewMode::sideBySide; }
     QRect columnArea(std::size_t cell) const;
     void paintSideTitles(QPainter& painter) const;
     void paintSideTitle(QPainter& painter, const QRect& area, const QString& side, const QString& file) const;

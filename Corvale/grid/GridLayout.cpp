@@ -95,12 +95,6 @@ GridLayout GridLayout::of(const DiffResult& result) {
     return layout;
 }
 
-GridLayout GridLayout::of(const DiffResult& result, ViewMode view, std::optional<double> availableWidth) {
-    GridLayout layout = of(result);
-    layout.fit(view, availableWidth);
-    return layout;
-}
-
 void GridLayout::fit(ViewMode view, std::optional<double> availableWidth) {
     scale = 1.0;
     if (view != ViewMode::sideBySide || !availableWidth) {
@@ -135,12 +129,15 @@ double GridLayout::contentWidth(ViewMode view) const {
         }
         return sum;
     }
-    for (const auto* side : {&beforeColumns, &afterColumns}) {
-        for (const std::int64_t column : *side) {
-            sum += drawnWidth(view, column);
-        }
+    // From left to right, or the sum would be rounded otherwise than the edges of the cells.
+    for (const std::int64_t column : beforeColumns) {
+        sum += drawnWidth(view, column);
     }
-    return sum + gapWidth;
+    sum += gapWidth;
+    for (const std::int64_t column : afterColumns) {
+        sum += drawnWidth(view, column);
+    }
+    return sum;
 }
 
 }  // namespace corvale

@@ -28,8 +28,6 @@ struct GridLayout {
 
     // Measures the header and the first 200 rows of each column, whatever the number of rows.
     static GridLayout of(const DiffResult& result);
-    // The same, fitted.
-    static GridLayout of(const DiffResult& result, ViewMode view, std::optional<double> availableWidth);
 
     // Sets the scale: 1 unless side by side and too wide for `availableWidth`, that of a whole line.
     void fit(ViewMode view, std::optional<double> availableWidth);

@@ -84,8 +84,8 @@ QString GridPartInterface::headerText() const {
     if (m_column == Table::statusColumn) {
         return GridHeader::tr("Status");
     }
-    const QString title = m_grid->header().title(cellOf(m_column));
-    switch (m_grid->contents().layout.cells()[cellOf(m_column)].side) {
+    QString title = m_grid->header().title(cellOf(m_column));
+    switch (m_grid->contents().geometry.cells()[cellOf(m_column)].side) {
         case CellSide::before:
             return RowTexts::sideName(DuplicateKey::Side::before) + u' ' + title;
         case CellSide::after:

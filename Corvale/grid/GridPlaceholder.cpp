@@ -6,8 +6,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "Corvale/grid/GridDrawing.h"
 #include "Corvale/style/Look.h"
+#include "Corvale/style/Shapes.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/style/Typography.h"
 
@@ -71,14 +71,14 @@ protected:
         const Palette& palette = m_owner.m_theme.palette();
         const bool isGood = m_owner.subject() == Subject::noDifferences;
         QPainter painter(this);
-        GridDrawing::roundedBox(painter,
-                                rect(),
-                                pictureRadius,
-                                isGood ? palette.added.fill : palette.surface2,
-                                isGood ? palette.added.fill : palette.line);
+        Shapes::box(painter,
+                    rect(),
+                    pictureRadius,
+                    isGood ? palette.added.fill : palette.surface2,
+                    isGood ? palette.added.fill : palette.line);
         QRect symbol(0, 0, symbolSize, symbolSize);
         symbol.moveCenter(rect().center());
-        GridDrawing::symbol(painter, symbolOf(m_owner.subject()), isGood ? palette.added.text : palette.text3, symbol);
+        Shapes::symbol(painter, m_owner.symbol(), isGood ? palette.added.text : palette.text3, symbol);
     }
 
 private:
@@ -119,6 +119,8 @@ void GridPlaceholder::setSubject(Subject subject) {
     m_picture->update();
     lift();
 }
+
+QString GridPlaceholder::symbol() const { return symbolOf(m_subject); }
 
 QString GridPlaceholder::message() const { return titleOf(m_subject) + QStringLiteral(". ") + textOf(m_subject); }
 

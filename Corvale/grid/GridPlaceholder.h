@@ -21,6 +21,8 @@ public:
 
     void setSubject(Subject subject);
     Subject subject() const { return m_subject; }
+    // Its name.
+    QString symbol() const;
     // Title and sentence, to be read out.
     QString message() const;
 

@@ -6,22 +6,27 @@ namespace corvale {
 
 using CellSide = GridGeometry::CellSide;
 
-GridRow::GridRow(const DiffResult& result, std::int64_t index, const GridGeometry& layout)
+std::optional<ChangeKind> changeIn(std::span<const CellChange> changes, std::int64_t column) {
+    const auto found = std::partition_point(
+        changes.begin(), changes.end(), [column](const CellChange& change) { return change.column < column; });
+    return found != changes.end() && found->column == column ? std::optional(found->kind) : std::nullopt;
+}
+
+GridRow::GridRow(const DiffResult& result, std::int64_t index, const GridGeometry& geometry)
     : m_result(result),
-      m_index(index),
       m_row(result.rows[static_cast<std::size_t>(index)]),
-      m_layout(layout),
+      m_geometry(geometry),
       m_cells(result, m_row) {}
 
 GridCell GridRow::cell(std::size_t cell) const {
-    const GridGeometry::Cell& place = m_layout.cells()[cell];
+    const GridGeometry::Cell& place = m_geometry.cells()[cell];
     const ColumnPair& column = m_result.columns[static_cast<std::size_t>(place.column)];
     const bool isMissing =
         (place.side == CellSide::before && !m_row.left) || (place.side == CellSide::after && !m_row.right);
     if (isMissing) {
         return {GridCell::Kind::missing, place.side, {}, {}, {}};
     }
-    if (const auto kind = change(place.column)) {
+    if (const auto kind = changeIn(m_row.changes, place.column)) {
         return changedCell(column, place.side, *kind);
     }
     return {GridCell::Kind::plain, place.side, plainText(column, place.side), {}, {}};
@@ -50,12 +55,6 @@ GridCell GridRow::changedCell(const ColumnPair& column, CellSide side, ChangeKin
         cell.after = m_cells.after(column);
     }
     return cell;
-}
-
-std::optional<ChangeKind> GridRow::change(std::int64_t column) const {
-    const auto found = std::partition_point(
-        m_row.changes.begin(), m_row.changes.end(), [&](const CellChange& change) { return change.column < column; });
-    return found != m_row.changes.end() && found->column == column ? std::optional(found->kind) : std::nullopt;
 }
 
 }  // namespace corvale

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string_view>
 
 #include "Corvale/grid/GridGeometry.h"
@@ -28,32 +29,31 @@ struct GridCell {
     friend bool operator==(const GridCell&, const GridCell&) = default;
 };
 
+// The change in a result column, of those of a row.
+std::optional<ChangeKind> changeIn(std::span<const CellChange> changes, std::int64_t column);
+
 // One line of the grid: a row of a result and how its cells are laid out. Views all it is made of, and so do the texts
 // of its cells.
 class GridRow {
 public:
-    GridRow(const DiffResult& result, std::int64_t index, const GridGeometry& layout);
+    // `index` is one into the result's rows.
+    GridRow(const DiffResult& result, std::int64_t index, const GridGeometry& geometry);
 
     const DiffResult& result() const { return m_result; }
-    // An index into the result's rows.
-    std::int64_t index() const { return m_index; }
     const DiffRow& row() const { return m_row; }
-    const GridGeometry& layout() const { return m_layout; }
-    bool sideBySide() const { return m_layout.view() == ViewMode::sideBySide; }
+    const GridGeometry& geometry() const { return m_geometry; }
+    bool sideBySide() const { return m_geometry.view() == ViewMode::sideBySide; }
 
     // By a place in the layout.
     GridCell cell(std::size_t cell) const;
-    // The change in a result column.
-    std::optional<ChangeKind> change(std::int64_t column) const;
 
 private:
     std::string_view plainText(const ColumnPair& column, GridGeometry::CellSide side) const;
     GridCell changedCell(const ColumnPair& column, GridGeometry::CellSide side, ChangeKind kind) const;
 
     const DiffResult& m_result;
-    std::int64_t m_index;
     DiffRow m_row;
-    const GridGeometry& m_layout;
+    const GridGeometry& m_geometry;
     RowCells m_cells;
 };
 

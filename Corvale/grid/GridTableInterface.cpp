@@ -1,13 +1,12 @@
 #include "Corvale/grid/GridTableInterface.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <limits>
 
 #include "Corvale/grid/DiffGrid.h"
 #include "Corvale/grid/GridAccessibility.h"
-#include "Corvale/grid/GridHeader.h"
 #include "Corvale/grid/GridPartInterface.h"
-#include "Corvale/grid/RowTexts.h"
 
 namespace corvale {
 
@@ -95,7 +94,7 @@ QAccessibleInterface* GridTableInterface::focusChild() const {
 }
 
 int GridTableInterface::columnCount() const {
-    return leadingColumns + static_cast<int>(grid().contents().layout.cells().size());
+    return leadingColumns + static_cast<int>(grid().contents().geometry.cells().size());
 }
 
 int GridTableInterface::rowCount() const { return static_cast<int>(std::min(grid().lineCount(), mostLines)); }

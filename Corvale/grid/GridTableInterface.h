@@ -2,8 +2,6 @@
 
 #include <QAccessibleWidget>
 #include <QHash>
-#include <cstdint>
-#include <memory>
 #include <utility>
 
 namespace corvale {

@@ -8,6 +8,7 @@
 
 #include "Corvale/grid/CellText.h"
 #include "Corvale/grid/FieldView.h"
+#include "Corvale/grid/GridDrawing.h"
 #include "Corvale/grid/GridFonts.h"
 #include "Corvale/grid/RowTexts.h"
 #include "Corvale/grid/ValueText.h"
@@ -30,20 +31,6 @@ constexpr int mostSummaryLines = 8;
 constexpr int numberGap = 14;
 constexpr int numberLineGap = 1;
 constexpr int titlePadding = 12;  // above and below the titles together
-
-QColor statusColor(const Palette& palette, DiffRow::Status status) {
-    switch (status) {
-        case DiffRow::Status::added:
-            return palette.added.text;
-        case DiffRow::Status::removed:
-            return palette.removed.text;
-        case DiffRow::Status::changed:
-            return palette.changed.text;
-        case DiffRow::Status::same:
-            break;
-    }
-    return palette.text2;
-}
 
 void setColor(QLabel& label, const QColor& color) {
     QPalette palette = label.palette();
@@ -71,7 +58,6 @@ InspectorHead::InspectorHead(AppModel& model, const Theme& theme, QWidget* paren
     }
     m_key->setMinimumWidth(1);
     m_summary->setAccessibleName(tr("Changes"));
-    connect(&theme, &Theme::changed, this, &InspectorHead::updateColors);
     updateFonts();
     addRows();
 }
@@ -99,11 +85,11 @@ void InspectorHead::refresh() {
     const DiffResult& result = *m_model.result();
     const DiffRow row = result.rows[static_cast<std::size_t>(*m_model.selectedRow())];
     m_keyText = CellText::shortened(RowTexts::title(result, row).toStdString(), 1000);
-    m_status->setText(RowTexts::statusWord(row.status));
     m_before->setText(RowTexts::heading(result, row, RowSide::before));
     m_after->setText(RowTexts::heading(result, row, RowSide::after));
-    m_summary->setVisible(!row.changes.empty());
     updateColors();
+    showStatus(row);
+    showChanges(result, row);
     fitNumbers();
     fitSummary();
     elideKey();
@@ -139,18 +125,23 @@ void InspectorHead::updateColors() {
     setColor(*m_key, palette.text);
     setColor(*m_before, palette.text2);
     setColor(*m_after, palette.text2);
-    if (m_model.result() && m_model.selectedRow()) {
-        const DiffRow row = m_model.result()->rows[static_cast<std::size_t>(*m_model.selectedRow())];
-        const QColor color = statusColor(palette, row.status);
-        setColor(*m_status, color);
-        FieldValue summary;
-        summary.text = summary.original = RowTexts::summary(*m_model.result(), row);
-        ValueText::Look look;
-        look.color = palette.text;
-        m_summary->setValue(summary, look);
-        m_symbol->setPixmap(Icons::pixmap(RowTexts::statusSymbol(row.status), color, statusIcon, devicePixelRatioF()));
-    }
     update();
+}
+
+void InspectorHead::showStatus(const DiffRow& row) {
+    const QColor color = GridDrawing::statusColor(m_theme.palette(), row.status);
+    m_status->setText(RowTexts::statusWord(row.status));
+    setColor(*m_status, color);
+    m_symbol->setPixmap(Icons::pixmap(RowTexts::statusSymbol(row.status), color, statusIcon, devicePixelRatioF()));
+}
+
+void InspectorHead::showChanges(const DiffResult& result, const DiffRow& row) {
+    FieldValue summary;
+    summary.text = summary.original = RowTexts::summary(result, row);
+    ValueText::Look look;
+    look.color = m_theme.palette().text;
+    m_summary->setValue(summary, look);
+    m_summary->setVisible(!row.changes.empty());
 }
 
 void InspectorHead::fitNumbers() {

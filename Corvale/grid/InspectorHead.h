@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include "CorvaleKit/engine/DiffResult.h"
+
 class QBoxLayout;
 class QLabel;
 
@@ -20,7 +22,7 @@ public:
     // Both outlive the head.
     InspectorHead(AppModel& model, const Theme& theme, QWidget* parent);
 
-    // There is a selected row.
+    // There is a selected row. Also when the theme has changed.
     void refresh();
     // That of the fields below, which a scroll bar may narrow.
     void setFieldWidth(int width);
@@ -40,6 +42,8 @@ private:
     void addRows();
     void updateFonts();
     void updateColors();
+    void showStatus(const DiffRow& row);
+    void showChanges(const DiffResult& result, const DiffRow& row);
     void elideKey();
     void fitNumbers();
     void fitSummary();

@@ -2,13 +2,13 @@
 
 #include <QLinearGradient>
 #include <QPainter>
-#include <QPainterPath>
 #include <QPen>
 #include <algorithm>
 
 #include "Corvale/grid/GridDrawing.h"
 #include "Corvale/grid/RowTexts.h"
 #include "Corvale/style/Icons.h"
+#include "Corvale/style/Shapes.h"
 #include "Corvale/style/Theme.h"
 
 namespace corvale {
@@ -20,17 +20,13 @@ using Place = GridGeometry::Place;
 using RowSide = DuplicateKey::Side;
 
 constexpr int contentHeight = LinePainter::lineHeight - 1;
-constexpr int gutterWidth = 52;
 constexpr int gutterPadding = 7;
 constexpr int widestNumber = 41;  // beside the bar of the selected line
-constexpr int statusLeft = static_cast<int>(GridLayout::numbersWidth) + 11;
-constexpr int statusIcon = 16;
-constexpr int statusGap = 7;
+constexpr int statusLeft = static_cast<int>(GridLayout::numbersWidth) + Metrics::gridCellPadding;
 constexpr int gapWidth = static_cast<int>(GridLayout::gapWidth);
-constexpr int shadowWidth = 3;
 constexpr float shadowOpacity = 0.16F;
 constexpr qreal tintOfColoredHairline = 0.45;
-constexpr QSize tabSize(14, 21);
+constexpr QSize tabSize(Metrics::edgeTabWidth, Metrics::edgeTabHeight);
 constexpr int tabRadius = 5;
 constexpr int tabIcon = 11;
 constexpr int hatchPeriod = 8;  // across; six between the diagonals
@@ -77,37 +73,22 @@ QColor LinePainter::hairline(const GridRow& line) const {
     return palette.line;
 }
 
-QColor LinePainter::statusColor(DiffRow::Status status) const {
-    const Palette& palette = m_theme.palette();
-    switch (status) {
-        case DiffRow::Status::added:
-            return palette.added.text;
-        case DiffRow::Status::removed:
-            return palette.removed.text;
-        case DiffRow::Status::changed:
-            return palette.changed.text;
-        case DiffRow::Status::same:
-            break;
-    }
-    return palette.text2;
-}
-
 CellPainter::Style LinePainter::cellStyle(const GridRow& line, std::size_t cell) const {
     CellPainter::Style style;
-    style.view = line.layout().view();
-    style.isKey = m_contents.columns.isKey(line.layout().cells()[cell].column);
+    style.view = line.geometry().view();
+    style.isKey = m_contents.columns.isKey(line.geometry().cells()[cell].column);
     style.isQuiet = line.row().status == DiffRow::Status::same;
     return style;
 }
 
 void LinePainter::paintScrolled(QPainter& painter, const GridRow& line, int y, int scroll, const State& state) {
-    const GridGeometry& layout = line.layout();
+    const GridGeometry& geometry = line.geometry();
     if (line.sideBySide()) {
         paintHalves(painter, line, y, scroll, state);
     } else if (const auto color = fill(line, state)) {
-        painter.fillRect(0, y, layout.viewportWidth(), contentHeight, *color);
+        painter.fillRect(0, y, geometry.viewportWidth(), contentHeight, *color);
     }
-    const auto [begin, end] = layout.visibleCells(scroll);
+    const auto [begin, end] = geometry.visibleCells(scroll);
     for (std::size_t cell = begin; cell < end; ++cell) {
         paintCell(painter, line, cell, y, scroll, state);
     }
@@ -115,13 +96,13 @@ void LinePainter::paintScrolled(QPainter& painter, const GridRow& line, int y, i
 
 void LinePainter::paintCell(QPainter& painter, const GridRow& line, std::size_t cell, int y, int scroll,
                             const State& state) {
-    const GridGeometry& layout = line.layout();
-    const QRect area(layout.screenLeft(cell, scroll), y, layout.cells()[cell].width(), lineHeight);
+    const GridGeometry& geometry = line.geometry();
+    const QRect area(geometry.screenLeft(cell, scroll), y, geometry.cells()[cell].width(), lineHeight);
     const GridCell content = line.cell(cell);
     CellPainter::Style style = cellStyle(line, cell);
-    style.isCurrent = state.currentColumn == layout.cells()[cell].column;
+    style.isCurrent = state.currentColumn == geometry.cells()[cell].column;
     if (line.sideBySide() && content.kind != GridCell::Kind::missing) {
-        const bool isFirst = cell == 0 || layout.cells()[cell - 1].side != layout.cells()[cell].side;
+        const bool isFirst = cell == 0 || geometry.cells()[cell - 1].side != geometry.cells()[cell].side;
         if (!isFirst) {
             painter.fillRect(area.left(), y, 1, contentHeight, m_theme.palette().line);
         }
@@ -130,9 +111,9 @@ void LinePainter::paintCell(QPainter& painter, const GridRow& line, std::size_t 
 }
 
 void LinePainter::paintHalves(QPainter& painter, const GridRow& line, int y, int scroll, const State& state) {
-    const GridGeometry& layout = line.layout();
-    const int gap = layout.gapLeft() - scroll;
-    const int right = layout.contentWidth() - scroll;
+    const GridGeometry& geometry = line.geometry();
+    const int gap = geometry.gapLeft() - scroll;
+    const int right = geometry.contentWidth() - scroll;
     const QRect before(
         GridGeometry::leadingWidth - scroll, y, gap - GridGeometry::leadingWidth + scroll, contentHeight);
     const QRect after(gap + gapWidth, y, right - gap - gapWidth, contentHeight);
@@ -152,7 +133,7 @@ void LinePainter::paintHalf(QPainter& painter, const GridRow& line, const QRect&
         if (m_hatch.isNull()) {
             m_hatch = GridDrawing::hatch(hatchPeriod, palette.surface2, palette.hatch, m_pixelRatio);
         }
-        painter.drawTiledPixmap(area.intersected({0, area.top(), line.layout().viewportWidth(), area.height()}),
+        painter.drawTiledPixmap(area.intersected({0, area.top(), line.geometry().viewportWidth(), area.height()}),
                                 m_hatch,
                                 QPointF(0, area.top() % hatchPeriod));
         return;
@@ -166,24 +147,25 @@ void LinePainter::paintHalf(QPainter& painter, const GridRow& line, const QRect&
 }
 
 void LinePainter::paintPinned(QPainter& painter, const GridRow& line, int y, int scroll, const State& state) {
-    const GridGeometry& layout = line.layout();
+    const GridGeometry& geometry = line.geometry();
     const QColor ground = fill(line, state).value_or(m_theme.palette().surface);
-    const auto pinned = layout.pinnedCell(scroll);
-    painter.fillRect(0, y, layout.scrolledAreaLeft(scroll), contentHeight, ground);
+    const auto pinned = geometry.pinnedCell(scroll);
+    painter.fillRect(0, y, geometry.scrolledAreaLeft(scroll), contentHeight, ground);
     if (pinned) {
         paintCell(painter, line, *pinned, y, scroll, state);
     }
-    paintNumber(painter, line, RowSide::before, {0, y, gutterWidth, contentHeight}, state.isSelected);
-    paintNumber(painter, line, RowSide::after, {gutterWidth, y, gutterWidth, contentHeight}, state.isSelected);
+    paintNumber(painter, line, RowSide::before, {0, y, Metrics::gridGutter, contentHeight}, state.isSelected);
+    paintNumber(
+        painter, line, RowSide::after, {Metrics::gridGutter, y, Metrics::gridGutter, contentHeight}, state.isSelected);
     paintStatus(painter, line.row(), y);
-    painter.fillRect(0, y + contentHeight, layout.viewportWidth(), 1, hairline(line));
+    painter.fillRect(0, y + contentHeight, geometry.viewportWidth(), 1, hairline(line));
 
-    const auto outOfView = layout.outOfView(line.row().changes, scroll);
+    const auto outOfView = geometry.outOfView(line.row().changes, scroll);
     if (outOfView.left) {
-        paintTab(painter, Place::leftOfIt, tabArea(layout, Place::leftOfIt, y, scroll));
+        paintTab(painter, Place::leftOfIt, tabArea(geometry, Place::leftOfIt, y, scroll));
     }
     if (outOfView.right) {
-        paintTab(painter, Place::rightOfIt, tabArea(layout, Place::rightOfIt, y, scroll));
+        paintTab(painter, Place::rightOfIt, tabArea(geometry, Place::rightOfIt, y, scroll));
     }
 }
 
@@ -209,25 +191,25 @@ const GridFont& LinePainter::numberFont(const QString& text, bool isSelected) co
 }
 
 void LinePainter::paintStatus(QPainter& painter, const DiffRow& row, int y) {
-    const QColor color = statusColor(row.status);
+    const QColor color = GridDrawing::statusColor(m_theme.palette(), row.status);
     QPixmap& symbol = m_statusSymbols.at(static_cast<std::size_t>(row.status));
     if (symbol.isNull()) {
-        symbol = Icons::pixmap(RowTexts::statusSymbol(row.status), color, statusIcon, m_pixelRatio);
+        symbol = Icons::pixmap(RowTexts::statusSymbol(row.status), color, Metrics::icon, m_pixelRatio);
     }
-    painter.drawPixmap(statusLeft, y + (contentHeight - statusIcon) / 2, symbol);
+    painter.drawPixmap(statusLeft, y + (contentHeight - Metrics::icon) / 2, symbol);
     const GridFont& font =
         row.status == DiffRow::Status::same ? m_contents.fonts.unchangedStatus : m_contents.fonts.status;
-    constexpr int left = statusLeft + statusIcon + statusGap;
+    constexpr int left = statusLeft + Metrics::icon + Metrics::gridStatusGap;
     painter.setPen(color);
     font.draw(painter,
               QPointF(left, font.baseline(y, contentHeight)),
               font.elided(RowTexts::statusWord(row.status), GridGeometry::leadingWidth - left - 2));
 }
 
-QRect LinePainter::tabArea(const GridGeometry& layout, Place side, int y, int scroll) {
+QRect LinePainter::tabArea(const GridGeometry& geometry, Place side, int y, int scroll) {
     constexpr int top = (contentHeight - tabSize.height()) / 2;
     const int left =
-        side == Place::leftOfIt ? layout.scrolledAreaLeft(scroll) : layout.viewportWidth() - tabSize.width();
+        side == Place::leftOfIt ? geometry.scrolledAreaLeft(scroll) : geometry.viewportWidth() - tabSize.width();
     return {QPoint(left, y + top), tabSize};
 }
 
@@ -241,13 +223,13 @@ void LinePainter::paintTab(QPainter& painter, Place side, const QRect& area) {
         // Its outer side lies beyond the picture, so that only the inner corners are round.
         const QRectF box =
             QRectF(QPointF(), tabSize).adjusted(isLeft ? -2 * tabRadius : 0, 0, isLeft ? 0 : 2 * tabRadius, 0);
-        GridDrawing::roundedBox(onPicture, box, tabRadius, colors.fill, colors.mark);
+        Shapes::box(onPicture, box, tabRadius, colors.fill, colors.mark);
         if (isLeft) {
             onPicture.translate(tabSize.width(), 0);
             onPicture.scale(-1, 1);
         }
         const QRect icon((tabSize.width() - tabIcon) / 2, (tabSize.height() - tabIcon) / 2, tabIcon, tabIcon);
-        GridDrawing::symbol(onPicture, QStringLiteral("chevron.right"), colors.text, icon);
+        Shapes::symbol(onPicture, QStringLiteral("chevron.right"), colors.text, icon);
     }
     painter.drawPixmap(area.topLeft(), picture);
 }
@@ -257,21 +239,21 @@ void LinePainter::paintSelection(QPainter& painter, int y, int width, bool gridH
     const int top = std::max(y - 1, 0);
     painter.fillRect(0, top, width, 2, color);
     painter.fillRect(0, y + contentHeight, width, 2, color);
-    painter.fillRect(0, top, 3, y + contentHeight + 2 - top, color);
+    painter.fillRect(0, top, Metrics::selectedRowBar, y + contentHeight + 2 - top, color);
 }
 
-void LinePainter::paintEdges(QPainter& painter, const QColor& border, const GridGeometry& layout, int scroll,
+void LinePainter::paintEdges(QPainter& painter, const QColor& border, const GridGeometry& geometry, int scroll,
                              int height) {
     painter.fillRect(GridGeometry::leadingWidth, 0, 1, height, border);
     if (scroll == 0) {
         return;
     }
-    const int edge = layout.scrolledAreaLeft(scroll);
+    const int edge = geometry.scrolledAreaLeft(scroll);
     painter.fillRect(edge, 0, 1, height, border);
-    QLinearGradient shadow(edge + 1, 0, edge + 1 + shadowWidth, 0);
+    QLinearGradient shadow(edge + 1, 0, edge + 1 + Metrics::pinnedShadow, 0);
     shadow.setColorAt(0, QColor::fromRgbF(0, 0, 0, shadowOpacity));
     shadow.setColorAt(1, Qt::transparent);
-    painter.fillRect(edge + 1, 0, shadowWidth, height, shadow);
+    painter.fillRect(edge + 1, 0, Metrics::pinnedShadow, height, shadow);
 }
 
 }  // namespace corvale

@@ -4,11 +4,13 @@
 #include <QRect>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 
 #include "Corvale/grid/CellPainter.h"
 #include "Corvale/grid/GridContents.h"
 #include "Corvale/grid/GridRow.h"
+#include "Corvale/style/Metrics.h"
 
 class QColor;
 class QPainter;
@@ -21,7 +23,7 @@ class Theme;
 // over it.
 class LinePainter {
 public:
-    static constexpr int lineHeight = 28;
+    static constexpr int lineHeight = Metrics::gridRow;
 
     struct State {
         bool isSelected = false;
@@ -45,10 +47,11 @@ public:
     // The frame of the selected line, over its neighbours.
     void paintSelection(QPainter& painter, int y, int width, bool gridHasFocus) const;
     // The edges of what is pinned, down the whole height.
-    static void paintEdges(QPainter& painter, const QColor& border, const GridGeometry& layout, int scroll, int height);
+    static void paintEdges(QPainter& painter, const QColor& border, const GridGeometry& geometry, int scroll,
+                           int height);
 
     // Where the mark is that leads to changed cells out of view.
-    static QRect tabArea(const GridGeometry& layout, GridGeometry::Place side, int y, int scroll);
+    static QRect tabArea(const GridGeometry& geometry, GridGeometry::Place side, int y, int scroll);
 
     const CellPainter& cells() const { return m_cells; }
     CellPainter::Style cellStyle(const GridRow& line, std::size_t cell) const;
@@ -67,7 +70,6 @@ private:
     // What is behind the cells of a whole line, or of its leading block side by side.
     std::optional<QColor> fill(const GridRow& line, const State& state) const;
     QColor hairline(const GridRow& line) const;
-    QColor statusColor(DiffRow::Status status) const;
 
     const Theme& m_theme;
     const GridContents& m_contents;

@@ -5,11 +5,13 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
+#include <memory>
 
 #include "Corvale/grid/DiffGrid.h"
 #include "Corvale/grid/GridDrawing.h"
 #include "Corvale/model/AppModel.h"
 #include "Corvale/style/Metrics.h"
+#include "Corvale/style/Shapes.h"
 #include "Corvale/style/Theme.h"
 
 namespace corvale {
@@ -66,8 +68,7 @@ OverviewStrip::~OverviewStrip() = default;
 
 void OverviewStrip::refresh() {
     const auto& result = m_model.result();
-    if (m_counted.owner_before(result) || result.owner_before(m_counted)) {
-        m_counted = result;
+    if (m_counted.take(result)) {
         count();
     }
     update();
@@ -86,8 +87,7 @@ void OverviewStrip::count() {
     }
     m_jobs.run([rows = result->rows] { return Overview::count(rows); },
                [this, of = std::weak_ptr(result)](Outcome<Overview::Counts>& outcome) {
-                   const bool isCurrent = !of.owner_before(m_counted) && !m_counted.owner_before(of);
-                   if (isCurrent && outcome.value) {
+                   if (m_counted.is(of) && outcome.value) {
                        m_counts = std::move(*outcome.value);
                        m_marks = {};
                        update();
@@ -136,7 +136,7 @@ void OverviewStrip::paintEvent(QPaintEvent*) {
     painter.drawPixmap(0, marksTop(), marksPicture());
     if (const auto span = frame()) {
         const QRectF area(edgeWidth, span->top, width() - edgeWidth, span->height);
-        GridDrawing::roundedBox(
+        Shapes::box(
             painter, area, frameRadius, withAlpha(palette.text2, frameFill), withAlpha(palette.text2, frameLine));
     }
     if (const auto line = selectionLine()) {

@@ -3,9 +3,9 @@
 #include <QPixmap>
 #include <QWidget>
 #include <cstdint>
-#include <memory>
 #include <optional>
 
+#include "Corvale/grid/KnownResult.h"
 #include "Corvale/grid/Overview.h"
 #include "Corvale/model/BackgroundJobs.h"
 
@@ -58,7 +58,7 @@ private:
     AppModel& m_model;
     DiffGrid& m_grid;
     const Theme& m_theme;
-    std::weak_ptr<const DiffResult> m_counted;  // the result that the counts are of, or will be
+    KnownResult m_counted;  // the result that the counts are of, or will be
     Overview::Counts m_counts;
     QPixmap m_marks;
     BackgroundJobs m_jobs;  // last, so that nothing is delivered into a strip half gone

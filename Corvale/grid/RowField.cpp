@@ -1,5 +1,8 @@
 #include "Corvale/grid/RowField.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "Corvale/grid/CellText.h"
 #include "Corvale/grid/GridRow.h"
 #include "Corvale/grid/RowTexts.h"
@@ -10,20 +13,25 @@ namespace corvale {
 
 namespace {
 
-std::optional<ChangeKind> changeIn(const DiffRow& row, std::size_t column) {
-    for (const CellChange& change : row.changes) {
-        if (static_cast<std::size_t>(change.column) == column) {
-            return change.kind;
+constexpr QStringView lineBreakPair = u"\r\n";
+
+// What shows the text makes one line break of the two characters, and all places behind it would be one less.
+void joinLineBreaks(FieldValue& value) {
+    const QStringView original = value.original;
+    value.text.clear();
+    for (qsizetype i = 0; i < original.size(); ++i) {
+        value.origins.push_back(static_cast<int>(i));
+        if (original.mid(i).startsWith(lineBreakPair)) {
+            ++i;
         }
+        value.text += original[i];
     }
-    return std::nullopt;
 }
 
-FieldValue note(const QString& text) {
-    FieldValue value;
-    value.text = text;
-    value.isNote = true;
-    return value;
+void showSpaces(FieldValue& value, std::string_view text) {
+    VisibleSpaces spaces = VisibleSpaces::of(text);
+    value.text = spaces.text;
+    value.origins = std::move(spaces.origins);
 }
 
 // `begin` and `end` are the stretch of the text that differs, in bytes.
@@ -39,24 +47,26 @@ FieldValue written(const RowField& field, std::string_view text, std::size_t beg
         value.markEnd = unitsBefore(end);
     }
     if (field.showsSpaces()) {
-        VisibleSpaces spaces = VisibleSpaces::of(text);
-        const auto shownAt = [&spaces](int unit) {
-            return static_cast<int>(std::ranges::lower_bound(spaces.origins, unit) - spaces.origins.begin());
+        showSpaces(value, text);
+    } else if (value.original.contains(lineBreakPair)) {
+        joinLineBreaks(value);
+    }
+    if (!value.origins.empty()) {
+        const auto shownAt = [&value](int unit) {
+            return static_cast<int>(std::ranges::lower_bound(value.origins, unit) - value.origins.begin());
         };
         value.markBegin = shownAt(value.markBegin);
         value.markEnd = shownAt(value.markEnd);
-        value.text = spaces.text;
-        value.origins = std::move(spaces.origins);
     }
     return value;
 }
 
 FieldValue valueOf(const RowField& field, const std::optional<std::string_view>& text, bool isAfter) {
-    if (!text) {
-        return note(RowTexts::notInThisFile());
-    }
-    if (text->empty()) {
-        return note(field.isKey ? RowTexts::blankKey() : RowTexts::emptyCell());
+    if (!text || text->empty()) {
+        FieldValue value;
+        value.text = FieldValue::note(field, text.has_value());
+        value.isNote = true;
+        return value;
     }
     if (field.kind == RowField::Kind::plain || !field.before || !field.after) {
         return written(field, *text, 0, 0);
@@ -80,7 +90,7 @@ RowField RowField::of(const DiffResult& result, const GridColumns& columns, std:
     if (diffRow.right && pair.right) {
         field.after = cells.after(pair);
     }
-    if (const auto kind = changeIn(diffRow, column)) {
+    if (const auto kind = changeIn(diffRow.changes, static_cast<std::int64_t>(column))) {
         field.kind = *kind == ChangeKind::value ? Kind::changed : Kind::formatOnly;
         field.isSpacing = *kind == ChangeKind::whitespace;
     }
@@ -89,6 +99,13 @@ RowField RowField::of(const DiffResult& result, const GridColumns& columns, std:
 
 bool RowField::showsSpaces() const {
     return isSpacing || (kind != Kind::plain && before && after && differOnlyInSpaces(*before, *after));
+}
+
+QString FieldValue::note(const RowField& field, bool isThere) {
+    if (!isThere) {
+        return RowTexts::notInThisFile();
+    }
+    return field.isKey ? RowTexts::blankKey() : RowTexts::emptyCell();
 }
 
 FieldValue FieldValue::before(const RowField& field) { return valueOf(field, field.before, false); }

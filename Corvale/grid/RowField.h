@@ -33,12 +33,14 @@ struct RowField {
 // How one value of a field is written: its text, and what of it is marked as different.
 struct FieldValue {
     QString text;
-    std::vector<int> origins;  // where white space was made visible: the unit of the value that each one stands for
+    std::vector<int> origins;  // where the text is not the value: the unit of the value that each one stands for
     QString original;          // what is copied; empty for a note such as "(empty)"
     bool isNote = false;
     int markBegin = 0;  // in UTF-16 units of the text; an empty stretch where all or nothing differs
     int markEnd = 0;
 
+    // What stands for an empty value, or for one that is not there.
+    static QString note(const RowField& field, bool isThere);
     // The values on either side.
     static FieldValue before(const RowField& field);
     static FieldValue after(const RowField& field);

@@ -66,8 +66,7 @@ void RowInspector::showSelection() {
 
 void RowInspector::takeResult() {
     const auto& result = m_model.result();
-    if (m_measured.owner_before(result) || result.owner_before(m_measured)) {
-        m_measured = result;
+    if (m_measured.take(result)) {
         m_columns = result ? GridColumns(*result) : GridColumns();
     }
 }

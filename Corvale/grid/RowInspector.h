@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QWidget>
-#include <memory>
 
 #include "Corvale/grid/GridColumns.h"
+#include "Corvale/grid/KnownResult.h"
 
 class QStackedLayout;
 
@@ -45,7 +45,7 @@ private:
     AppModel& m_model;
     Theme& m_theme;
     GridColumns m_columns;
-    std::weak_ptr<const DiffResult> m_measured;  // the result that the columns are of
+    KnownResult m_measured;  // the result that the columns are of
     QStackedLayout* m_pages;
     GridPlaceholder* m_placeholder;
     InspectorHead* m_head;

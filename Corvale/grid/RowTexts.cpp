@@ -3,7 +3,6 @@
 #include <QStringList>
 #include <algorithm>
 #include <limits>
-#include <span>
 #include <string_view>
 
 #include "Corvale/grid/CellText.h"
@@ -130,8 +129,7 @@ QString RowTexts::cell(const GridCell& cell) { return RowTexts::cell(cell, std::
 
 QString RowTexts::cell(const GridCell& cell, qsizetype longestValue) {
     const auto cut = [longestValue](std::string_view text) {
-        const QString whole = CellText::whole(text);
-        return whole.size() <= longestValue ? whole : whole.first(longestValue) + u'…';
+        return CellText::cut(CellText::whole(text), longestValue);
     };
     switch (cell.kind) {
         case GridCell::Kind::missing:

@@ -28,8 +28,8 @@ public:
     // What the row is known by: its key, "(blank key)", or "Row 8" where rows are matched by their order.
     static QString title(const DiffResult& result, const DiffRow& row);
 
-    // The changes of a row on one line: "Price: 89.00 to 94.00, Qty: 5 to 8". Three are listed, then the others
-    // counted, and long texts cut. Empty where nothing changed.
+    // The changes of a row on one line: "Price: 89.00 to 94.00, Qty: 5 to 8". Up to four are listed; of more,
+    // three, and the others are counted. Long texts are cut. Empty where nothing changed.
     static QString summary(const DiffResult& result, const DiffRow& row);
 
     // A line of the list as it is read out: status, numbers, title, summary.

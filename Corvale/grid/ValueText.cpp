@@ -9,12 +9,16 @@
 #include <QTextOption>
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+
+#include "Corvale/grid/CellText.h"
 
 namespace corvale {
 
 namespace {
 
-constexpr qsizetype longestMeasured = 300;
+constexpr std::size_t longestMeasured = 300;  // in bytes
+constexpr Qt::TextInteractionFlags selectable = Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
 constexpr qreal lineSpacing = 17.0 / 13.0;  // of the font's size
 
 // Qt reads a word to its end for each line that it fills, so that one of thousands of characters, such as a picture in
@@ -54,7 +58,7 @@ int lineCount(const QFont& font, const QString& text, int width) {
 
 ValueText::ValueText(QWidget* parent) : QTextEdit(parent) {
     setReadOnly(true);
-    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setTextInteractionFlags(selectable);
     setFrameShape(QFrame::NoFrame);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -72,21 +76,24 @@ int ValueText::lineHeight(const QFont& font) {
     return qRound(std::max(QFontInfo(font).pixelSize() * lineSpacing, metrics.height()));
 }
 
-int ValueText::estimatedHeight(const QFont& font, const QString& text, int width) {
+int ValueText::estimatedHeight(const QFont& font, std::string_view text, int width) {
     const int height = lineHeight(font);
     const QFontMetricsF metrics(font);
     if (text.size() > longestMeasured) {
         const qreal lines = static_cast<qreal>(text.size()) * metrics.averageCharWidth() / std::max(width, 1);
         return height * static_cast<int>(std::ceil(lines));
     }
-    if (!text.contains(u'\n') && metrics.horizontalAdvance(text) <= width) {
+    const QString whole = CellText::whole(text);
+    if (!whole.contains(u'\n') && metrics.horizontalAdvance(whole) <= width) {
         return height;
     }
-    return height * lineCount(font, text, width);
+    return height * lineCount(font, whole, width);
 }
 
 void ValueText::setValue(const FieldValue& value, const Look& look) {
     m_value = value;
+    // There is nothing in a note to copy: the key for it leaves the clipboard alone.
+    setTextInteractionFlags(value.isNote ? Qt::TextInteractionFlags(Qt::NoTextInteraction) : selectable);
     QTextCharFormat format;
     format.setForeground(look.color);
     format.setFontWeight(look.isBold ? QFont::Bold : QFont::Normal);
@@ -129,16 +136,19 @@ QMimeData* ValueText::createMimeDataFromSelection() const {
     auto* selected = new QMimeData;
     const int begin = textCursor().selectionStart();
     const int end = textCursor().selectionEnd();
-    if (m_value.isNote || begin >= end) {
+    const auto& origins = m_value.origins;
+    if (begin >= end) {
         return selected;
     }
-    if (m_value.origins.empty()) {
+    if (origins.empty()) {
         selected->setText(m_value.original.mid(begin, end - begin));
         return selected;
     }
-    const int from = m_value.origins[static_cast<std::size_t>(begin)];
-    const int to = m_value.origins[static_cast<std::size_t>(end - 1)];
-    selected->setText(m_value.original.mid(from, to - from + 1));
+    const int from = origins[static_cast<std::size_t>(begin)];
+    // All that the last unit stands for, which may be two.
+    const auto behind = std::upper_bound(origins.begin(), origins.end(), origins[static_cast<std::size_t>(end) - 1]);
+    const int to = behind == origins.end() ? static_cast<int>(m_value.original.size()) : *behind;
+    selected->setText(m_value.original.mid(from, to - from));
     return selected;
 }
 

@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QTextEdit>
+#include <string_view>
 
 #include "Corvale/grid/RowField.h"
 
@@ -28,8 +29,8 @@ public:
     int heightIn(int width);
 
     static int lineHeight(const QFont& font);
-    // The height that a text will have, without laying it out where it is very long.
-    static int estimatedHeight(const QFont& font, const QString& text, int width);
+    // The height that a text will have, without reading one that is very long.
+    static int estimatedHeight(const QFont& font, std::string_view text, int width);
 
 protected:
     QMimeData* createMimeDataFromSelection() const override;

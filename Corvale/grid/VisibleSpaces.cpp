@@ -12,8 +12,7 @@ constexpr char16_t narrowNoBreakSpace = 0x202F;
 
 bool isLineBreak(char16_t unit) { return Text::isSpaceOrLineBreak(unit) && !Text::isSpace(unit); }
 
-}  // namespace
-
+// Marks a single character; itself when it is no white space.
 QChar visibleSpace(QChar character) {
     const char16_t unit = character.unicode();
     if (unit == u'\t') {
@@ -27,6 +26,8 @@ QChar visibleSpace(QChar character) {
     }
     return Text::isSpace(unit) ? QChar(u'·') : character;
 }
+
+}  // namespace
 
 bool differOnlyInSpaces(std::string_view a, std::string_view b) {
     const auto withoutSpaces = [](std::string_view text) {

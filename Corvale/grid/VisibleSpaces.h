@@ -16,9 +16,6 @@ struct VisibleSpaces {
     friend bool operator==(const VisibleSpaces&, const VisibleSpaces&) = default;
 };
 
-// Marks a single character; itself when it is no white space.
-QChar visibleSpace(QChar character);
-
 // True for texts that are equal without their white space and line breaks.
 bool differOnlyInSpaces(std::string_view a, std::string_view b);
 

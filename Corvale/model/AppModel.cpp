@@ -53,11 +53,7 @@ std::vector<HeaderRowChoice> AppModel::headerRowChoices(Side side) const {
 }
 
 std::optional<std::int64_t> AppModel::automaticHeaderRow(Side side) const {
-    if (!file(side)) {
-        return std::nullopt;
-    }
-    const DataTable& table = file(side)->table;
-    return file(side)->headerRow ? corvale::automaticHeaderRow(table) : table.headerRowNumber();
+    return file(side) ? std::optional(file(side)->table.automaticHeaderRowNumber()) : std::nullopt;
 }
 
 void AppModel::select(std::optional<std::int64_t> row) {

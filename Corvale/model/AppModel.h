@@ -202,11 +202,11 @@ private:
     void compareWhenSettled();
     void startComparing();
     void stopComparing();
-    // How often the user may have filtered or selected since the result was prepared for that.
-    enum class Moved : std::uint8_t { once, often };
+    // How often a result was made ready for how the user looks at it, which may have changed meanwhile.
+    enum class Prepared : std::uint8_t { once, twice };
     // `run` is the number of the comparison.
     void finishComparison(std::uint64_t run, const std::shared_ptr<CancelFlag>& flag, Outcome<ShownResult>& outcome,
-                          Moved moved);
+                          Prepared prepared);
     void endComparison();
     void adopt(ShownResult shown);
     void clearResult();

@@ -7,7 +7,6 @@
 #include "Corvale/model/FailureTexts.h"
 #include "Corvale/model/ModelOperation.h"
 #include "Corvale/model/ProgressThrottle.h"
-#include "CorvaleKit/base/Failures.h"
 #include "CorvaleKit/engine/DiffEngine.h"
 
 namespace corvale {
@@ -76,11 +75,11 @@ void AppModel::startComparing() {
                         view,
                         checkOf(flag));
         },
-        [this, run, flag](Outcome<ShownResult>& outcome) { finishComparison(run, flag, outcome, Moved::once); });
+        [this, run, flag](Outcome<ShownResult>& outcome) { finishComparison(run, flag, outcome, Prepared::once); });
 }
 
 void AppModel::finishComparison(std::uint64_t run, const std::shared_ptr<CancelFlag>& flag,
-                                Outcome<ShownResult>& outcome, Moved moved) {
+                                Outcome<ShownResult>& outcome, Prepared prepared) {
     const Operation operation(*this);
     if (run != m_compareGeneration || flag->isCancelled()) {
         return;
@@ -91,17 +90,20 @@ void AppModel::finishComparison(std::uint64_t run, const std::shared_ptr<CancelF
         return;
     }
     const ResultView wanted = resultView();
-    if (outcome.value->view != wanted && moved == Moved::once) {
+    if (outcome.value->view != wanted && prepared == Prepared::once) {
         // The user filtered or selected meanwhile.
         m_jobs.run(
             [result = outcome.value->result, wanted, flag] { return show(result, wanted, checkOf(flag)); },
-            [this, run, flag](Outcome<ShownResult>& again) { finishComparison(run, flag, again, Moved::often); });
+            [this, run, flag](Outcome<ShownResult>& again) { finishComparison(run, flag, again, Prepared::twice); });
         return;
     }
     ShownResult shown = outcome.take();
     DiffFilter newest = filterIn(*shown.result, wanted);
     const bool isFiltered = newest == shown.filter;
     shown.filter = std::move(newest);
+    if (shown.view.selectedRow != wanted.selectedRow) {
+        shown.selectedRow = rowIn(*shown.result, wanted.selectedRow);
+    }
     adopt(std::move(shown));
     endComparison();
     if (!isFiltered) {

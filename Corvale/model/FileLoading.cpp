@@ -1,6 +1,7 @@
 #include "Corvale/model/FileLoading.h"
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>

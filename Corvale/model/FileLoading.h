@@ -3,6 +3,7 @@
 #include <QUrl>
 #include <cstdint>
 #include <optional>
+#include <string>
 
 #include "Corvale/model/LoadedFile.h"
 #include "Corvale/model/Platform.h"

@@ -1,10 +1,9 @@
 #include "Corvale/model/HeaderRowChoices.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <string_view>
+#include <utility>
 
-#include "CorvaleKit/loading/TableBuilder.h"
 #include "CorvaleKit/text/Text.h"
 
 namespace corvale {
@@ -48,22 +47,6 @@ std::vector<HeaderRowChoice> headerRowChoices(const DataTable& table) {
         }
     }
     return choices;
-}
-
-std::optional<std::int64_t> automaticHeaderRow(const DataTable& table) {
-    const CellRows& rows = table.topRows();
-    std::vector<std::uint32_t> filled;
-    std::size_t width = 0;
-    for (std::uint32_t i = 0; i < rows.size(); ++i) {
-        if (!TableBuilder::isBlank(rows[i])) {
-            filled.push_back(i);
-            width = std::max(width, rows[i].size());
-        }
-    }
-    if (filled.empty()) {
-        return std::nullopt;
-    }
-    return std::int64_t{filled[TableBuilder::headerPosition(rows.selected(filled, width))]} + 1;
 }
 
 }  // namespace corvale

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,9 +18,5 @@ struct HeaderRowChoice {
 
 // The table's first rows that have anything in them.
 std::vector<HeaderRowChoice> headerRowChoices(const DataTable& table);
-
-// The row that holds the column names unless another is chosen, judged by the table's first rows; none where they are
-// all blank.
-std::optional<std::int64_t> automaticHeaderRow(const DataTable& table);
 
 }  // namespace corvale

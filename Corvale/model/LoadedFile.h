@@ -15,8 +15,6 @@ namespace corvale {
 // The older file or the newer one.
 enum class Side : std::uint8_t { before, after };
 
-inline Side otherSide(Side side) { return side == Side::before ? Side::after : Side::before; }
-
 // One opened file with the choices made about it. Copying shares the bytes and the table.
 struct LoadedFile {
     QUrl url;                           // empty for a sample, which is on no disk

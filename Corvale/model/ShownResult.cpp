@@ -85,6 +85,10 @@ ResultView viewOf(const DiffResult& result, const DiffFilter& filter, std::optio
     return view;
 }
 
+std::optional<std::int64_t> rowIn(const DiffResult& result, const std::optional<RowIdentity>& row) {
+    return row ? rowLike(result.rows, *row) : std::nullopt;
+}
+
 DiffFilter filterIn(const DiffResult& result, const ResultView& view) {
     DiffFilter filter = view.filter;
     filter.column = view.columnName ? columnNamed(result, view.columnName) : std::nullopt;
@@ -95,9 +99,7 @@ ShownResult show(std::shared_ptr<const DiffResult> result, ResultView view, cons
     ShownResult shown;
     shown.filter = filterIn(*result, view);
     shown.visible = shown.filter.apply(*result, isCancelled);
-    if (view.selectedRow) {
-        shown.selectedRow = rowLike(result->rows, *view.selectedRow);
-    }
+    shown.selectedRow = rowIn(*result, view.selectedRow);
     shown.result = std::move(result);
     shown.view = std::move(view);
     return shown;

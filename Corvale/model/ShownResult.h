@@ -53,6 +53,9 @@ struct ShownResult {
 // Linear in the rows; on any thread. Throws Cancelled when asked to stop.
 ShownResult show(std::shared_ptr<const DiffResult> result, ResultView view, const CancelCheck& isCancelled = {});
 
+// The row of a result that a row is carried over to; none where it is gone. Linear in the rows.
+std::optional<std::int64_t> rowIn(const DiffResult& result, const std::optional<RowIdentity>& row);
+
 // The filter of a view with its column as the result numbers it.
 DiffFilter filterIn(const DiffResult& result, const ResultView& view);
 

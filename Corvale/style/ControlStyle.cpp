@@ -1,13 +1,14 @@
 #include "Corvale/style/ControlStyle.h"
 
-#include <QCheckBox>
 #include <QFocusFrame>
 #include <QPainter>
 #include <QStyleOption>
+#include <algorithm>
 
 #include "Corvale/style/FocusRing.h"
 #include "Corvale/style/Icons.h"
 #include "Corvale/style/Metrics.h"
+#include "Corvale/style/Shapes.h"
 #include "Corvale/style/Typography.h"
 
 namespace corvale {
@@ -16,30 +17,6 @@ namespace {
 
 constexpr int controlPadding = 10;
 constexpr int comboArrowWidth = 7 + Metrics::chevron + 7;
-
-QRect centered(int side, const QRect& rect) {
-    QRect square(0, 0, side, side);
-    square.moveCenter(rect.center());
-    return square;
-}
-
-void roundedRect(QPainter& painter, const QRectF& rect, double radius, const QBrush& fill, const QPen& pen) {
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(fill);
-    painter.setPen(pen);
-    const double inset = pen.style() == Qt::NoPen ? 0 : pen.widthF() / 2;
-    painter.drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), radius - inset, radius - inset);
-    painter.restore();
-}
-
-QPixmap symbol(const QString& name, const QColor& color, int size, const QPainter& painter) {
-    return Icons::pixmap(name, color, size, painter.device()->devicePixelRatioF());
-}
-
-void drawSymbol(const QString& name, const QColor& color, const QRect& square, QPainter& painter) {
-    painter.drawPixmap(square.topLeft(), symbol(name, color, square.width(), painter));
-}
 
 int menuItemHeight(const QStyleOptionMenuItem& item, int contents) {
     if (item.menuItemType != QStyleOptionMenuItem::Separator) {
@@ -65,14 +42,14 @@ void ControlStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
         case PE_IndicatorCheckBox:
             return drawCheckBox(*option, *painter);
         case PE_IndicatorArrowDown:
-            return drawSymbol(
-                QStringLiteral("chevron.down"), symbolColor, centered(Metrics::chevron, option->rect), *painter);
-        case PE_Widget:
-            return drawCard(widget == nullptr ? Look::none : lookOf(*widget), option->rect, *painter);
+            return Shapes::symbol(*painter,
+                                  QStringLiteral("chevron.down"),
+                                  symbolColor,
+                                  Shapes::centered(Metrics::chevron, option->rect));
         case PE_PanelMenu:
             return painter->fillRect(option->rect, m_palette.menu);
         case PE_FrameMenu:
-            return roundedRect(*painter, option->rect, Metrics::menuRadius, Qt::NoBrush, m_palette.popupBorder);
+            return Shapes::box(*painter, option->rect, Metrics::menuRadius, Qt::NoBrush, m_palette.popupBorder);
         default:
             return QProxyStyle::drawPrimitive(element, option, painter, widget);
     }
@@ -173,28 +150,16 @@ int ControlStyle::styleHint(StyleHint hint, const QStyleOption* option, const QW
     }
 }
 
-void ControlStyle::drawCard(Look look, const QRect& rect, QPainter& painter) const {
-    if (look == Look::emptyCard) {
-        QPen pen(m_palette.field, 1);
-        pen.setDashPattern({3, 3});
-        roundedRect(painter, rect, Metrics::cardRadius, Qt::NoBrush, pen);
-    } else if (look == Look::dropTarget) {
-        QPen pen(m_palette.accent, 2);
-        pen.setDashPattern({3, 2});
-        roundedRect(painter, rect, Metrics::cardRadius, m_palette.accentTint, pen);
-    }
-}
-
 void ControlStyle::drawCheckBox(const QStyleOption& option, QPainter& painter) const {
     const bool enabled = option.state.testFlag(State_Enabled);
     const bool filled = option.state.testFlag(State_On) || option.state.testFlag(State_NoChange);
-    const QRect box = centered(Metrics::checkBox, option.rect);
+    const QRect box = Shapes::centered(Metrics::checkBox, option.rect);
     const QColor& fill = !enabled ? m_palette.window : filled ? m_palette.accent : m_palette.surface;
     const QColor& edge = !enabled ? m_palette.border : filled ? m_palette.accent : m_palette.field;
     const QColor& mark = enabled ? m_palette.onAccent : m_palette.disabled;
-    roundedRect(painter, box, Metrics::checkBoxRadius, fill, edge);
+    Shapes::box(painter, box, Metrics::checkBoxRadius, fill, edge);
     if (option.state.testFlag(State_On)) {
-        drawSymbol(QStringLiteral("checkmark"), mark, centered(Metrics::chevron, box), painter);
+        Shapes::symbol(painter, QStringLiteral("checkmark"), mark, Shapes::centered(Metrics::chevron, box));
     } else if (option.state.testFlag(State_NoChange)) {
         painter.fillRect(box.adjusted(4, 7, -4, -7), mark);
     }
@@ -207,12 +172,12 @@ void ControlStyle::drawComboBox(const QStyleOptionComboBox& option, QPainter& pa
     const bool hover = option.state.testFlag(State_MouseOver);
     const QColor& edge = !enabled ? m_palette.border : open || hover ? m_palette.field : m_palette.controlBorder;
     const QColor& face = open ? m_palette.controlPressed : hover ? m_palette.controlHover : m_palette.control;
-    roundedRect(painter, option.rect, Metrics::controlRadius, enabled ? QBrush(face) : Qt::NoBrush, edge);
+    Shapes::box(painter, option.rect, Metrics::controlRadius, enabled ? QBrush(face) : Qt::NoBrush, edge);
     const QRect arrow = proxy()->subControlRect(CC_ComboBox, &option, SC_ComboBoxArrow, nullptr);
-    drawSymbol(QStringLiteral("chevron.down"),
-               enabled ? m_palette.text2 : m_palette.disabled,
-               centered(Metrics::chevron, arrow),
-               painter);
+    Shapes::symbol(painter,
+                   QStringLiteral("chevron.down"),
+                   enabled ? m_palette.text2 : m_palette.disabled,
+                   Shapes::centered(Metrics::chevron, arrow));
 }
 
 void ControlStyle::drawFocusRing(const QStyleOption& option, QPainter& painter, const QWidget* frame) const {
@@ -223,7 +188,7 @@ void ControlStyle::drawFocusRing(const QStyleOption& option, QPainter& painter, 
     }
     const int reach = Metrics::focusRing + Metrics::focusRingGap;
     const QRect ring = ringedPart(*control).translated(reach, reach).adjusted(-reach, -reach, reach, reach);
-    roundedRect(painter,
+    Shapes::box(painter,
                 ring & option.rect,
                 ringedRadius(*control) + reach,
                 Qt::NoBrush,
@@ -238,18 +203,19 @@ void ControlStyle::drawMenuItem(const QStyleOptionMenuItem& item, QPainter& pain
     const bool highlighted = enabled && item.state.testFlag(State_Selected);
     const QColor& color = !enabled ? m_palette.disabled : highlighted ? m_palette.onAccent : m_palette.text;
     if (highlighted) {
-        roundedRect(painter, item.rect, Metrics::controlRadius, m_palette.accent, Qt::NoPen);
+        Shapes::box(painter, item.rect, Metrics::controlRadius, m_palette.accent, Qt::NoPen);
     }
     const auto place = [&item](int left, int side) {
         const QRect square(item.rect.left() + left, item.rect.top(), side, item.rect.height());
-        return centered(side, visualRect(item.direction, item.rect, square));
+        return Shapes::centered(side, visualRect(item.direction, item.rect, square));
     };
     if (item.checked) {
-        drawSymbol(QStringLiteral("checkmark"), color, place(Metrics::menuCheckLeft, Metrics::menuCheck), painter);
+        Shapes::symbol(painter, QStringLiteral("checkmark"), color, place(Metrics::menuCheckLeft, Metrics::menuCheck));
     }
     if (item.menuItemType == QStyleOptionMenuItem::SubMenu) {
         const QRect square = place(item.rect.width() - Metrics::menuTextRight - Metrics::chevron, Metrics::chevron);
-        const QPixmap onward = symbol(QStringLiteral("chevron.right"), color, square.width(), painter);
+        const QPixmap onward = Icons::pixmap(
+            QStringLiteral("chevron.right"), color, square.width(), painter.device()->devicePixelRatioF());
         const bool mirrored = item.direction == Qt::RightToLeft;
         painter.drawPixmap(square.topLeft(), mirrored ? onward.transformed(QTransform::fromScale(-1, 1)) : onward);
     }

@@ -2,7 +2,6 @@
 
 #include <QProxyStyle>
 
-#include "Corvale/style/Look.h"
 #include "Corvale/style/Palette.h"
 
 class QStyleOptionComboBox;
@@ -10,8 +9,8 @@ class QStyleOptionMenuItem;
 
 namespace corvale {
 
-// Fusion, with our own menus, combo boxes, check boxes, chevrons, dashed cards and focus rings: what has a symbol in a
-// colour of the palette, or reaches over the edge of its control, is beyond a style sheet.
+// Fusion, with our own menus, combo boxes, check boxes, chevrons and focus rings: what has a symbol in a colour of the
+// palette, or reaches over the edge of its control, is beyond a style sheet.
 class ControlStyle : public QProxyStyle {
 public:
     explicit ControlStyle(const Palette& palette);
@@ -33,7 +32,6 @@ public:
                   QStyleHintReturn* returned) const override;
 
 private:
-    void drawCard(Look look, const QRect& rect, QPainter& painter) const;
     void drawComboBox(const QStyleOptionComboBox& option, QPainter& painter) const;
     void drawCheckBox(const QStyleOption& option, QPainter& painter) const;
     void drawFocusRing(const QStyleOption& option, QPainter& painter, const QWidget* frame) const;

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "Corvale/style/Shapes.h"
 #include "CorvaleKit/base/Require.h"
 
 namespace corvale::Icons {
@@ -58,8 +59,7 @@ public:
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
         const qreal ratio = painter->device()->devicePixelRatioF();
         const int side = std::min(rect.width(), rect.height());
-        QRect square(0, 0, side, side);
-        square.moveCenter(rect.center());
+        const QRect square = Shapes::centered(side, rect);
         painter->drawPixmap(square, Icons::pixmap(m_symbol, colorFor(mode, state), side, ratio));
     }
 

@@ -3,7 +3,7 @@
 #include <QStyle>
 #include <QVariant>
 #include <QWidget>
-#include <algorithm>
+#include <cstddef>
 #include <iterator>
 
 namespace corvale {
@@ -13,12 +13,8 @@ namespace {
 constexpr char property[] = "look";
 
 // In the order of the enumeration.
-constexpr const char* names[] = {
-    "",           "bar",       "surface",     "surfaceBar",  "card",           "emptyCard",     "dropTarget",
-    "cardSide",   "segments",  "panel",       "popup",       "smallMenu",      "secondaryText", "placeholderText",
-    "accentText", "addedText", "removedText", "changedText", "formatOnlyText", "warning",       "sidebar",
-};
-static_assert(std::size(names) == static_cast<std::size_t>(Look::sidebar) + 1);
+constexpr const char* names[] = {"", "surface", "card", "secondaryText", "sidebar", "topics", "nextLine"};
+static_assert(std::size(names) == static_cast<std::size_t>(Look::nextLine) + 1);
 
 }  // namespace
 
@@ -30,13 +26,6 @@ void setLook(QWidget& widget, Look look) {
     widget.style()->unpolish(&widget);
     widget.style()->polish(&widget);
     widget.update();
-}
-
-Look lookOf(const QWidget& widget) {
-    const QString name = widget.property(property).toString();
-    const auto* found = std::find_if(
-        std::begin(names), std::end(names), [&name](const char* each) { return name == QLatin1String(each); });
-    return found == std::end(names) ? Look::none : static_cast<Look>(found - std::begin(names));
 }
 
 }  // namespace corvale

@@ -1,12 +1,10 @@
 #pragma once
 
-// The sizes of the window, in logical pixels: at a device pixel ratio of 1 and, for what holds text, with a system font
-// of 13 pixels.
+// The sizes that several parts of the window share, in logical pixels: at a device pixel ratio of 1 and, for what holds
+// text, with a system font of 13 pixels.
 namespace corvale::Metrics {
 
-inline constexpr int windowMargin = 12;
 inline constexpr int controlGap = 8;
-inline constexpr int cardGap = 8;
 
 inline constexpr int pillRadius = 4;
 inline constexpr int checkBoxRadius = 4;
@@ -16,15 +14,10 @@ inline constexpr int chipRadius = 8;
 inline constexpr int menuRadius = 8;
 inline constexpr int panelRadius = 12;
 
-inline constexpr int menuBarHeight = 28;
 inline constexpr int toolBarHeight = 44;
-inline constexpr int filesBarHeight = 78;
 inline constexpr int cardHeight = 64;
 inline constexpr int cardSideWidth = 76;
 inline constexpr int cardSideWidthNarrow = 62;
-inline constexpr int matchBarHeight = 44;
-inline constexpr int stripHeight = 48;
-inline constexpr int stripNotesLine = 32;  // added for notes wrapped under the chips
 inline constexpr int controlHeight = 28;
 inline constexpr int buttonHeight = 32;  // in states and dialogs
 inline constexpr int flatButton = 24;
@@ -51,17 +44,14 @@ inline constexpr int gridHeader = 30;
 inline constexpr int gridTitlesSideBySide = 24;  // the line of Before and After, then that of the columns
 inline constexpr int gridHeaderSideBySide = 28;
 inline constexpr int gridRow = 28;
-inline constexpr int gridGutter = 52;  // of row numbers, one a side
-inline constexpr int gridStatus = 130;
+inline constexpr int gridGutter = 52;    // of row numbers, one a side
 inline constexpr int gridStatusGap = 7;  // between its symbol and its word
 inline constexpr int gridCellPadding = 11;
 inline constexpr int gridCellPaddingLeftSideBySide = 5;
 inline constexpr int gridCellPaddingRightSideBySide = 3;
 inline constexpr int gridHalfGap = 12;
 inline constexpr int pillHeight = 23;
-inline constexpr int pillInsetX = 4;
 inline constexpr int pillInsetY = 2;
-inline constexpr int pillPadding = 6;
 inline constexpr int changeDot = 6;  // after the header of a column with changes
 inline constexpr int edgeTabWidth = 14;
 inline constexpr int edgeTabHeight = 21;
@@ -72,8 +62,6 @@ inline constexpr int detailsWidth = 264;
 inline constexpr int detailsWidthMin = 220;
 inline constexpr int detailsWidthMax = 480;
 inline constexpr int overviewWidth = 16;
-inline constexpr int scrollBar = 10;
-inline constexpr int scrollThumb = 6;
 inline constexpr int helpSidebar = 228;
 inline constexpr int duplicateList = 420;
 inline constexpr int progressPanel = 340;
@@ -85,7 +73,6 @@ inline constexpr int searchWidth = 220;
 inline constexpr int focusRing = 2;
 inline constexpr int focusRingGap = 1;  // between the control and its ring
 inline constexpr int selectedRowBar = 3;
-inline constexpr int selectedRowLine = 2;
 
 // From these window widths down, labels and then texts of buttons give way.
 inline constexpr int withoutLabels = 1180;

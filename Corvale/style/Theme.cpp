@@ -64,10 +64,14 @@ const Palette& Theme::palette() const { return Palette::forScheme(m_scheme); }
 
 bool Theme::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &m_application && event->type() == QEvent::ApplicationPaletteChange) {
-        // Our own palette for the widgets comes by here too, and changes nothing.
-        if (const Scheme now = schemeOf(QApplication::palette()); now != m_scheme) {
-            m_scheme = now;
+        const Scheme now = schemeOf(QApplication::palette());
+        const bool isOther = std::exchange(m_scheme, now) != now;
+        // Colours of the desktop take the place of ours, also where it stays as light or dark as it was. Our own come
+        // by here too, and change nothing.
+        if (isOther || QApplication::palette("QWidget") != widgetPalette(palette())) {
             apply();
+        }
+        if (isOther) {
             Q_EMIT changed();
         }
     }

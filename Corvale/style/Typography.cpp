@@ -33,6 +33,8 @@ Shape shapeOf(TextRole role) {
             return {12, QFont::Normal};
         case TextRole::rowNumber:
             return {11.5, QFont::Normal};
+        case TextRole::longRowNumber:
+            return {9, QFont::Normal};
         case TextRole::caption:
             return {11, QFont::DemiBold};
         case TextRole::helpText:

@@ -15,6 +15,7 @@ enum class TextRole {
     chipCount,
     secondary,
     rowNumber,
+    longRowNumber,  // one with too many digits for its column
     caption,
     helpText,
     helpTitle,

@@ -10,8 +10,6 @@ namespace corvale {
 namespace {
 
 constexpr std::chrono::hours betweenChecks{24};
-// A machine that slept wakes to a check within the hour.
-constexpr std::chrono::hours betweenLooksAtTheClock{1};
 
 QString consentKey() { return QStringLiteral("updates/checksOnItsOwn"); }
 QString startedKey() { return QStringLiteral("updates/hasStarted"); }
@@ -33,7 +31,7 @@ void FeedUpdaterController::startUpdater() {
     } else if (!isFirstStart) {
         askForConsent();
     }
-    m_schedule.start(betweenLooksAtTheClock);
+    m_schedule.start(m_configuration.betweenLooksAtTheClock);
 }
 
 void FeedUpdaterController::askForConsent() {

@@ -29,7 +29,9 @@ public:
         QUrl feed;
         ProgramIdentity program;
         UpdateSystem system = UpdateSystem::current();
-        UpdateRequest::Milliseconds timeout = std::chrono::seconds(15);
+        UpdateRequest::Milliseconds timeout = UpdateRequest::usualTimeout;
+        // How often the clock is looked at. A machine that slept wakes to a check within the hour.
+        std::chrono::milliseconds betweenLooksAtTheClock = std::chrono::hours(1);
         std::function<QDateTime()> now = &QDateTime::currentDateTimeUtc;
     };
 

@@ -27,6 +27,7 @@ public:
     };
 
     using Milliseconds = std::chrono::milliseconds;
+    static constexpr std::chrono::seconds usualTimeout{15};
 
     UpdateRequest(Method method, const QUrl& url, Milliseconds timeout, std::function<void(const Answer&)> answered,
                   QObject* parent);

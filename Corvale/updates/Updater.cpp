@@ -17,11 +17,11 @@ UpdateOutlook outlookOf(std::optional<int> httpStatus) {
     return status == 404 || status == 410 ? UpdateOutlook::upToDate : UpdateOutlook::couldNotCheck;
 }
 
-Updater::Updater(StandardUpdaterController& controller, UpdateWindows& windows, const QUrl& endpoint,
-                 ProgramIdentity program, UpdateRequest::Milliseconds timeout)
+Updater::Updater(StandardUpdaterController& controller, UpdateWindows& windows, QUrl endpoint, ProgramIdentity program,
+                 UpdateRequest::Milliseconds timeout)
     : m_controller(controller),
       m_windows(windows),
-      m_endpoint(endpoint),
+      m_endpoint(std::move(endpoint)),
       m_program(std::move(program)),
       m_timeout(timeout) {}
 

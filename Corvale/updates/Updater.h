@@ -2,7 +2,6 @@
 
 #include <QObject>
 #include <QUrl>
-#include <chrono>
 #include <cstdint>
 #include <optional>
 
@@ -26,13 +25,10 @@ class Updater : public QObject {
     Q_OBJECT
 
 public:
-    static constexpr std::chrono::seconds usualTimeout{15};
-
     // Controller and windows outlive the updater.
-    Updater(StandardUpdaterController& controller, UpdateWindows& windows, const QUrl& endpoint,
-            ProgramIdentity program, UpdateRequest::Milliseconds timeout = usualTimeout);
+    Updater(StandardUpdaterController& controller, UpdateWindows& windows, QUrl endpoint, ProgramIdentity program,
+            UpdateRequest::Milliseconds timeout = UpdateRequest::usualTimeout);
 
-    StandardUpdaterController& controller() const { return m_controller; }
     // True while a check that the user asked for asks the endpoint.
     bool checking() const { return m_checking; }
     // Does nothing while one is under way.

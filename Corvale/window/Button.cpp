@@ -1,23 +1,26 @@
 #include "Corvale/window/Button.h"
 
+#include <QAccessible>
 #include <QButtonGroup>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
 #include <algorithm>
+#include <utility>
 
+#include "Corvale/style/Metrics.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/style/Typography.h"
+#include "Corvale/window/ControlAccessibility.h"
 #include "Corvale/window/Drawing.h"
-#include "Corvale/window/PopupMenu.h"
 
 namespace corvale {
 
 namespace {
 
-struct Metrics {
-    int height;
+struct Shape {
+    int height;       // at least: a larger system font makes higher buttons
     int padding;      // left and right
     int menuPadding;  // right of the chevron
     int gap;          // between symbol, text and chevron
@@ -26,22 +29,23 @@ struct Metrics {
     TextRole text;
 };
 
-constexpr Metrics metricsOf(Button::Face face) {
+constexpr Shape shapeOf(Button::Face face) {
+    constexpr int controlRadius = Metrics::controlRadius;
     switch (face) {
         case Button::Face::bordered:
-            return {28, 11, 8, 6, 12, 6, TextRole::body};
+            return {Metrics::controlHeight, 11, 8, 6, Metrics::chevron, controlRadius, TextRole::body};
         case Button::Face::tile:
-            return {32, 7, 7, 0, 0, 8, TextRole::body};
+            return {Metrics::swapButton, 7, 7, 0, 0, Metrics::chipRadius, TextRole::body};
         case Button::Face::flat:
-            return {24, 5, 5, 0, 0, 5, TextRole::body};
+            return {Metrics::flatButton, 5, 5, 0, 0, 5, TextRole::body};
         case Button::Face::inCard:
             return {22, 6, 5, 3, 10, 5, TextRole::secondary};
         case Button::Face::segment:
-            return {28, 12, 12, 6, 12, 6, TextRole::body};
+            return {Metrics::controlHeight, 12, 12, 6, Metrics::chevron, controlRadius, TextRole::body};
         case Button::Face::warning:
-            return {24, 8, 8, 5, 0, 6, TextRole::secondary};
+            return {Metrics::noteHeight, 8, 8, 5, 0, controlRadius, TextRole::secondary};
     }
-    return {};
+    Q_UNREACHABLE();
 }
 
 }  // namespace
@@ -50,11 +54,8 @@ Button::Button(Face face, Theme& theme, QWidget* parent) : QAbstractButton(paren
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setAttribute(Qt::WA_Hover);
-    setProperty("cornerRadius", metricsOf(face).radius);
-    connect(&theme, &Theme::changed, this, [this] {
-        updateGeometry();
-        update();
-    });
+    setProperty("cornerRadius", shapeOf(face).radius);
+    connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
 }
 
 void Button::setLabel(const QString& text, const QString& prefix) {
@@ -92,9 +93,12 @@ void Button::setSymbol(const QString& name, int size) {
     update();
 }
 
-void Button::setMenu(PopupMenu* menu) {
-    m_menu = menu;
-    connect(this, &Button::clicked, menu, &PopupMenu::open);
+void Button::setMenu(PopupMenu::Checking checking, std::function<void(PopupMenu&)> fill) {
+    ControlAccessibility::install();
+    m_menu = new PopupMenu(checking, std::move(fill), this);
+    connect(this, &Button::clicked, m_menu, &PopupMenu::open);
+    // Drops the interface of a button without a menu, where one has been asked for it already.
+    QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(QAccessible::queryAccessibleInterface(this)));
 }
 
 void Button::setHelp(const QString& help) {
@@ -108,21 +112,21 @@ void Button::setNarrowest(int width) {
 }
 
 QFont Button::textFont() const {
-    QFont font = fontFor(metricsOf(m_face).text);
+    QFont font = fontFor(shapeOf(m_face).text);
     const bool isValue = m_face == Face::inCard && !m_prefix.isEmpty();
     font.setWeight(m_face == Face::warning || isOn() ? QFont::DemiBold : isValue ? QFont::Medium : QFont::Normal);
     return font;
 }
 
 int Button::widthBesideText(bool textShown) const {
-    const Metrics& metrics = metricsOf(m_face);
+    const Shape shape = shapeOf(m_face);
     const bool hasMenu = m_menu != nullptr;
-    int width = metrics.padding + (hasMenu ? metrics.gap + metrics.chevron + metrics.menuPadding : metrics.padding);
+    int width = shape.padding + (hasMenu ? shape.gap + shape.chevron + shape.menuPadding : shape.padding);
     if (!m_symbol.isEmpty()) {
-        width += m_symbolSize + (textShown && !m_label.isEmpty() ? metrics.gap : 0);
+        width += m_symbolSize + (textShown && !m_label.isEmpty() ? shape.gap : 0);
     }
     if (m_prefixShown && !m_prefix.isEmpty()) {
-        width += Drawing::textWidth(fontFor(metrics.text), m_prefix);
+        width += Drawing::textWidth(fontFor(shape.text), m_prefix);
     }
     return width;
 }
@@ -139,7 +143,10 @@ int Button::fullTextWidth() const {
 
 int Button::widthWithText(bool shown) const { return widthBesideText(shown) + (shown ? fullTextWidth() : 0); }
 
-QSize Button::sizeHint() const { return {widthWithText(m_textShown), metricsOf(m_face).height}; }
+QSize Button::sizeHint() const {
+    const Shape shape = shapeOf(m_face);
+    return {widthWithText(m_textShown), std::max(shape.height, QFontMetrics(fontFor(shape.text)).height())};
+}
 
 QSize Button::minimumSizeHint() const {
     const QSize whole = sizeHint();
@@ -192,11 +199,13 @@ Button::Colors Button::faceColors() const {
                     palette.text2,
                     palette.text2,
                     m_prefix.isEmpty() ? palette.text2 : palette.text};
-        default:
+        case Face::bordered:
+        case Face::tile:
             return isOn()
                        ? Colors{palette.accentTint, palette.accentLine, palette.accent, palette.accent, palette.accent}
                        : plain;
     }
+    Q_UNREACHABLE();
 }
 
 Button::Colors Button::colors() const {
@@ -228,24 +237,24 @@ void Button::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const Colors shown = colors();
     const bool isOpenNote = m_face == Face::warning && isActive();
-    Drawing::box(painter, rect(), metricsOf(m_face).radius, shown.face, shown.border, isOpenNote ? 2 : 1);
+    Drawing::box(painter, rect(), shapeOf(m_face).radius, shown.face, shown.border, isOpenNote ? 2 : 1);
     paintContents(painter, shown);
 }
 
 void Button::paintContents(QPainter& painter, const Colors& colors) const {
-    const Metrics& metrics = metricsOf(m_face);
+    const Shape shape = shapeOf(m_face);
     // In the middle of what the heavier text of a button that is on would need.
     const bool hasSlack = m_textShown && isCheckable();
-    int x = metrics.padding + (hasSlack ? (fullTextWidth() - Drawing::textWidth(textFont(), m_label)) / 2 : 0);
+    int x = shape.padding + (hasSlack ? (fullTextWidth() - Drawing::textWidth(textFont(), m_label)) / 2 : 0);
     const auto place = [this](int left, int width) {
         return QStyle::visualRect(layoutDirection(), rect(), QRect(left, 0, width, height()));
     };
     if (!m_symbol.isEmpty()) {
         Drawing::symbol(painter, m_symbol, colors.symbol, place(x, m_symbolSize), m_symbolSize);
-        x += m_symbolSize + metrics.gap;
+        x += m_symbolSize + shape.gap;
     }
     if (m_prefixShown && !m_prefix.isEmpty()) {
-        const QFont font = fontFor(metrics.text);
+        const QFont font = fontFor(shape.text);
         const int width = Drawing::textWidth(font, m_prefix);
         Drawing::text(painter, place(x, width), m_prefix, font, colors.prefix);
         x += width;
@@ -254,9 +263,9 @@ void Button::paintContents(QPainter& painter, const Colors& colors) const {
         Drawing::text(painter, place(x, width() - widthBesideText(true)), m_label, textFont(), colors.text);
     }
     if (m_menu != nullptr) {
-        const int left = width() - metrics.menuPadding - metrics.chevron;
+        const int left = width() - shape.menuPadding - shape.chevron;
         Drawing::symbol(
-            painter, QStringLiteral("chevron.down"), colors.symbol, place(left, metrics.chevron), metrics.chevron);
+            painter, QStringLiteral("chevron.down"), colors.symbol, place(left, shape.chevron), shape.chevron);
     }
 }
 

@@ -3,10 +3,12 @@
 #include <QAbstractButton>
 #include <QString>
 #include <cstdint>
+#include <functional>
+
+#include "Corvale/window/PopupMenu.h"
 
 namespace corvale {
 
-class PopupMenu;
 class Theme;
 
 // A button of the window, painted by itself: plain, opening a menu, or showing whether something is on. Its checked
@@ -30,7 +32,6 @@ public:
     // The label: `prefix` in a quiet colour, then `text`. Elided at the right where the button is too narrow.
     void setLabel(const QString& text, const QString& prefix = {});
     const QString& label() const { return m_label; }
-    const QString& prefix() const { return m_prefix; }
     // False leaves the prefix, or the text beside a symbol, to the accessible name.
     void setPrefixShown(bool shown);
     void setTextShown(bool shown);
@@ -38,8 +39,9 @@ public:
     void setLongestText(int width);
     // A symbol before the text, and its size in pixels.
     void setSymbol(const QString& name, int size);
-    // Opens at a click; a child of the button.
-    void setMenu(PopupMenu* menu);
+    // Gives the button a menu, which opens at a click. `fill` adds its items.
+    void setMenu(PopupMenu::Checking checking, std::function<void(PopupMenu&)> fill);
+    // Null when it has none; a child of the button.
     PopupMenu* menu() const { return m_menu; }
     // The tooltip, which is also the accessible description.
     void setHelp(const QString& help);

@@ -5,6 +5,7 @@
 #include <QStyle>
 #include <algorithm>
 
+#include "Corvale/style/Metrics.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/style/Typography.h"
 #include "Corvale/window/Drawing.h"
@@ -14,9 +15,6 @@ namespace corvale {
 
 namespace {
 
-constexpr int chipHeight = 32;
-constexpr int chipRadius = 8;
-constexpr int symbolSize = 16;
 constexpr int gap = 6;
 constexpr int detailGap = 8;   // on both sides of the line before the detail
 constexpr int endPadding = 2;  // more than at the start
@@ -54,14 +52,11 @@ ChipLabel::ChipLabel(Kind kind, Theme& theme, QWidget* parent)
             break;
     }
     setCheckable(true);
-    setProperty("cornerRadius", chipRadius);
+    setProperty("cornerRadius", Metrics::chipRadius);
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    connect(&theme, &Theme::changed, this, [this] {
-        updateGeometry();
-        update();
-    });
+    connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
     setSelected(false);
 }
 
@@ -124,12 +119,12 @@ int ChipLabel::padding() const { return m_quiet ? 6 : 9; }
 
 QSize ChipLabel::sizeHint() const {
     // As wide as with the heavier title, so that a click moves nothing.
-    int width = padding() + symbolSize + gap + Drawing::textWidth(titleFont(!m_quiet), m_title) + gap +
+    int width = padding() + Metrics::icon + gap + Drawing::textWidth(titleFont(!m_quiet), m_title) + gap +
                 Drawing::textWidth(countFont(), countText()) + padding() + (m_quiet ? 0 : endPadding);
     if (m_detail) {
         width += 2 * detailGap + Drawing::textWidth(fontFor(TextRole::secondary), *m_detail);
     }
-    return {width, chipHeight};
+    return {width, std::max(Metrics::chipHeight, QFontMetrics(countFont()).height())};
 }
 
 void ChipLabel::keyPressEvent(QKeyEvent* event) {
@@ -148,13 +143,13 @@ void ChipLabel::paintFace(QPainter& painter) const {
                             : m_kind == Kind::removed ? palette.removed.fill
                             : m_kind == Kind::changed ? palette.changed.fill
                                                       : palette.pressed;
-        Drawing::box(painter, rect(), chipRadius, fill, color(), 2);
+        Drawing::box(painter, rect(), Metrics::chipRadius, fill, color(), 2);
     } else if (isDown()) {
-        Drawing::box(painter, rect(), chipRadius, palette.pressed, palette.field);
+        Drawing::box(painter, rect(), Metrics::chipRadius, palette.pressed, palette.field);
     } else if (isHovered) {
-        Drawing::box(painter, rect(), chipRadius, palette.surface2, palette.field);
+        Drawing::box(painter, rect(), Metrics::chipRadius, palette.surface2, palette.field);
     } else if (!m_quiet) {
-        Drawing::box(painter, rect(), chipRadius, palette.surface, palette.border);
+        Drawing::box(painter, rect(), Metrics::chipRadius, palette.surface, palette.border);
     }
 }
 
@@ -174,7 +169,8 @@ void ChipLabel::paintEvent(QPaintEvent*) {
     const auto write = [&painter, &next](const QString& text, const QFont& font, const QColor& color) {
         Drawing::text(painter, next(Drawing::textWidth(font, text)), text, font, color, Qt::ElideNone);
     };
-    Drawing::symbol(painter, m_symbol, m_quiet && !selected() ? palette.text3 : color(), next(symbolSize), symbolSize);
+    Drawing::symbol(
+        painter, m_symbol, m_quiet && !selected() ? palette.text3 : color(), next(Metrics::icon), Metrics::icon);
     x += gap;
     write(m_title, titleFont(selected()), ink);
     x += gap;

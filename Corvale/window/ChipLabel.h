@@ -23,9 +23,6 @@ public:
 
     const QString& symbol() const { return m_symbol; }
     QColor color() const;
-    const QString& title() const { return m_title; }
-    std::int64_t count() const { return m_count; }
-    const std::optional<QString>& detail() const { return m_detail; }
     bool selected() const { return isChecked(); }
 
     void setCount(std::int64_t count, std::optional<QString> detail);

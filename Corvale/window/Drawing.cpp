@@ -5,23 +5,9 @@
 #include <QStyle>
 #include <cmath>
 
-#include "Corvale/style/Icons.h"
+#include "Corvale/style/Shapes.h"
 
 namespace corvale::Drawing {
-
-namespace {
-
-void boxWithPen(QPainter& painter, const QRect& rect, double radius, const QColor& fill, const QPen& pen) {
-    const double inset = pen.widthF() / 2;
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(fill);
-    painter.setPen(pen);
-    painter.drawRoundedRect(QRectF(rect).adjusted(inset, inset, -inset, -inset), radius - inset, radius - inset);
-    painter.restore();
-}
-
-}  // namespace
 
 int textWidth(const QFont& font, const QString& text) {
     return static_cast<int>(std::ceil(QFontMetricsF(font).horizontalAdvance(text)));
@@ -42,21 +28,19 @@ void text(QPainter& painter, const QRect& rect, const QString& text, const QFont
 }
 
 void symbol(QPainter& painter, const QString& name, const QColor& color, const QRect& rect, int size) {
-    QRect square(0, 0, size, size);
-    square.moveCenter(rect.center());
-    painter.drawPixmap(square.topLeft(), Icons::pixmap(name, color, size, painter.device()->devicePixelRatioF()));
+    Shapes::symbol(painter, name, color, Shapes::centered(size, rect));
 }
 
 void box(QPainter& painter, const QRect& rect, double radius, const QColor& fill, const QColor& line,
          double lineWidth) {
-    boxWithPen(painter, rect, radius, fill, line.alpha() == 0 ? QPen(Qt::NoPen) : QPen(line, lineWidth));
+    Shapes::box(painter, rect, radius, fill, QPen(line, lineWidth));
 }
 
 void dashedBox(QPainter& painter, const QRect& rect, double radius, const QColor& fill, const QColor& line,
                double lineWidth) {
     QPen pen(line, lineWidth);
     pen.setDashPattern({3, 3});
-    boxWithPen(painter, rect, radius, fill, pen);
+    Shapes::box(painter, rect, radius, fill, pen);
 }
 
 void shadow(QPainter& painter, const QRect& rect, double radius) {

@@ -15,16 +15,16 @@
 #include "Corvale/grid/CellText.h"
 #include "Corvale/model/AppModel.h"
 #include "Corvale/style/Look.h"
+#include "Corvale/style/Metrics.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/style/Typography.h"
 #include "Corvale/window/Drawing.h"
-#include "Corvale/window/DuplicateKeysTable.h"
+#include "Corvale/window/DuplicateKeysModel.h"
 
 namespace corvale {
 
 namespace {
 
-constexpr int listWidth = 420;
 constexpr int sideMargin = 16;
 constexpr int lineHeight = 29;
 constexpr int mostLinesShown = 10;
@@ -43,7 +43,7 @@ public:
             painter->fillRect(option.rect, palette.accentTint);
         }
         painter->fillRect(QRect(option.rect.topLeft(), QSize(option.rect.width(), 1)), palette.line);
-        const QColor color = index.column() == DuplicateKeysTable::side ? palette.text2 : palette.text;
+        const QColor color = index.column() == DuplicateKeysModel::side ? palette.text2 : palette.text;
         Drawing::text(*painter, textRect(option), index.data().toString(), font(index), color, elided(index));
     }
 
@@ -61,10 +61,10 @@ public:
 private:
     static QRect textRect(const QStyleOptionViewItem& option) { return option.rect.adjusted(0, 1, -8, 0); }
     static QFont font(const QModelIndex& index) {
-        return fontFor(index.column() == DuplicateKeysTable::key ? TextRole::bodyStrong : TextRole::body);
+        return fontFor(index.column() == DuplicateKeysModel::key ? TextRole::bodyStrong : TextRole::body);
     }
     static Qt::TextElideMode elided(const QModelIndex& index) {
-        return index.column() == DuplicateKeysTable::key ? Qt::ElideMiddle : Qt::ElideRight;
+        return index.column() == DuplicateKeysModel::key ? Qt::ElideMiddle : Qt::ElideRight;
     }
 
     Theme& m_theme;
@@ -75,10 +75,10 @@ private:
 DuplicateList::DuplicateList(AppModel& model, Theme& theme, QWidget* parent)
     : QFrame(parent, Qt::Popup),
       m_theme(theme),
-      m_keys(new DuplicateKeysTable(model, this)),
+      m_keys(new DuplicateKeysModel(model, this)),
       m_view(new QTableView(this)) {
     setAccessibleName(tr("Duplicate keys"));
-    setFixedWidth(listWidth);
+    setFixedWidth(Metrics::duplicateList);
     auto* const title = new QLabel(tr("Duplicate keys"), this);
     title->setFont(fontFor(TextRole::panelTitle));
     auto* const text = new QLabel(
@@ -87,7 +87,7 @@ DuplicateList::DuplicateList(AppModel& model, Theme& theme, QWidget* parent)
     text->setFont(fontFor(TextRole::secondary));
     setLook(*text, Look::secondaryText);
     text->setWordWrap(true);
-    text->setFixedHeight(text->heightForWidth(listWidth - 2 * sideMargin));
+    text->setFixedHeight(text->heightForWidth(Metrics::duplicateList - 2 * sideMargin));
 
     m_view->setModel(m_keys);
     m_view->setItemDelegate(new LineDelegate(theme, m_view));
@@ -104,9 +104,9 @@ DuplicateList::DuplicateList(AppModel& model, Theme& theme, QWidget* parent)
     m_view->verticalHeader()->setDefaultSectionSize(lineHeight);
     m_view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_view->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    m_view->horizontalHeader()->setSectionResizeMode(DuplicateKeysTable::key, QHeaderView::Stretch);
-    m_view->setColumnWidth(DuplicateKeysTable::side, sideWidth);
-    m_view->setColumnWidth(DuplicateKeysTable::rows, rowsWidth);
+    m_view->horizontalHeader()->setSectionResizeMode(DuplicateKeysModel::key, QHeaderView::Stretch);
+    m_view->setColumnWidth(DuplicateKeysModel::side, sideWidth);
+    m_view->setColumnWidth(DuplicateKeysModel::rows, rowsWidth);
 
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(sideMargin, 14, sideMargin, 8);
@@ -122,7 +122,7 @@ DuplicateList::DuplicateList(AppModel& model, Theme& theme, QWidget* parent)
 void DuplicateList::openBelow(const QWidget& opener) {
     m_opener = &opener;
     m_keys->setOpen(true);
-    m_view->setCurrentIndex(m_keys->index(0, DuplicateKeysTable::key));
+    m_view->setCurrentIndex(m_keys->index(0, DuplicateKeysModel::key));
     m_view->clearSelection();
     const QRect window(opener.window()->mapToGlobal(QPoint()), opener.window()->size());
     const QPoint centre = opener.mapToGlobal(QPoint(opener.width() / 2, opener.height() + distance));

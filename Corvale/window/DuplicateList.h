@@ -7,7 +7,7 @@ class QTableView;
 namespace corvale {
 
 class AppModel;
-class DuplicateKeysTable;
+class DuplicateKeysModel;
 class Theme;
 
 // The keys that are on more than one row, in a window that closes at a click elsewhere.
@@ -34,7 +34,7 @@ private:
     void fitHeight(int most);
 
     Theme& m_theme;
-    DuplicateKeysTable* m_keys;
+    DuplicateKeysModel* m_keys;
     QTableView* m_view;
     const QWidget* m_opener = nullptr;
 };

@@ -8,6 +8,7 @@
 
 #include "Corvale/grid/CellText.h"
 #include "Corvale/style/Theme.h"
+#include "Corvale/window/ControlAccessibility.h"
 #include "Corvale/window/Drawing.h"
 
 namespace corvale {
@@ -19,11 +20,9 @@ constexpr int narrowest = 40;
 }  // namespace
 
 ElidedLabel::ElidedLabel(TextRole role, Theme& theme, QWidget* parent) : QWidget(parent), m_role(role), m_theme(theme) {
+    ControlAccessibility::install();
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    connect(&theme, &Theme::changed, this, [this] {
-        updateGeometry();
-        update();
-    });
+    connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
 }
 
 void ElidedLabel::setText(const QString& text) {
@@ -36,6 +35,11 @@ void ElidedLabel::setText(const QString& text) {
     update();
 }
 
+void ElidedLabel::setLeastHeight(int height) {
+    m_leastHeight = height;
+    updateGeometry();
+}
+
 void ElidedLabel::setHighlighted(bool highlighted) {
     m_highlighted = highlighted;
     update();
@@ -43,7 +47,7 @@ void ElidedLabel::setHighlighted(bool highlighted) {
 
 QSize ElidedLabel::sizeHint() const {
     const QFont font = fontFor(m_role);
-    return {Drawing::textWidth(font, m_text), QFontMetrics(font).height()};
+    return {Drawing::textWidth(font, m_text), std::max(m_leastHeight, QFontMetrics(font).height())};
 }
 
 QSize ElidedLabel::minimumSizeHint() const {

@@ -18,6 +18,8 @@ public:
     void setText(const QString& text);
     const QString& text() const { return m_text; }
     void setElided(Qt::TextElideMode mode) { m_elided = mode; }
+    // In pixels; higher where the font asks for it.
+    void setLeastHeight(int height);
     // True draws it in the accent colour.
     void setHighlighted(bool highlighted);
 
@@ -33,6 +35,7 @@ private:
     Theme& m_theme;
     QString m_text;
     Qt::TextElideMode m_elided = Qt::ElideRight;
+    int m_leastHeight = 0;
     bool m_highlighted = false;
 };
 

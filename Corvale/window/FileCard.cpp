@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "Corvale/model/AppModel.h"
+#include "Corvale/style/Metrics.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/style/Typography.h"
 #include "Corvale/window/Button.h"
@@ -17,7 +18,6 @@
 #include "Corvale/window/ElidedLabel.h"
 #include "Corvale/window/FileDrop.h"
 #include "Corvale/window/HeaderRowMenu.h"
-#include "Corvale/window/PopupMenu.h"
 #include "Corvale/window/ProgressBar.h"
 #include "Corvale/window/RowLayout.h"
 #include "Corvale/window/Wording.h"
@@ -26,17 +26,12 @@ namespace corvale {
 
 namespace {
 
-constexpr int cardHeight = 64;
-constexpr double cardRadius = 8;
-constexpr int wideSide = 76;
-constexpr int narrowSide = 62;
-constexpr int sideSymbol = 20;
 constexpr int captionMargin = 4;
 constexpr int longestSheetName = 150;
 constexpr int narrowestSheetName = 48;
 constexpr int nameHeight = 20;
 constexpr int detailsHeight = 22;
-constexpr QSize busyBarSize(140, 4);
+constexpr QSize busyBarSize(Metrics::busyBarWidth, Metrics::busyBarHeight);
 
 }  // namespace
 
@@ -45,7 +40,7 @@ FileCard::FileCard(Side side, AppModel& model, Theme& theme, QWidget* parent)
       m_side(side),
       m_model(model),
       m_theme(theme),
-      m_sideBlock(new QSpacerItem(wideSide, 0, QSizePolicy::Fixed)),
+      m_sideBlock(new QSpacerItem(Metrics::cardSideWidth, 0, QSizePolicy::Fixed)),
       m_pages(new QStackedLayout),
       m_emptyPage(makeEmptyPage()),
       m_loadingPage(makeLoadingPage()),
@@ -58,7 +53,9 @@ FileCard::FileCard(Side side, AppModel& model, Theme& theme, QWidget* parent)
     row->setSpacing(0);
     row->addItem(m_sideBlock);
     row->addLayout(m_pages);
-    setFixedHeight(cardHeight);
+    setMinimumHeight(Metrics::cardHeight);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    setAccessibleName(caption());
     setAcceptDrops(true);
     connect(
         &model, side == Side::before ? &AppModel::beforeChanged : &AppModel::afterChanged, this, &FileCard::refresh);
@@ -75,8 +72,8 @@ QWidget* FileCard::makeEmptyPage() {
     m_invitation->setText(tr("Drop a file here"));
     auto* const formats = new ElidedLabel(TextRole::secondary, m_theme, page);
     formats->setText(tr("Excel (.xlsx), CSV or TSV"));
-    m_invitation->setFixedHeight(nameHeight);
-    formats->setFixedHeight(detailsHeight);
+    m_invitation->setLeastHeight(nameHeight);
+    formats->setLeastHeight(detailsHeight);
     auto* const lines = new QVBoxLayout;
     lines->setSpacing(0);
     lines->addStretch();
@@ -116,8 +113,7 @@ QWidget* FileCard::makeLoadedPage() {
     m_sheet->setHelp(tr("The sheet to compare"));
     m_sheet->setLongestText(longestSheetName);
     m_sheet->setNarrowest(narrowestSheetName);
-    m_sheet->setMenu(new PopupMenu(
-        PopupMenu::Ticking::closes, [this](PopupMenu& menu) { fillSheets(menu); }, m_theme, m_sheet));
+    m_sheet->setMenu(PopupMenu::Checking::closes, [this](PopupMenu& menu) { fillSheets(menu); });
     m_headerRow = new HeaderRowMenu(m_side, m_model, m_theme, details);
     auto* const close = new Button(Button::Face::flat, m_theme, page);
     close->setSymbol(QStringLiteral("xmark"), 14);
@@ -125,8 +121,8 @@ QWidget* FileCard::makeLoadedPage() {
     close->setAccessibleName(tr("Close this file"));
     connect(close, &Button::clicked, this, [this] { m_model.close(m_side); });
 
-    m_name->setFixedHeight(nameHeight);
-    details->setFixedHeight(detailsHeight);
+    m_name->setLeastHeight(nameHeight);
+    details->setMinimumHeight(detailsHeight);
     auto* const detailsRow = new RowLayout(2, details);
     detailsRow->addWidget(m_size);
     detailsRow->addItem(new QSpacerItem(6, 0));
@@ -149,7 +145,6 @@ QWidget* FileCard::makeLoadedPage() {
 void FileCard::refresh() {
     const auto& file = m_model.file(m_side);
     m_pages->setCurrentWidget(m_model.isLoading(m_side) ? m_loadingPage : file ? m_loadedPage : m_emptyPage);
-    setAccessibleName(m_side == Side::before ? tr("Before file") : tr("After file"));
     if (file) {
         m_name->setText(Wording::oneLine(file->name));
         m_size->setText(Wording::tableSize(file->table));
@@ -169,7 +164,7 @@ void FileCard::fillSheets(PopupMenu& menu) {
         menu.addItem(
             {.text = Wording::menuText(file->sheetNames[static_cast<std::size_t>(sheet)]),
              .action = [this, sheet] { m_model.setSheet(sheet, m_side); },
-             .isTicked = [this, sheet] { return m_model.file(m_side) && m_model.file(m_side)->sheet == sheet; }});
+             .isChecked = [this, sheet] { return m_model.file(m_side) && m_model.file(m_side)->sheet == sheet; }});
     }
 }
 
@@ -183,6 +178,9 @@ void FileCard::setTargeted(bool targeted) {
 }
 
 void FileCard::setNarrow(bool narrow) {
+    if (narrow == m_narrow) {
+        return;
+    }
     m_narrow = narrow;
     m_sheet->setPrefixShown(!narrow);
     m_sideBlock->changeSize(sideWidth(), 0, QSizePolicy::Fixed);
@@ -192,13 +190,20 @@ void FileCard::setNarrow(bool narrow) {
 
 bool FileCard::isEmpty() const { return !m_model.file(m_side) && !m_model.isLoading(m_side); }
 
+QString FileCard::caption() const { return m_side == Side::before ? tr("Before file") : tr("After file"); }
+
 // Other languages have longer words for the two sides.
 int FileCard::sideWidth() const {
-    const int caption = Drawing::textWidth(fontFor(TextRole::caption), accessibleName()) + 2 * captionMargin;
-    return std::max(caption, m_narrow ? narrowSide : wideSide);
+    const int captionWidth = Drawing::textWidth(fontFor(TextRole::caption), caption()) + 2 * captionMargin;
+    return std::max(captionWidth, m_narrow ? Metrics::cardSideWidthNarrow : Metrics::cardSideWidth);
 }
 
-void FileCard::dragEnterEvent(QDragEnterEvent* event) { setTargeted(!FileDrop::take(*event).isEmpty()); }
+void FileCard::dragEnterEvent(QDragEnterEvent* event) {
+    const qsizetype files = FileDrop::take(*event).size();
+    setTargeted(files == 1);
+    // Two fill both sides wherever they are dropped: that is for the window to show.
+    event->setAccepted(files == 1);
+}
 
 void FileCard::dragLeaveEvent(QDragLeaveEvent*) { setTargeted(false); }
 
@@ -214,25 +219,25 @@ void FileCard::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QRect side = QStyle::visualRect(layoutDirection(), rect(), QRect(0, 0, sideWidth(), height()));
     if (m_targeted) {
-        Drawing::dashedBox(painter, rect(), cardRadius, palette.accentTint, palette.accent, 2);
+        Drawing::dashedBox(painter, rect(), Metrics::cardRadius, palette.accentTint, palette.accent, 2);
     } else if (isEmpty()) {
-        Drawing::dashedBox(painter, rect(), cardRadius, Qt::transparent, palette.field, 1);
+        Drawing::dashedBox(painter, rect(), Metrics::cardRadius, Qt::transparent, palette.field, 1);
     } else {
-        Drawing::box(painter, rect(), cardRadius, palette.surface, Qt::transparent);
+        Drawing::box(painter, rect(), Metrics::cardRadius, palette.surface, Qt::transparent);
         painter.setClipRect(side);
-        Drawing::box(painter, rect(), cardRadius, palette.surface2, Qt::transparent);
+        Drawing::box(painter, rect(), Metrics::cardRadius, palette.surface2, Qt::transparent);
         painter.setClipping(false);
         const bool isRightToLeft = layoutDirection() == Qt::RightToLeft;
         painter.fillRect(isRightToLeft ? side.left() : side.right(), 1, 1, height() - 2, palette.line);
-        Drawing::box(painter, rect(), cardRadius, Qt::transparent, palette.border);
+        Drawing::box(painter, rect(), Metrics::cardRadius, Qt::transparent, palette.border);
     }
     const QColor color = m_targeted ? palette.accent : palette.text2;
     const QFont font = fontFor(TextRole::caption);
-    const QString caption = isEmpty() ? accessibleName() : Wording::side(m_side);
-    Drawing::symbol(painter, QStringLiteral("doc.text.fill"), color, side.adjusted(0, 14, 0, -30), sideSymbol);
+    const QString shownCaption = isEmpty() ? caption() : Wording::side(m_side);
+    Drawing::symbol(painter, QStringLiteral("doc.text.fill"), color, side.adjusted(0, 14, 0, -30), Metrics::cardIcon);
     painter.setFont(font);
     painter.setPen(color);
-    painter.drawText(side.adjusted(2, 36, -2, -12), Qt::AlignCenter, caption);
+    painter.drawText(side.adjusted(2, 36, -2, -12), Qt::AlignCenter, shownCaption);
 }
 
 }  // namespace corvale

@@ -24,7 +24,6 @@ public:
     // Both outlive the card.
     FileCard(Side side, AppModel& model, Theme& theme, QWidget* parent);
 
-    Side side() const { return m_side; }
     // A drag that would fill this side is over the card or the window.
     bool targeted() const { return m_targeted; }
     void setTargeted(bool targeted);
@@ -45,6 +44,7 @@ private:
     QWidget* makeLoadedPage();
     void fillSheets(PopupMenu& menu);
     bool isEmpty() const;
+    QString caption() const;
     int sideWidth() const;
 
     Side m_side;

@@ -9,15 +9,13 @@ namespace corvale::FileDrop {
 
 namespace {
 
-constexpr qsizetype sides = 2;
-
 bool isFile(const QUrl& url) { return url.isLocalFile() && !QFileInfo(url.toLocalFile()).isDir(); }
 
 }  // namespace
 
 QList<QUrl> files(const QMimeData& data) {
     QList<QUrl> urls = data.urls();
-    const bool fit = urls.size() <= sides && std::all_of(urls.begin(), urls.end(), isFile);
+    const bool fit = urls.size() <= mostFiles && std::all_of(urls.begin(), urls.end(), isFile);
     return fit ? urls : QList<QUrl>();
 }
 

@@ -4,16 +4,12 @@
 #include <QResizeEvent>
 
 #include "Corvale/model/AppModel.h"
+#include "Corvale/style/Metrics.h"
 #include "Corvale/window/Button.h"
 #include "Corvale/window/FileCard.h"
+#include "Corvale/window/FileDrop.h"
 
 namespace corvale {
-
-namespace {
-
-constexpr int narrowBelow = 1000;
-
-}  // namespace
 
 FilesBar::FilesBar(AppModel& model, Theme& theme, QWidget* parent)
     : QWidget(parent),
@@ -47,14 +43,14 @@ void FilesBar::refresh() {
 Side FilesBar::sideForDrop() const { return m_model.before() ? Side::after : Side::before; }
 
 void FilesBar::showTargets(qsizetype files) {
-    m_before->setTargeted(files == 2 || (files == 1 && sideForDrop() == Side::before));
-    m_after->setTargeted(files == 2 || (files == 1 && sideForDrop() == Side::after));
+    m_before->setTargeted(files == FileDrop::mostFiles || (files == 1 && sideForDrop() == Side::before));
+    m_after->setTargeted(files == FileDrop::mostFiles || (files == 1 && sideForDrop() == Side::after));
 }
 
 void FilesBar::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    m_before->setNarrow(width() < narrowBelow);
-    m_after->setNarrow(width() < narrowBelow);
+    m_before->setNarrow(width() < Metrics::withoutTexts);
+    m_after->setNarrow(width() < Metrics::withoutTexts);
 }
 
 }  // namespace corvale

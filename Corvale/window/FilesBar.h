@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QList>
-#include <QUrl>
 #include <QWidget>
 
 #include "Corvale/model/LoadedFile.h"

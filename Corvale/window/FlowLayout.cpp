@@ -1,7 +1,6 @@
 #include "Corvale/window/FlowLayout.h"
 
-#include <QStyle>
-#include <QWidget>
+#include <QRect>
 #include <algorithm>
 
 namespace corvale {
@@ -18,27 +17,7 @@ QSize sizeWithin(const QLayoutItem& item, int width) {
 
 }  // namespace
 
-FlowLayout::FlowLayout(int gap, int lineGap, QWidget* parent) : QLayout(parent), m_gap(gap), m_lineGap(lineGap) {}
-
-FlowLayout::~FlowLayout() = default;
-
-void FlowLayout::addItem(QLayoutItem* item) { m_items.emplace_back(item); }
-
-int FlowLayout::count() const { return static_cast<int>(m_items.size()); }
-
-QLayoutItem* FlowLayout::itemAt(int index) const {
-    return index >= 0 && index < count() ? m_items[static_cast<std::size_t>(index)].get() : nullptr;
-}
-
-QLayoutItem* FlowLayout::takeAt(int index) {
-    if (index < 0 || index >= count()) {
-        return nullptr;
-    }
-    const auto place = m_items.begin() + index;
-    QLayoutItem* const item = place->release();
-    m_items.erase(place);
-    return item;
-}
+FlowLayout::FlowLayout(int gap, int lineGap, QWidget* parent) : LineLayout(gap, parent), m_lineGap(lineGap) {}
 
 int FlowLayout::heightForWidth(int width) const {
     const QMargins margins = contentsMargins();
@@ -48,24 +27,13 @@ int FlowLayout::heightForWidth(int width) const {
 }
 
 QSize FlowLayout::sizeHint() const {
-    const QMargins margins = contentsMargins();
-    QSize size(0, 0);
-    for (const auto& item : m_items) {
-        if (!item->isEmpty()) {
-            const QSize wanted = item->sizeHint();
-            size = {size.width() + (size.width() > 0 ? m_gap : 0) + wanted.width(),
-                    std::max(size.height(), wanted.height())};
-        }
-    }
-    return size.grownBy(margins);
+    return lineSize([](const QLayoutItem& item) { return item.sizeHint(); });
 }
 
 QSize FlowLayout::minimumSize() const {
     QSize size(0, 0);
-    for (const auto& item : m_items) {
-        if (!item->isEmpty()) {
-            size = size.expandedTo(item->minimumSize());
-        }
+    for (const QLayoutItem* const item : shownItems()) {
+        size = size.expandedTo(item->minimumSize());
     }
     return size.grownBy(contentsMargins());
 }
@@ -73,10 +41,9 @@ QSize FlowLayout::minimumSize() const {
 void FlowLayout::setGeometry(const QRect& rect) {
     QLayout::setGeometry(rect);
     const QRect contents = contentsRect();
-    const Qt::LayoutDirection direction = parentWidget() ? parentWidget()->layoutDirection() : Qt::LeftToRight;
     int height = 0;
     for (const Placed& placed : place(contents.width(), height)) {
-        placed.item->setGeometry(QStyle::visualRect(direction, contents, placed.rect.translated(contents.topLeft())));
+        put(*placed.item, placed.rect.translated(contents.topLeft()));
     }
 }
 
@@ -92,10 +59,7 @@ std::vector<FlowLayout::Placed> FlowLayout::place(int width, int& height) const 
         }
         lineBegin = placed.size();
     };
-    for (const auto& item : m_items) {
-        if (item->isEmpty()) {
-            continue;
-        }
+    for (QLayoutItem* const item : shownItems()) {
         const QSize size = sizeWithin(*item, width);
         if (x > 0 && x + size.width() > width) {
             centreLine();
@@ -103,8 +67,8 @@ std::vector<FlowLayout::Placed> FlowLayout::place(int width, int& height) const 
             x = 0;
             lineHeight = 0;
         }
-        placed.push_back({item.get(), QRect(QPoint(x, y), size)});
-        x += size.width() + m_gap;
+        placed.push_back({item, QRect(QPoint(x, y), size)});
+        x += size.width() + gap();
         lineHeight = std::max(lineHeight, size.height());
     }
     centreLine();

@@ -1,24 +1,17 @@
 #pragma once
 
-#include <QLayout>
-#include <QList>
-#include <memory>
 #include <vector>
+
+#include "Corvale/window/LineLayout.h"
 
 namespace corvale {
 
 // Lays its items out in lines, each at its preferred width, wrapping like words. Items of a line are centred on it; one
 // wider than the layout gets the whole width, and the height that it then wants.
-class FlowLayout : public QLayout {
+class FlowLayout : public LineLayout {
 public:
     // Gaps in pixels, between items of a line and between lines.
     FlowLayout(int gap, int lineGap, QWidget* parent);
-    ~FlowLayout() override;
-
-    void addItem(QLayoutItem* item) override;
-    int count() const override;
-    QLayoutItem* itemAt(int index) const override;
-    QLayoutItem* takeAt(int index) override;
 
     Qt::Orientations expandingDirections() const override { return {}; }
     bool hasHeightForWidth() const override { return true; }
@@ -35,9 +28,7 @@ private:
     // The shown items within `width`, from the top left, and the height that they take.
     std::vector<Placed> place(int width, int& height) const;
 
-    int m_gap;
     int m_lineGap;
-    std::vector<std::unique_ptr<QLayoutItem>> m_items;
 };
 
 }  // namespace corvale

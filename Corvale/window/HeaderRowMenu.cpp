@@ -9,8 +9,7 @@ namespace corvale {
 HeaderRowMenu::HeaderRowMenu(Side side, AppModel& model, Theme& theme, QWidget* parent)
     : Button(Face::inCard, theme, parent), m_side(side), m_model(model) {
     setHelp(tr("Choose the row with the column names (when the file has a title above its table)"));
-    setMenu(new PopupMenu(
-        PopupMenu::Ticking::closes, [this](PopupMenu& menu) { fill(menu); }, theme, this));
+    setMenu(PopupMenu::Checking::closes, [this](PopupMenu& menu) { fill(menu); });
     refresh();
 }
 
@@ -35,7 +34,7 @@ void HeaderRowMenu::fill(PopupMenu& menu) {
 void HeaderRowMenu::addRow(PopupMenu& menu, std::optional<std::int64_t> row, const QString& text) {
     menu.addItem({.text = text,
                   .action = [this, row] { m_model.setHeaderRow(row, m_side); },
-                  .isTicked = [this, row] { return m_model.file(m_side) && m_model.file(m_side)->headerRow == row; }});
+                  .isChecked = [this, row] { return m_model.file(m_side) && m_model.file(m_side)->headerRow == row; }});
 }
 
 }  // namespace corvale

@@ -1,11 +1,12 @@
 #include "Corvale/window/MainToolbar.h"
 
-#include <QButtonGroup>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
 
 #include "Corvale/model/AppModel.h"
+#include "Corvale/model/Edit.h"
+#include "Corvale/style/Metrics.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/window/Button.h"
 #include "Corvale/window/Drawing.h"
@@ -19,14 +20,13 @@ namespace corvale {
 
 namespace {
 
-constexpr int toolbarHeight = 44;
-constexpr int gap = 8;
+constexpr int gap = Metrics::controlGap;
 constexpr int groupGap = 8;
 constexpr int longestColumn = 200;
 // Window widths below which words go; the last level is for fonts wider than usual.
-constexpr int widthOfLevel[] = {1180, 1000};
+constexpr int widthOfLevel[] = {Metrics::withoutLabels, Metrics::withoutTexts};
 constexpr int mostNarrow = 3;
-constexpr int searchWidth[] = {220, 190, 170, 140};
+constexpr int searchWidth[] = {Metrics::searchWidth, 190, 170, 140};
 
 SymbolLabel* makeLabel(const QString& text, Theme& theme, QWidget* parent) {
     return new SymbolLabel({.symbol = {},
@@ -82,13 +82,12 @@ MainToolbar::MainToolbar(AppModel& model, Theme& theme, QWidget* parent)
 
 Button* MainToolbar::makeMenu(void (MainToolbar::*fill)(PopupMenu&)) {
     auto* const button = new Button(Button::Face::bordered, m_theme, this);
-    button->setMenu(new PopupMenu(
-        PopupMenu::Ticking::closes, [this, fill](PopupMenu& menu) { (this->*fill)(menu); }, m_theme, button));
+    button->setMenu(PopupMenu::Checking::closes, [this, fill](PopupMenu& menu) { (this->*fill)(menu); });
     return button;
 }
 
 void MainToolbar::layOut() {
-    setFixedHeight(toolbarHeight);
+    setFixedHeight(Metrics::toolBarHeight);
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(12, 0, 12, 2);
     row->setSpacing(gap);
@@ -127,27 +126,21 @@ QString MainToolbar::columnText() const {
 
 void MainToolbar::fillShow(PopupMenu& menu) {
     for (const auto& [show, stored] : enumTexts<DiffFilter::Show>) {
-        menu.addItem({.text = Wording::show(show),
-                      .action =
-                          [this, show = show] {
-                              DiffFilter filter = m_model.filter();
-                              filter.show = show;
-                              m_model.setFilter(filter);
-                          },
-                      .isTicked = [this, show = show] { return m_model.filter().show == show; }});
+        menu.addItem(
+            {.text = Wording::show(show),
+             .action = [this,
+                        show = show] { Edit::filter(m_model, [show](DiffFilter& filter) { filter.show = show; }); },
+             .isChecked = [this, show = show] { return m_model.filter().show == show; }});
     }
 }
 
 void MainToolbar::fillColumns(PopupMenu& menu) {
     const auto add = [this, &menu](const QString& text, std::optional<std::int64_t> column) {
-        menu.addItem({.text = text,
-                      .action =
-                          [this, column] {
-                              DiffFilter filter = m_model.filter();
-                              filter.column = column;
-                              m_model.setFilter(filter);
-                          },
-                      .isTicked = [this, column] { return m_model.filter().column == column; }});
+        menu.addItem(
+            {.text = text,
+             .action = [this,
+                        column] { Edit::filter(m_model, [column](DiffFilter& filter) { filter.column = column; }); },
+             .isChecked = [this, column] { return m_model.filter().column == column; }});
     };
     add(tr("Any Column"), std::nullopt);
     if (const auto& result = m_model.result()) {

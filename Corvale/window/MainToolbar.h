@@ -1,10 +1,6 @@
 #pragma once
 
 #include <QWidget>
-#include <cstdint>
-#include <optional>
-
-#include "Corvale/model/AppSettings.h"
 
 class QSpacerItem;
 

@@ -15,6 +15,7 @@
 #include "Corvale/grid/OverviewStrip.h"
 #include "Corvale/grid/RowInspector.h"
 #include "Corvale/model/AppModel.h"
+#include "Corvale/style/Metrics.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/window/EmptyState.h"
 #include "Corvale/window/FileDrop.h"
@@ -29,10 +30,11 @@ namespace corvale {
 
 namespace {
 
-constexpr int narrowestInspector = 220;
-constexpr int widestInspector = 480;
-
-int inspectorWidthIn(int windowWidth) { return windowWidth >= 1000 ? 264 : windowWidth >= 860 ? 240 : 220; }
+int inspectorWidthIn(int windowWidth) {
+    return windowWidth >= Metrics::withoutTexts ? Metrics::detailsWidth
+           : windowWidth >= 860                 ? 240
+                                                : Metrics::detailsWidthMin;
+}
 
 }  // namespace
 
@@ -86,8 +88,6 @@ QSplitter* MainView::makeSplitter(Platform& platform, QWidget* parent) {
     row->addWidget(m_grid, 1);
     row->addWidget(new OverviewStrip(m_model, *m_grid, m_theme, platform, list));
     m_inspector = new RowInspector(m_model, m_theme, splitter);
-    m_inspector->setMinimumWidth(narrowestInspector);
-    m_inspector->setMaximumWidth(widestInspector);
     splitter->setStretchFactor(0, 1);
     splitter->setStretchFactor(1, 0);
     splitter->setChildrenCollapsible(false);

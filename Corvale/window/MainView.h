@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QWidget>
-#include <cstdint>
 
 class QSplitter;
 class QStackedLayout;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "Corvale/model/AppModel.h"
+#include "Corvale/style/Metrics.h"
 #include "Corvale/window/MainView.h"
 #include "Corvale/window/WindowTracker.h"
 
@@ -11,7 +12,7 @@ namespace corvale {
 
 namespace {
 
-constexpr QSize smallest(760, 480);
+constexpr QSize smallest(Metrics::windowMinWidth, Metrics::windowMinHeight);
 constexpr QSize usual(1280, 800);
 
 }  // namespace
@@ -23,7 +24,8 @@ MainWindow::MainWindow(AppModel& model, Platform& platform, Theme& theme)
     setMinimumSize(smallest);
     resize(startSize());
     new WindowTracker(*m_view, [this](QWidget& window) { m_closeGuard.setMain(&window); }, {});
-    m_closeGuard.shouldClose = [this] { return mayClose(); };
+    // Help or settings may close whatever goes on.
+    m_closeGuard.shouldClose = [this](const QWidget& window) { return &window != this || mayClose(); };
     connect(&model, &AppModel::exportingChanged, this, &MainWindow::closeAfterExport);
 }
 

@@ -5,9 +5,9 @@
 
 #include "Corvale/model/AppModel.h"
 #include "Corvale/model/Columns.h"
+#include "Corvale/model/Edit.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/window/Button.h"
-#include "Corvale/window/PopupMenu.h"
 #include "Corvale/window/RowLayout.h"
 #include "Corvale/window/SymbolLabel.h"
 #include "Corvale/window/Wording.h"
@@ -42,10 +42,10 @@ MatchBar::MatchBar(AppModel& model, Theme& theme, QWidget* parent)
                                     .padding = 0,
                                     .color = [](const Palette& palette) { return palette.text2; }},
                                    tr("Match rows by"), theme, this)),
-      m_match(makeMenu(false, &MatchBar::fillMatch)),
-      m_numberStyle(makeMenu(false, &MatchBar::fillNumberStyle)),
-      m_ignore(makeMenu(true, &MatchBar::fillIgnore)),
-      m_ignoreColumns(makeMenu(true, &MatchBar::fillIgnoreColumns)) {
+      m_match(makeMenu(PopupMenu::Checking::closes, &MatchBar::fillMatch)),
+      m_numberStyle(makeMenu(PopupMenu::Checking::closes, &MatchBar::fillNumberStyle)),
+      m_ignore(makeMenu(PopupMenu::Checking::staysOpen, &MatchBar::fillIgnore)),
+      m_ignoreColumns(makeMenu(PopupMenu::Checking::staysOpen, &MatchBar::fillIgnoreColumns)) {
     m_match->setHelp(
         tr("Rows with the same value in this column are compared with each other. Pick Row order for files without an "
            "ID column."));
@@ -73,14 +73,11 @@ MatchBar::MatchBar(AppModel& model, Theme& theme, QWidget* parent)
     refresh();
 }
 
-Button* MatchBar::makeMenu(bool staysOpen, void (MatchBar::*fill)(PopupMenu&)) {
+Button* MatchBar::makeMenu(PopupMenu::Checking checking, void (MatchBar::*fill)(PopupMenu&)) {
     auto* const button = new Button(Button::Face::bordered, m_theme, this);
     button->setNarrowest(narrowestButton);
-    const auto ticking = staysOpen ? PopupMenu::Ticking::staysOpen : PopupMenu::Ticking::closes;
-    auto* const menu = new PopupMenu(
-        ticking, [this, fill](PopupMenu& opened) { (this->*fill)(opened); }, m_theme, button);
-    button->setMenu(menu);
-    m_menus.push_back(menu);
+    button->setMenu(checking, [this, fill](PopupMenu& menu) { (this->*fill)(menu); });
+    m_menus.push_back(button->menu());
     return button;
 }
 
@@ -141,7 +138,7 @@ void MatchBar::fillMatch(PopupMenu& menu) {
     const auto add = [this, &menu](const QString& text, const MatchChoice& choice) {
         menu.addItem({.text = text,
                       .action = [this, choice] { m_model.setMatch(choice); },
-                      .isTicked = [this, choice] { return m_model.match() == choice; }});
+                      .isChecked = [this, choice] { return m_model.match() == choice; }});
     };
     for (const std::string& column : m_model.sharedColumns()) {
         add(keyText(column), MatchChoice::key(column));
@@ -156,7 +153,7 @@ void MatchBar::fillNumberStyle(PopupMenu& menu) {
         menu.addItem(
             {.text = isAutomatic ? automaticStyle() : Wording::numberStyle(style),
              .action = [this, style = style] { change([style](auto& options) { options.numberStyle = style; }); },
-             .isTicked = [this, style = style] { return m_model.settings().options.numberStyle == style; }});
+             .isChecked = [this, style = style] { return m_model.settings().options.numberStyle == style; }});
     }
 }
 
@@ -178,7 +175,7 @@ void MatchBar::addOption(PopupMenu& menu, const QString& text, bool DiffOptions:
     menu.addItem(
         {.text = text,
          .action = [this, option] { change([option](auto& options) { options.*option = !(options.*option); }); },
-         .isTicked = [this, option] { return m_model.settings().options.*option; },
+         .isChecked = [this, option] { return m_model.settings().options.*option; },
          .help = help});
 }
 
@@ -188,7 +185,7 @@ void MatchBar::fillIgnoreColumns(PopupMenu& menu) {
             {.text = Wording::menuText(column),
              .action = [this,
                         column] { change([&column](auto& options) { Columns::toggleIgnored(options, column); }); },
-             .isTicked = [this, column] { return Columns::isIgnored(m_model.settings().options, column); }});
+             .isChecked = [this, column] { return Columns::isIgnored(m_model.settings().options, column); }});
     }
     menu.addSeparator();
     menu.addItem({.text = tr("Compare Every Column"),
@@ -197,9 +194,7 @@ void MatchBar::fillIgnoreColumns(PopupMenu& menu) {
 }
 
 void MatchBar::change(const std::function<void(DiffOptions&)>& edit) {
-    AppSettings settings = m_model.settings();
-    edit(settings.options);
-    m_model.setSettings(settings);
+    Edit::settings(m_model, [&edit](AppSettings& settings) { edit(settings.options); });
 }
 
 void MatchBar::paintEvent(QPaintEvent*) {

@@ -6,15 +6,13 @@
 #include <string>
 #include <vector>
 
+#include "Corvale/window/PopupMenu.h"
 #include "CorvaleKit/engine/DiffOptions.h"
-
-class QLabel;
 
 namespace corvale {
 
 class AppModel;
 class Button;
-class PopupMenu;
 class Theme;
 
 // How rows are matched and what does not count as a change. Shown while both sides have a file.
@@ -31,7 +29,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    Button* makeMenu(bool staysOpen, void (MatchBar::*fill)(PopupMenu&));
+    Button* makeMenu(PopupMenu::Checking checking, void (MatchBar::*fill)(PopupMenu&));
     void layOut();
     void fillMatch(PopupMenu& menu);
     void fillNumberStyle(PopupMenu& menu);

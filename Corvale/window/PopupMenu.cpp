@@ -5,8 +5,7 @@
 #include <QMouseEvent>
 #include <QScreen>
 #include <algorithm>
-
-#include "Corvale/style/Theme.h"
+#include <utility>
 
 namespace corvale {
 
@@ -19,10 +18,9 @@ QString withoutMnemonics(QString text) { return text.replace(u'&', QStringLitera
 
 }  // namespace
 
-PopupMenu::PopupMenu(Ticking ticking, std::function<void(PopupMenu&)> fill, Theme& theme, QAbstractButton* button)
-    : QMenu(button), m_ticking(ticking), m_fill(std::move(fill)), m_theme(theme), m_button(button) {
+PopupMenu::PopupMenu(Checking checking, std::function<void(PopupMenu&)> fill, QAbstractButton* button)
+    : QMenu(button), m_checking(checking), m_fill(std::move(fill)), m_button(button) {
     setToolTipsVisible(true);
-    connect(this, &QMenu::aboutToShow, this, &PopupMenu::refill);
     connect(this, &QMenu::aboutToHide, this, &PopupMenu::release);
 }
 
@@ -30,7 +28,7 @@ void PopupMenu::addTitle(const QString& title) { addSection(title); }
 
 void PopupMenu::addItem(const Item& item) {
     QAction* const action = addAction(withoutMnemonics(item.text));
-    action->setCheckable(item.isTicked != nullptr);
+    action->setCheckable(item.isChecked != nullptr);
     action->setToolTip(item.help);
     connect(action, &QAction::triggered, this, item.action);
     m_entries.push_back({action, item});
@@ -38,6 +36,7 @@ void PopupMenu::addItem(const Item& item) {
 
 void PopupMenu::open() {
     m_button->setDown(true);
+    refill();
     popup(place());
 }
 
@@ -50,8 +49,8 @@ void PopupMenu::refill() {
 
 void PopupMenu::refresh() {
     for (const Entry& entry : m_entries) {
-        if (entry.item.isTicked) {
-            entry.action->setChecked(entry.item.isTicked());
+        if (entry.item.isChecked) {
+            entry.action->setChecked(entry.item.isChecked());
         }
         if (entry.item.isEnabled) {
             entry.action->setEnabled(entry.item.isEnabled());
@@ -66,8 +65,7 @@ void PopupMenu::release() {
     m_button->setAttribute(Qt::WA_UnderMouse, m_button->rect().contains(pointer));
 }
 
-QPoint PopupMenu::place() {
-    refill();
+QPoint PopupMenu::place() const {
     const QSize size = sizeHint();
     const QRect screen = m_button->screen()->availableGeometry();
     const QRect button(m_button->mapToGlobal(QPoint()), m_button->size());
@@ -79,8 +77,8 @@ QPoint PopupMenu::place() {
             goesBelow ? button.bottom() + distance : std::max(screen.top(), button.top() - distance - size.height())};
 }
 
-bool PopupMenu::tick(QAction* action) {
-    if (m_ticking == Ticking::closes || action == nullptr || !action->isCheckable() || !action->isEnabled()) {
+bool PopupMenu::toggle(QAction* action) {
+    if (m_checking == Checking::closes || action == nullptr || !action->isCheckable() || !action->isEnabled()) {
         return false;
     }
     action->trigger();
@@ -90,7 +88,7 @@ bool PopupMenu::tick(QAction* action) {
 
 void PopupMenu::keyPressEvent(QKeyEvent* event) {
     const bool picks = event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!picks || !tick(activeAction())) {
+    if (!picks || !toggle(activeAction())) {
         QMenu::keyPressEvent(event);
     }
 }
@@ -104,7 +102,7 @@ void PopupMenu::mousePressEvent(QMouseEvent* event) {
 }
 
 void PopupMenu::mouseReleaseEvent(QMouseEvent* event) {
-    if (!m_pressedInside || !tick(actionAt(event->position().toPoint()))) {
+    if (!m_pressedInside || !toggle(actionAt(event->position().toPoint()))) {
         QMenu::mouseReleaseEvent(event);
     }
 }

@@ -9,29 +9,27 @@ class QAbstractButton;
 
 namespace corvale {
 
-class Theme;
-
 // The menu of a button, which owns it. It is filled anew whenever it opens, and scrolls where it is too long for the
 // screen.
 class PopupMenu : public QMenu {
     Q_OBJECT
 
 public:
-    enum class Ticking : std::uint8_t {
+    enum class Checking : std::uint8_t {
         closes,     // as in any menu
-        staysOpen,  // for several ticks in a row
+        staysOpen,  // for several items in a row
     };
 
     struct Item {
         QString text;  // taken as it stands, without mnemonics
         std::function<void()> action;
-        std::function<bool()> isTicked;   // none: has no tick
+        std::function<bool()> isChecked;  // none: has no check mark
         std::function<bool()> isEnabled;  // none: always
         QString help;                     // a tooltip
     };
 
-    // `fill` adds the items. The theme outlives the menu.
-    PopupMenu(Ticking ticking, std::function<void(PopupMenu&)> fill, Theme& theme, QAbstractButton* button);
+    // `fill` adds the items.
+    PopupMenu(Checking checking, std::function<void(PopupMenu&)> fill, QAbstractButton* button);
 
     // Tells what the items below are about.
     void addTitle(const QString& title);
@@ -39,7 +37,7 @@ public:
 
     // Below the button, or above it where there is more room.
     void open();
-    // Asks the items anew what is ticked and enabled.
+    // Asks the items anew what is checked and enabled.
     void refresh();
 
 protected:
@@ -56,13 +54,12 @@ private:
     void refill();
     // Lets the button go back to how it is without its menu.
     void release();
-    QPoint place();
+    QPoint place() const;
     // Picks the item without closing; false for one that closes the menu.
-    bool tick(QAction* action);
+    bool toggle(QAction* action);
 
-    Ticking m_ticking;
+    Checking m_checking;
     std::function<void(PopupMenu&)> m_fill;
-    Theme& m_theme;
     QAbstractButton* m_button;
     std::vector<Entry> m_entries;
     bool m_pressedInside = false;

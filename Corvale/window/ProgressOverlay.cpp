@@ -7,9 +7,11 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QStyle>
+#include <algorithm>
 #include <chrono>
 
 #include "Corvale/model/AppModel.h"
+#include "Corvale/style/Metrics.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/style/Typography.h"
 #include "Corvale/window/Drawing.h"
@@ -20,7 +22,7 @@ namespace corvale {
 namespace {
 
 constexpr std::chrono::milliseconds delay(120);
-constexpr QSize panelSize(340, 117);
+constexpr QSize panelSize(Metrics::progressPanel, 117);
 constexpr int aboveMiddle = 34;
 constexpr int barSteps = 1000;
 
@@ -85,7 +87,7 @@ void ProgressOverlay::layOut() {
     setGeometry(parentWidget()->rect());
     const QRect inner = panel().adjusted(20, 18, -20, -16);
     m_title->setGeometry(inner.left(), inner.top(), inner.width(), 20);
-    m_bar->setGeometry(inner.left(), inner.top() + 32, inner.width(), 6);
+    m_bar->setGeometry(inner.left(), inner.top() + 32, inner.width(), Metrics::progressBar);
     const QSize size = m_cancel->sizeHint();
     const QRect end(QPoint(inner.right() - size.width() + 1, inner.bottom() - size.height() + 1), size);
     m_cancel->setGeometry(QStyle::visualRect(layoutDirection(), inner, end));
@@ -130,8 +132,8 @@ void ProgressOverlay::paintEvent(QPaintEvent*) {
     const Palette& palette = m_theme.palette();
     QPainter painter(this);
     painter.fillRect(rect(), palette.veil);
-    Drawing::shadow(painter, panel(), 12);
-    Drawing::box(painter, panel(), 12, palette.surface, palette.popupBorder);
+    Drawing::shadow(painter, panel(), Metrics::panelRadius);
+    Drawing::box(painter, panel(), Metrics::panelRadius, palette.surface, palette.popupBorder);
 }
 
 }  // namespace corvale

@@ -6,6 +6,7 @@
 #include <QMimeData>
 
 #include "Corvale/model/AppModel.h"
+#include "Corvale/model/Edit.h"
 #include "Corvale/style/Icons.h"
 #include "Corvale/style/Theme.h"
 
@@ -52,9 +53,7 @@ void SearchField::refresh() {
 }
 
 void SearchField::search(const QString& text) {
-    DiffFilter filter = m_model.filter();
-    filter.search = text.toStdString();
-    m_model.setFilter(filter);
+    Edit::filter(m_model, [&text](DiffFilter& filter) { filter.search = text.toStdString(); });
 }
 
 void SearchField::takeFocus() {

@@ -3,8 +3,11 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
+#include <utility>
 
 #include "Corvale/model/AppModel.h"
+#include "Corvale/model/Edit.h"
+#include "Corvale/style/Metrics.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/window/Button.h"
 #include "Corvale/window/ChipLabel.h"
@@ -17,27 +20,23 @@ namespace corvale {
 
 namespace {
 
-bool hasDifferences(const DiffSummary& summary) {
-    return summary.added + summary.removed + summary.changed + summary.addedColumns + summary.removedColumns > 0;
-}
-
 void showNote(SymbolLabel& note, std::int64_t count, const QString& text) {
     note.setText(text);
     note.setVisible(count > 0);
 }
 
 // The files match: beside the chips, which have nothing to say then.
-class Verdict : public SymbolLabel {
-public:
-    Verdict(const QString& text, Theme& theme, QWidget* parent)
-        : SymbolLabel({.symbol = QStringLiteral("checkmark.seal.fill"),
-                       .symbolSize = 20,
-                       .text = TextRole::panelTitle,
-                       .padding = 10,
-                       .color = [](const Palette& palette) { return palette.added.text; },
-                       .fill = [](const Palette& palette) { return palette.added.fill; }},
-                      text, theme, parent) {}
-};
+SymbolLabel* makeVerdict(const QString& text, Theme& theme, QWidget* parent) {
+    return new SymbolLabel({.symbol = QStringLiteral("checkmark.seal.fill"),
+                            .symbolSize = 20,
+                            .text = TextRole::panelTitle,
+                            .padding = 10,
+                            .color = [](const Palette& palette) { return palette.added.text; },
+                            .fill = [](const Palette& palette) { return palette.added.fill; }},
+                           text,
+                           theme,
+                           parent);
+}
 
 }  // namespace
 
@@ -45,7 +44,7 @@ SummaryStrip::SummaryStrip(AppModel& model, Theme& theme, QWidget* parent)
     : QWidget(parent),
       m_model(model),
       m_theme(theme),
-      m_verdict(new Verdict(tr("The files match"), theme, this)),
+      m_verdict(makeVerdict(tr("The files match"), theme, this)),
       m_chips{makeChip(ChipLabel::Kind::added, DiffFilter::Show::added),
               makeChip(ChipLabel::Kind::removed, DiffFilter::Show::removed),
               makeChip(ChipLabel::Kind::changed, DiffFilter::Show::changed),
@@ -88,7 +87,7 @@ QWidget* SummaryStrip::makeNotes() {
             {},
             m_theme,
             notes);
-        note->setFixedHeight(24);
+        note->setMinimumHeight(Metrics::noteHeight);
         flow->addWidget(note);
         return note;
     };
@@ -120,7 +119,7 @@ void SummaryStrip::refreshChips() {
         return;
     }
     const DiffSummary& summary = m_model.result()->summary;
-    const bool differ = hasDifferences(summary);
+    const bool differ = summary.hasDifferences();
     m_verdict->setVisible(!differ);
     const std::array<std::int64_t, 4> counts{summary.added, summary.removed, summary.changed, summary.same};
     for (std::size_t i = 0; i < m_chips.size(); ++i) {
@@ -152,9 +151,8 @@ void SummaryStrip::refreshNotes() {
 }
 
 void SummaryStrip::toggle(DiffFilter::Show show) {
-    DiffFilter filter = m_model.filter();
-    filter.show = filter.show == show ? DiffFilter::Show::changes : show;
-    m_model.setFilter(filter);
+    Edit::filter(m_model,
+                 [show](DiffFilter& filter) { filter.show = filter.show == show ? DiffFilter::Show::changes : show; });
 }
 
 void SummaryStrip::openDuplicates() {

@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "Corvale/style/Metrics.h"
 #include "Corvale/style/Theme.h"
+#include "Corvale/window/ControlAccessibility.h"
 #include "Corvale/window/Drawing.h"
 
 namespace corvale {
@@ -13,18 +15,14 @@ namespace corvale {
 namespace {
 
 constexpr int gap = 5;
-constexpr int boxHeight = 32;
-constexpr double boxRadius = 8;
 
 }  // namespace
 
 SymbolLabel::SymbolLabel(Look look, const QString& text, Theme& theme, QWidget* parent)
     : QWidget(parent), m_look(std::move(look)), m_theme(theme) {
+    ControlAccessibility::install();
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    connect(&theme, &Theme::changed, this, [this] {
-        updateGeometry();
-        update();
-    });
+    connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
     setText(text);
 }
 
@@ -44,7 +42,7 @@ QSize SymbolLabel::sizeHint() const {
     const QFont font = fontFor(m_look.text);
     const int content = std::max(m_look.symbolSize, QFontMetrics(font).height());
     return {textLeft() + Drawing::textWidth(font, m_text) + m_look.padding,
-            m_look.fill != nullptr ? boxHeight : content};
+            m_look.fill != nullptr ? std::max(Metrics::chipHeight, content) : content};
 }
 
 QSize SymbolLabel::minimumSizeHint() const { return {std::min(sizeHint().width(), textLeft()), sizeHint().height()}; }
@@ -56,7 +54,7 @@ void SymbolLabel::paintEvent(QPaintEvent*) {
     const QColor ink = isEnabled() && m_look.textColor != nullptr ? m_look.textColor(palette) : color;
     const auto place = [this](const QRect& part) { return QStyle::visualRect(layoutDirection(), rect(), part); };
     if (m_look.fill != nullptr) {
-        Drawing::box(painter, rect(), boxRadius, m_look.fill(palette), Qt::transparent);
+        Drawing::box(painter, rect(), Metrics::chipRadius, m_look.fill(palette), Qt::transparent);
     }
     if (!m_look.symbol.isEmpty()) {
         Drawing::symbol(

@@ -5,6 +5,7 @@
 #include <QPainter>
 
 #include "Corvale/model/AppModel.h"
+#include "Corvale/model/Edit.h"
 #include "Corvale/style/Theme.h"
 #include "Corvale/window/Button.h"
 #include "Corvale/window/Drawing.h"
@@ -40,9 +41,7 @@ Button* ViewPicker::makeSegment(ViewMode view, const QString& label) {
         tr("Unified: one row per difference, old and new values together. Side by side: Before and After next to each "
            "other."));
     connect(segment, &Button::clicked, this, [this, view] {
-        AppSettings settings = m_model.settings();
-        settings.view = view;
-        m_model.setSettings(settings);
+        Edit::settings(m_model, [view](AppSettings& settings) { settings.view = view; });
     });
     return segment;
 }

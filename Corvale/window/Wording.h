@@ -2,7 +2,6 @@
 
 #include <QString>
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 #include "Corvale/model/LoadedFile.h"

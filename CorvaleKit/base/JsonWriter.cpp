@@ -1,9 +1,9 @@
 #include "CorvaleKit/base/JsonWriter.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
+
+#include "CorvaleKit/base/Numbers.h"
 
 namespace corvale {
 
@@ -82,10 +82,16 @@ void JsonWriter::emptyTexts(std::size_t count) {
 
 void JsonWriter::integer(std::int64_t value) {
     separate();
-    std::array<char, 24> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-    m_buffer.append(digits.data(), end);
+    Numbers::append(m_buffer, value);
     finishValue();
+}
+
+void JsonWriter::integers(const std::vector<std::int64_t>& values) {
+    beginArray();
+    for (const std::int64_t value : values) {
+        integer(value);
+    }
+    endArray();
 }
 
 void JsonWriter::number(double value) {
@@ -94,9 +100,7 @@ void JsonWriter::number(double value) {
         return;
     }
     separate();
-    std::array<char, 40> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-    m_buffer.append(digits.data(), end);
+    Numbers::append(m_buffer, value);
     finishValue();
 }
 

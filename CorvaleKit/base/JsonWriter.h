@@ -5,6 +5,8 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace corvale {
 
@@ -30,7 +32,18 @@ public:
     void text(std::string_view value);
     // The same as text("") so many times.
     void emptyTexts(std::size_t count);
+    // An array of whatever texts a range holds.
+    template <typename Texts>
+    void texts(const Texts& values) {
+        beginArray();
+        for (const auto& value : values) {
+            text(value);
+        }
+        endArray();
+    }
     void integer(std::int64_t value);
+    // An array of them.
+    void integers(const std::vector<std::int64_t>& values);
     // The shortest text that reads back to the same double; null for infinities and NaN.
     void number(double value);
     void boolean(bool value);

@@ -11,15 +11,6 @@
 
 namespace corvale {
 
-void appendUnpaired(const RowStretch& rows, std::vector<RowPair>& pairs) {
-    for (std::uint32_t row = rows.beforeBegin; row < rows.beforeEnd; ++row) {
-        pairs.push_back({row, RowPair::none});
-    }
-    for (std::uint32_t row = rows.afterBegin; row < rows.afterEnd; ++row) {
-        pairs.push_back({RowPair::none, row});
-    }
-}
-
 BestAlignment::BestAlignment(const ComparisonTexts& before, const ComparisonTexts& after, PollMeter& meter)
     : m_before(before), m_after(after), m_meter(meter), m_similarity(before, after) {}
 

@@ -48,7 +48,4 @@ private:
     std::vector<std::uint32_t> m_afterIds;
 };
 
-// Appends the rows of both sides alone, Before's first.
-void appendUnpaired(const RowStretch& rows, std::vector<RowPair>& pairs);
-
 }  // namespace corvale

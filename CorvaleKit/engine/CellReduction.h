@@ -20,19 +20,14 @@ struct CellReduction {
     // For key cells: white space never counts in a key.
     static CellReduction ofKeys(const DiffOptions& options, NumberStyle style);
 
-    // True when the reduced text differs from `cell` or may do so; it is then appended to `target`. False, and nothing
-    // appended, when `cell` is its own reduced text: the common case, which allocates nothing.
+    // A quick look: false when `cell` is its own reduced text, as most cells are.
     // `cell` is a cell of a grid, so that bytes after it may be read, or empty.
-    bool append(std::string& target, std::string_view cell) const {
-        return mayChange(cell) && appendRewritten(target, cell);
-    }
-
-    // A quick look: false when append would return false, as it does for most cells.
     bool mayChange(std::string_view cell) const {
         return !cell.empty() && (number || lowercase || (whitespace && WhitespaceScan::paddedNeedsNormalization(cell)));
     }
 
-    // append() for a cell that may change.
+    // For a cell that may change. True when the reduced text differs from `cell` or may do so; it is then appended to
+    // `target`. False, and nothing appended, when `cell` is its own reduced text.
     bool appendRewritten(std::string& target, std::string_view cell) const;
 };
 

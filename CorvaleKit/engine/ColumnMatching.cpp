@@ -10,9 +10,6 @@ namespace corvale::ColumnMatching {
 
 namespace {
 
-// What two headers share when they are the same name.
-std::string foldedName(std::string_view header) { return Text::lowercased(Text::trimSpaces(header)); }
-
 // Tells the columns that are shown but not compared.
 class NotCompared {
 public:
@@ -126,6 +123,8 @@ std::vector<ColumnPair> pairByPosition(const std::vector<std::string>& before, c
 }
 
 }  // namespace
+
+std::string foldedName(std::string_view header) { return Text::lowercased(Text::trimSpaces(header)); }
 
 bool isSameName(std::string_view a, std::string_view b) {
     return a == b || Text::equalIgnoringCase(Text::trimSpaces(a), Text::trimSpaces(b));

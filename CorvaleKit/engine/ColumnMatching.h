@@ -11,6 +11,9 @@
 // Which column of Before is which column of After.
 namespace corvale::ColumnMatching {
 
+// What two headers share when they are the same name: lower-cased, without outer spaces and tabs.
+std::string foldedName(std::string_view header);
+
 // Equal as they stand, or ignoring letter case once trimmed of spaces and tabs.
 bool isSameName(std::string_view a, std::string_view b);
 

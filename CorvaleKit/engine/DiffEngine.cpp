@@ -126,13 +126,16 @@ private:
         const auto& names = m_result.match.columns();
         KeyMatching::KeyColumns columns{KeyMatching::keyColumns(names, m_result.before),
                                         KeyMatching::keyColumns(names, m_result.after)};
-        if (columns.before.size() != names.size() || columns.after.size() != names.size()) {
+        const bool hasKey = columns.before.size() == names.size() && columns.after.size() == names.size();
+        if (!hasKey) {
             columns = {};
         }
         auto matches = KeyMatching::matchByKey(
             m_result.before, m_result.after, columns, m_result.options, m_result.numberStyle, m_callbacks.isCancelled);
         m_result.duplicates = std::move(matches.duplicates);
-        m_result.blankKeys = std::move(matches.blankKeys);
+        if (hasKey) {
+            m_result.blankKeys = std::move(matches.blankKeys);
+        }
         m_rowKeys = {false, columns.before, columns.after};
         return std::move(matches.pairs);
     }

@@ -15,8 +15,8 @@ struct Callbacks {
 };
 
 // Single-threaded and without state: any number of calls may run at once. `localeStyle` is the decimal style of the
-// user's locale, used where options.numberStyle is automatic and the files leave it open. A key name
-// that a table lacks leaves all rows unmatched. Throws Cancelled, nothing else of its own.
+// user's locale, used where options.numberStyle is automatic and the files leave it open. A key name that a table lacks
+// leaves all rows unmatched, none of them with a blank key. Throws Cancelled, nothing else of its own.
 DiffResult compare(const DataTable& before, const DataTable& after, const RowMatch& match, const DiffOptions& options,
                    NumberStyle localeStyle, const Callbacks& callbacks = {});
 

@@ -10,6 +10,10 @@ std::optional<std::int64_t> number(const DataTable& table, std::optional<std::in
 
 }  // namespace
 
+bool DiffSummary::hasDifferences() const {
+    return added > 0 || removed > 0 || changed > 0 || addedColumns > 0 || removedColumns > 0;
+}
+
 std::string_view DiffResult::cellBefore(const DiffRow& row, const ColumnPair& column) const& {
     return RowCells(*this, row).before(column);
 }

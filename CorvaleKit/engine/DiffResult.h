@@ -81,6 +81,9 @@ struct DiffSummary {
     std::int64_t removedColumns = 0;
     std::map<std::int64_t, std::int64_t> changesByColumn;  // index into columns -> changed cells, at least 1
 
+    // A row is not the same on both sides, or a column is on one side only.
+    bool hasDifferences() const;
+
     friend bool operator==(const DiffSummary&, const DiffSummary&) = default;
 
     template <typename H>

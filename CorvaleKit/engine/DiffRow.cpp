@@ -1,10 +1,9 @@
 #include "CorvaleKit/engine/DiffRow.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <string>
 
+#include "CorvaleKit/base/Numbers.h"
 #include "CorvaleKit/engine/DisplayKey.h"
 
 namespace corvale {
@@ -13,11 +12,6 @@ namespace {
 
 std::optional<std::int64_t> index(std::uint32_t row) {
     return row == RowPair::none ? std::nullopt : std::optional<std::int64_t>(row);
-}
-
-void appendNumber(std::string& target, std::int64_t number) {
-    std::array<char, 24> digits{};
-    target.append(digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr);
 }
 
 }  // namespace
@@ -44,7 +38,7 @@ struct DiffRows::Storage {
 
     void appendKey(RowPair pair) {
         if (keys.areRowNumbers) {
-            appendNumber(keyTexts, pair.hasRight() ? after.rowNumber(pair.right) : before.rowNumber(pair.left));
+            Numbers::append(keyTexts, pair.hasRight() ? after.rowNumber(pair.right) : before.rowNumber(pair.left));
         } else if (pair.hasRight()) {
             DisplayKey::append(keyTexts, after.rows()[pair.right], keys.afterColumns);
         } else {

@@ -128,6 +128,7 @@ private:
 // Collects result rows in display order.
 class DiffRows::Builder {
 public:
+    // `expectedRows` is a guess, to take memory once.
     Builder(DataTable before, DataTable after, RowKeys keys, std::size_t expectedRows);
     ~Builder();
     Builder(const Builder&) = delete;

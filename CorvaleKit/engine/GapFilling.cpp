@@ -1,10 +1,11 @@
 #include "CorvaleKit/engine/GapFilling.h"
 
+#include "CorvaleKit/engine/Callbacks.h"
+
 namespace corvale {
 
 namespace {
 
-constexpr std::size_t stepsPerPoll = 4096;
 constexpr std::uint32_t lookAhead = 8;
 
 }  // namespace
@@ -27,7 +28,7 @@ void GapFilling::fill(const RowStretch& gap, std::vector<RowPair>& pairs) {
 
 void GapFilling::walk(RowStretch gap, std::vector<RowPair>& pairs) {
     for (std::size_t step = 1; !gap.lacksASide(); ++step) {
-        if (step % stepsPerPoll == 0) {
+        if (step % rowsPerPoll == 0) {
             m_meter.poll();
         }
         skipToSimilar(gap, pairs);

@@ -47,7 +47,8 @@ public:
             }
             const auto [place, isNew] = places.try_emplace(m_ids[row], duplicates.size());
             if (isNew) {
-                duplicates.push_back({displayKey(m_table.rows()[row], m_columns), side, {}});
+                duplicates.push_back({{}, side, {}});
+                DisplayKey::append(duplicates.back().key, m_table.rows()[row], m_columns);
             }
             duplicates[place->second].rowNumbers.push_back(m_table.rowNumber(row));
         }
@@ -190,12 +191,6 @@ std::vector<std::size_t> keyColumns(const std::vector<std::string>& names, const
         }
     }
     return columns;
-}
-
-std::string displayKey(const CellRow& row, const std::vector<std::size_t>& columns) {
-    std::string key;
-    DisplayKey::append(key, row, columns);
-    return key;
 }
 
 Matches matchByKey(const DataTable& before, const DataTable& after, const KeyColumns& columns,

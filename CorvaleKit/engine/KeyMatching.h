@@ -17,9 +17,6 @@ namespace corvale::KeyMatching {
 // trimmed of spaces and tabs. A name without a header is left out.
 std::vector<std::size_t> keyColumns(const std::vector<std::string>& names, const DataTable& table);
 
-// The key as shown to the user: the key cells trimmed of spaces and line breaks, joined with " · ".
-std::string displayKey(const CellRow& row, const std::vector<std::size_t>& columns);
-
 struct Matches {
     std::vector<RowPair> pairs;            // in display order
     std::vector<DuplicateKey> duplicates;  // Before entries first, each side by the first row of the key

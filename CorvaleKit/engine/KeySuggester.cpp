@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "CorvaleKit/base/HashTables.h"
+#include "CorvaleKit/engine/ColumnMatching.h"
 #include "CorvaleKit/engine/DistinctValues.h"
 #include "CorvaleKit/text/Text.h"
 #include "CorvaleKit/text/Utf8.h"
@@ -39,16 +40,14 @@ struct SharedColumn {
     std::size_t after = 0;
 };
 
-std::string foldedName(std::string_view header) { return Text::lowercased(Text::trimSpaces(header)); }
-
 std::vector<SharedColumn> sharedColumns(const DataTable& before, const DataTable& after) {
     HashMap<std::string, std::size_t> firstByName;
     for (std::size_t i = 0; i < after.headers().size(); ++i) {
-        firstByName.try_emplace(foldedName(after.headers()[i]), i);
+        firstByName.try_emplace(ColumnMatching::foldedName(after.headers()[i]), i);
     }
     std::vector<SharedColumn> shared;
     for (std::size_t i = 0; i < before.headers().size(); ++i) {
-        const auto found = firstByName.find(foldedName(before.headers()[i]));
+        const auto found = firstByName.find(ColumnMatching::foldedName(before.headers()[i]));
         if (found != firstByName.end()) {
             shared.push_back({i, found->second});
         }

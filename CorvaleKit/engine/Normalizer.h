@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -34,7 +33,8 @@ std::string canonicalNumber(double value);
 // Names the difference of two raw cell texts that were found different. `style` is resolved.
 ChangeKind classify(std::string_view before, std::string_view after, NumberStyle style);
 
-// dotDecimal or commaDecimal when the cell can be read in that style only; none otherwise.
+// The style whose decimal separator the text shows whichever style is assumed, as in 1.5 and 1.234,56. None for 1,250,
+// which each style reads in its own way, for a text without a separator and for what is no number.
 std::optional<NumberStyle> cellStyleVote(std::string_view text);
 
 // One table and the columns of it that count.

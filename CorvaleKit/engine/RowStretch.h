@@ -2,6 +2,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <vector>
+
+#include "CorvaleKit/engine/RowPair.h"
 
 namespace corvale {
 
@@ -21,5 +24,15 @@ struct RowStretch {
 
     friend bool operator==(const RowStretch&, const RowStretch&) = default;
 };
+
+// Appends the rows of both sides alone, Before's first.
+inline void appendUnpaired(const RowStretch& rows, std::vector<RowPair>& pairs) {
+    for (std::uint32_t row = rows.beforeBegin; row < rows.beforeEnd; ++row) {
+        pairs.push_back({row, RowPair::none});
+    }
+    for (std::uint32_t row = rows.afterBegin; row < rows.afterEnd; ++row) {
+        pairs.push_back({RowPair::none, row});
+    }
+}
 
 }  // namespace corvale

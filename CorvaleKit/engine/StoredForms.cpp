@@ -2,7 +2,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include <utility>
 #include <vector>
 
 #include "CorvaleKit/base/Failures.h"
@@ -17,17 +16,8 @@ constexpr const char* keyCase = "key";
 constexpr const char* rowOrderCase = "rowOrder";
 constexpr const char* payloadKey = "_0";
 
-template <typename Strings>
-void writeTexts(JsonWriter& json, const Strings& texts) {
-    json.beginArray();
-    for (const auto& text : texts) {
-        json.text(text);
-    }
-    json.endArray();
-}
-
 void writeValue(JsonWriter& json, bool value) { json.boolean(value); }
-void writeValue(JsonWriter& json, const std::set<std::string>& texts) { writeTexts(json, texts); }
+void writeValue(JsonWriter& json, const std::set<std::string>& texts) { json.texts(texts); }
 void writeValue(JsonWriter& json, NumberStyle style) { json.text(rawValue(style)); }
 
 void readValue(const Json& form, bool& value) { value = form.get<bool>(); }
@@ -122,7 +112,7 @@ void write(JsonWriter& json, const RowMatch& match) {
     json.beginObject();
     if (match.isKey()) {
         json.key(payloadKey);
-        writeTexts(json, match.columns());
+        json.texts(match.columns());
     }
     json.endObject();
     json.endObject();

@@ -1,9 +1,7 @@
 #include <iconv.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstring>
 #include <new>
 #include <optional>
 #include <string>
@@ -74,13 +72,6 @@ Bytes fromUtf8(Bytes bytes) {
     return Utf8::isValid(bytes.view()) ? std::move(bytes) : Bytes(Utf8::repaired(bytes.view()));
 }
 
-bool isSuspect(char32_t scalar) {
-    if (scalar < 0x20) {
-        return scalar != '\t' && scalar != '\n' && scalar != '\r';
-    }
-    return (scalar >= 0x7F && scalar <= 0x9F) || scalar == 0xFFFD;
-}
-
 }  // namespace
 
 Bytes decodeText(Bytes bytes) {
@@ -102,20 +93,6 @@ Bytes decodeText(Bytes bytes) {
         return Bytes(*decoded);
     }
     return Bytes(Utf8::repaired(view));
-}
-
-bool looksLikeText(std::string_view text) {
-    constexpr std::size_t sampledCharacters = 65536;
-    const std::string_view sample = Text::firstCharacters(text, sampledCharacters);
-    std::size_t scalars = 0;
-    std::size_t suspects = 0;
-    for (std::size_t i = 0; i < sample.size();) {
-        const auto scalar = Utf8::scalarAt(sample, i);
-        suspects += isSuspect(scalar.value) ? 1U : 0U;
-        ++scalars;
-        i += scalar.length;
-    }
-    return scalars >= 50 * suspects;
 }
 
 }  // namespace corvale::CSV

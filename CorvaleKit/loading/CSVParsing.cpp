@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <utility>
 
@@ -114,31 +113,6 @@ private:
 };
 
 }  // namespace
-
-char detectDelimiter(std::string_view text) {
-    struct Candidate {
-        char delimiter;
-        std::size_t count;
-    };
-    std::array<Candidate, 3> candidates{{{',', 0}, {'\t', 0}, {';', 0}}};  // in the order that wins ties
-    bool quoted = false;
-    for (const char c : text) {
-        if (c == '"') {
-            quoted = !quoted;
-        } else if (!quoted) {
-            if (c == '\r' || c == '\n') {
-                break;
-            }
-            for (auto& candidate : candidates) {
-                candidate.count += c == candidate.delimiter ? 1U : 0U;
-            }
-        }
-    }
-    return std::max_element(candidates.begin(),
-                            candidates.end(),
-                            [](const Candidate& a, const Candidate& b) { return a.count < b.count; })
-        ->delimiter;
-}
 
 CellGrid parse(Bytes text, std::optional<char> delimiter) {
     const char chosen = delimiter ? *delimiter : detectDelimiter(text.view());

@@ -21,13 +21,6 @@ constexpr double wholeLimit = 1e15;
 
 bool isWhole(double value) { return std::abs(value) < wholeLimit && std::trunc(value) == value; }
 
-template <typename Number, typename... Style>
-void appendNumber(std::string& target, Number value, Style... style) {
-    std::array<char, 32> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value, style...).ptr;
-    target.append(digits.data(), end);
-}
-
 void appendPadded(std::string& target, std::int64_t value, std::size_t width) {
     std::array<char, 20> digits{};
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
@@ -38,9 +31,9 @@ void appendPadded(std::string& target, std::int64_t value, std::size_t width) {
 
 void appendGeneral(std::string& target, double value) {
     if (isWhole(value)) {
-        appendNumber(target, static_cast<std::int64_t>(value));
+        Numbers::append(target, static_cast<std::int64_t>(value));
     } else {
-        appendNumber(target, value, std::chars_format::general, significantDigits);
+        Numbers::append(target, value, std::chars_format::general, significantDigits);
     }
 }
 

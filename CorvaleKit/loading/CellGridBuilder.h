@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <vector>
 
 #include "CorvaleKit/base/Require.h"
@@ -17,7 +18,11 @@ public:
     // Appends a cell at the right end of the current row.
     void addCell(std::uint64_t offset, std::uint64_t length) { m_grid.m_cells.push_back(packed(offset, length)); }
     // Ends the current row, which may have no cells.
-    void endRow() { m_grid.m_rowStarts.push_back(m_grid.m_cells.size()); }
+    void endRow() {
+        CORVALE_REQUIRE(pendingCells() <= std::numeric_limits<std::uint32_t>::max(),
+                        "a row has too many cells to count");
+        m_grid.m_rowStarts.push_back(m_grid.m_cells.size());
+    }
 
     struct PlacedCell {
         std::uint32_t column = 0;

@@ -24,7 +24,7 @@ public:
             keepCode(attributes);
         } else if (name == "cellXfs") {
             ++m_listsOpen;
-        } else if (name == "xf" && m_listsOpen > 0) {
+        } else if (name == "xf" && m_listsOpen > 0 && m_styles.size() < mostStyles) {
             m_styles.push_back(numberFormatId(attributes).value_or(0));
         }
         return false;
@@ -51,7 +51,7 @@ private:
     void keepCode(const XMLEvents::Attributes& attributes) {
         const auto id = numberFormatId(attributes);
         const auto code = attributes.find("formatCode");
-        if (id && code) {
+        if (id && code && (m_formats.size() < mostStyles || m_formats.contains(*id))) {
             m_formats.insert_or_assign(*id, boundedFormat(numberFormat(*id, *code)));
         }
     }

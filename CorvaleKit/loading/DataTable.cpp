@@ -9,7 +9,7 @@
 #include "CorvaleKit/base/Failures.h"
 #include "CorvaleKit/base/JsonWriter.h"
 #include "CorvaleKit/base/Require.h"
-#include "CorvaleKit/loading/CellRowCoding.h"
+#include "CorvaleKit/loading/CellRowJson.h"
 
 namespace corvale {
 
@@ -37,14 +37,14 @@ std::vector<std::int64_t> normalizedNumbers(std::vector<std::int64_t> numbers, s
 std::int64_t integerIn(const nlohmann::json& form) {
     if (!form.is_number_integer() ||
         (form.is_number_unsigned() && form.get<std::uint64_t>() > std::numeric_limits<std::int64_t>::max())) {
-        throw DecodingError("a row number is no 64-bit integer");
+        throw DecodingError("A row number is no 64-bit integer.");
     }
     return form.get<std::int64_t>();
 }
 
 std::vector<std::int64_t> integersIn(const nlohmann::json& form) {
     if (!form.is_array()) {
-        throw DecodingError("the row numbers are no array");
+        throw DecodingError("The row numbers are no array.");
     }
     std::vector<std::int64_t> integers;
     for (const auto& number : form) {
@@ -71,6 +71,7 @@ DataTable::DataTable(std::vector<std::string> headers, const std::vector<std::ve
           parts.sourceName = std::move(sourceName);
           parts.rowNumbers = normalizedNumbers(std::move(rowNumbers), rows.size(), headerRowNumber);
           parts.headerRowNumber = headerRowNumber;
+          parts.automaticHeaderRowNumber = headerRowNumber;
           return parts;
       }()) {}
 
@@ -84,11 +85,7 @@ std::string DataTable::encoded() const {
     JsonWriter json(target);
     json.beginObject();
     json.key("headers");
-    json.beginArray();
-    for (const auto& header : headers()) {
-        json.text(header);
-    }
-    json.endArray();
+    json.texts(headers());
     json.key("rows");
     json.beginArray();
     for (const CellRow row : rows()) {
@@ -98,11 +95,7 @@ std::string DataTable::encoded() const {
     json.key("sourceName");
     json.text(sourceName());
     json.key("rowNumbers");
-    json.beginArray();
-    for (const std::int64_t number : rowNumbers()) {
-        json.integer(number);
-    }
-    json.endArray();
+    json.integers(rowNumbers());
     json.key("headerRowNumber");
     json.integer(headerRowNumber());
     json.endObject();
@@ -113,14 +106,15 @@ std::string DataTable::encoded() const {
 DataTable DataTable::decoded(std::string_view json) {
     try {
         const auto form = nlohmann::json::parse(json);
-        if (form.at("headerRowNumber").get<std::int64_t>() > lastRowNumber) {
+        const std::int64_t headerRowNumber = integerIn(form.at("headerRowNumber"));
+        if (headerRowNumber > lastRowNumber) {
             throw DecodingError("The header row number is beyond the end of any file.");
         }
         return DataTable(form.at("headers").get<std::vector<std::string>>(),
                          form.at("rows").get<std::vector<std::vector<std::string>>>(),
                          form.at("sourceName").get<std::string>(),
                          integersIn(form.at("rowNumbers")),
-                         integerIn(form.at("headerRowNumber")));
+                         headerRowNumber);
     } catch (const nlohmann::json::exception& error) {
         throw DecodingError(error.what());
     }

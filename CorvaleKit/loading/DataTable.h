@@ -23,6 +23,7 @@ public:
         std::string sourceName;
         std::vector<std::int64_t> rowNumbers;
         std::int64_t headerRowNumber = 1;
+        std::int64_t automaticHeaderRowNumber = 1;
         CellRows topRows;
 
         friend bool operator==(const Parts&, const Parts&) = default;
@@ -43,6 +44,8 @@ public:
     // The 1-based number in the source file of each data row.
     const std::vector<std::int64_t>& rowNumbers() const& { return m_parts->rowNumbers; }
     std::int64_t headerRowNumber() const { return m_parts->headerRowNumber; }
+    // The one that the header row has unless another is chosen.
+    std::int64_t automaticHeaderRowNumber() const { return m_parts->automaticHeaderRowNumber; }
     // The first 12 source rows, blank ones included, each cut to 12 cells; for choosing another header row.
     const CellRows& topRows() const& { return m_parts->topRows; }
 
@@ -56,7 +59,7 @@ public:
     // The source row number of a data row; for a row that has none, the one it would have below a header in row 1.
     std::int64_t rowNumber(std::size_t row) const;
 
-    // The stored form, JSON without topRows, which only serve while a file is open.
+    // The stored form, JSON without what only serves while a file is open: topRows, and the automatic header row.
     std::string encoded() const;
     // Throws DecodingError.
     static DataTable decoded(std::string_view json);

@@ -2,15 +2,13 @@
 
 #include <string>
 
-#include "CorvaleKit/loading/XMLEvents.h"
-
 namespace corvale::XLSX {
 
 namespace {
 
 class SharedStringsHandler : public XMLEvents::Handler {
 public:
-    explicit SharedStringsHandler(SharedStrings& strings) : m_strings(strings) {}
+    SharedStringsHandler(SharedStrings& strings, std::size_t most) : m_strings(strings), m_most(most) {}
 
     bool onStart(std::string_view name, const XMLEvents::Attributes&) override {
         if (name == "si") {
@@ -28,7 +26,9 @@ public:
             }
         } else if (name == "si") {
             --m_stringsOpen;
-            m_strings.ends.push_back(m_strings.texts.size());
+            if (m_strings.ends.size() < m_most) {
+                m_strings.ends.push_back(m_strings.texts.size());
+            }
         } else if (name == "rPh") {
             --m_guidesOpen;
         }
@@ -38,17 +38,18 @@ private:
     bool isWanted() const { return m_stringsOpen > 0 && m_guidesOpen == 0; }
 
     SharedStrings& m_strings;
+    std::size_t m_most;
     int m_stringsOpen = 0;
     int m_guidesOpen = 0;
 };
 
 }  // namespace
 
-SharedStrings sharedStrings(std::string_view part) {
+SharedStrings sharedStrings(std::string_view part, std::size_t most, XMLEvents::Parser parse) {
     SharedStrings strings;
     strings.texts.reserve(part.size());
-    SharedStringsHandler handler(strings);
-    XMLEvents::parse(part, handler);
+    SharedStringsHandler handler(strings, most);
+    parse(part, handler);
     return strings;
 }
 

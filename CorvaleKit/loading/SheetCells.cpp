@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "CorvaleKit/loading/XLSX.h"
+
 namespace corvale::XLSX {
 
 SheetCells::SheetCells(ByteArena texts) : m_texts(std::move(texts)) {}
@@ -10,8 +12,7 @@ SheetCells::SheetCells(ByteArena texts) : m_texts(std::move(texts)) {}
 void SheetCells::reserveFor(std::size_t bytes) {
     constexpr std::size_t bytesPerCell = 24;
     constexpr std::size_t bytesPerRow = 64;
-    constexpr std::size_t mostRows = 1'048'576;
-    m_builder.reserve(bytes / bytesPerCell, std::min(bytes / bytesPerRow, mostRows));
+    m_builder.reserve(bytes / bytesPerCell, std::min<std::size_t>(bytes / bytesPerRow, mostRows));
 }
 
 std::uint64_t SheetCells::keep(std::string_view text) { return cell(m_texts.append(text), text.size()); }

@@ -11,7 +11,6 @@
 #include "CorvaleKit/loading/CellFormat.h"
 #include "CorvaleKit/loading/CellReference.h"
 #include "CorvaleKit/loading/SheetCells.h"
-#include "CorvaleKit/loading/XMLEvents.h"
 
 namespace corvale::XLSX {
 
@@ -189,10 +188,10 @@ private:
 
 }  // namespace
 
-CellGrid sheetGrid(Bytes part, Workbook workbook) {
+CellGrid sheetGrid(Bytes part, Workbook workbook, XMLEvents::Parser parse) {
     SheetHandler handler(std::move(workbook));
     handler.reserveFor(part.size());
-    XMLEvents::parse(part.view(), handler);
+    parse(part.view(), handler);
     part = Bytes();
     return handler.finish();
 }

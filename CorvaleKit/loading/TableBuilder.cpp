@@ -142,8 +142,10 @@ DataTable build(const CellRows& rows, std::string sourceName, std::optional<std:
     if (positions.empty()) {
         return DataTable(std::move(parts));
     }
-    const std::size_t header = headerRow ? chosenPosition(positions, *headerRow) : automaticPosition(rows, positions);
+    const std::size_t automatic = automaticPosition(rows, positions);
+    const std::size_t header = headerRow ? chosenPosition(positions, *headerRow) : automatic;
     const std::uint32_t headerSource = positions[header];
+    parts.automaticHeaderRowNumber = std::int64_t{positions[automatic]} + 1;
     positions.erase(positions.begin(), positions.begin() + static_cast<std::ptrdiff_t>(header) + 1);
 
     const CellRow headerCells = rows[headerSource];

@@ -18,8 +18,8 @@ public:
     bool onStart(std::string_view name, const XMLEvents::Attributes& attributes) override {
         const auto id = attributes.find("Id");
         const auto target = attributes.find("Target");
-        if (name == "Relationship" && id && target) {
-            m_targets.insert_or_assign(std::string(*id), std::string(*target));
+        if (name == "Relationship" && id && target && target->size() <= longestTarget) {
+            keep(*id, *target);
         }
         return false;
     }
@@ -29,6 +29,19 @@ public:
     Targets takeTargets() { return std::move(m_targets); }
 
 private:
+    // Many sheets may share one target, and each has its own copy of the path.
+    static constexpr std::size_t longestTarget = 1'024;
+    static constexpr std::size_t mostTargets = 2 * mostSheets;
+
+    void keep(std::string_view id, std::string_view target) {
+        const auto known = m_targets.find(id);
+        if (known != m_targets.end()) {
+            known->second = target;
+        } else if (m_targets.size() < mostTargets) {
+            m_targets.emplace(id, target);
+        }
+    }
+
     Targets m_targets;
 };
 
@@ -50,7 +63,7 @@ public:
         if (name == "workbookPr") {
             const auto date1904 = attributes.find("date1904");
             m_workbook.date1904 = m_workbook.date1904 || date1904 == "1" || date1904 == "true";
-        } else if (name == "sheet") {
+        } else if (name == "sheet" && m_workbook.sheets.size() < mostSheets) {
             m_workbook.sheets.push_back(
                 {std::string(attributes.find("name").value_or("")), partPath(targetOf(relationshipId(attributes)))});
         }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -8,6 +9,10 @@
 #include "CorvaleKit/loading/XLSX.h"
 
 namespace corvale::XLSX {
+
+// Sheets beyond those are not listed, and as many relationships again are kept: a part of a gigabyte, which takes a
+// megabyte in the file, could name a hundred million. No program writes nearly as many.
+inline constexpr std::size_t mostSheets = 65'536;
 
 // What the part xl/workbook.xml says.
 struct WorkbookSheets {

@@ -41,8 +41,11 @@ struct NumberFormat {
 // In workbook order.
 std::vector<Sheet> sheets(std::string_view bytes);
 
-// The rows of the sheet at a 0-based index, ragged, empty rows included. Reads the first 1,000 columns and 1,048,576
-// rows.
+// Of a worksheet, more is not read: the rows that a worksheet can have, and a bound on columns.
+inline constexpr std::int64_t mostRows = 1'048'576;
+inline constexpr std::int64_t mostColumns = 1'000;
+
+// The rows of the sheet at a 0-based index, ragged, empty rows included.
 CellGrid readSheet(std::string_view bytes, std::int64_t index);
 
 // Picks one of a workbook's sheets, of which there is at least one: a 0-based index.

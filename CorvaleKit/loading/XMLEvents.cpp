@@ -7,8 +7,11 @@
 #include <memory>
 #include <new>
 #include <type_traits>
+#include <vector>
 
+#include "CorvaleKit/loading/PlainXML.h"
 #include "CorvaleKit/loading/XLSX.h"
+#include "CorvaleKit/loading/XMLDelivery.h"
 
 namespace corvale::XMLEvents {
 
@@ -17,20 +20,9 @@ namespace {
 // The parser keeps memory for every open element; real parts nest a dozen deep.
 constexpr int deepestElement = 1000;
 
-std::string_view withoutPrefix(const char* qualifiedName) {
-    const char* start = qualifiedName;
-    const char* end = start;
-    for (; *end != '\0'; ++end) {
-        if (*end == ':') {
-            start = end + 1;
-        }
-    }
-    return {start, static_cast<std::size_t>(end - start)};
-}
-
 class Walk {
 public:
-    explicit Walk(Handler& handler) : m_parser(XML_ParserCreate(nullptr), &XML_ParserFree), m_handler(handler) {
+    explicit Walk(Delivery& delivery) : m_parser(XML_ParserCreate(nullptr), &XML_ParserFree), m_delivery(delivery) {
         if (!m_parser) {
             throw std::bad_alloc();
         }
@@ -60,18 +52,16 @@ private:
     }
 
     static void onStart(void* self, const char* name, const char** attributes) {
-        static_cast<Walk*>(self)->guarded([&](Walk& walk) { walk.start(withoutPrefix(name), Attributes(attributes)); });
+        static_cast<Walk*>(self)->guarded([&](Walk& walk) { walk.start(name, attributes); });
     }
 
     static void onEnd(void* self, const char* name) {
-        static_cast<Walk*>(self)->guarded([&](Walk& walk) { walk.end(withoutPrefix(name)); });
+        static_cast<Walk*>(self)->guarded([&](Walk& walk) { walk.m_delivery.end(name); });
     }
 
     static void onText(void* self, const char* text, int length) {
         static_cast<Walk*>(self)->guarded([&](Walk& walk) {
-            if (walk.m_wantedDepth != 0) {
-                walk.m_text.append(text, static_cast<std::size_t>(length));
-            }
+            walk.m_delivery.text({text, static_cast<std::size_t>(length)});
         });
     }
 
@@ -94,34 +84,34 @@ private:
         XML_StopParser(m_parser.get(), XML_FALSE);
     }
 
-    void start(std::string_view name, const Attributes& attributes) {
-        if (++m_depth > deepestElement) {
+    // The parser gives names and values by turns, then a null.
+    void start(const char* name, const char** pairs) {
+        if (m_delivery.depth() == deepestElement) {
             stop();
             return;
         }
-        m_text.clear();
-        if (m_handler.onStart(name, attributes) && m_wantedDepth == 0) {
-            m_wantedDepth = m_depth;
+        m_attributes.clear();
+        for (; *pairs != nullptr; pairs += 2) {
+            m_attributes.emplace_back(pairs[0], pairs[1]);
         }
-    }
-
-    void end(std::string_view name) {
-        m_handler.onEnd(name, m_text);
-        m_text.clear();
-        if (m_depth == m_wantedDepth) {
-            m_wantedDepth = 0;
-        }
-        --m_depth;
+        m_delivery.start(name, Attributes(m_attributes.data(), m_attributes.size()));
     }
 
     std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> m_parser;
-    Handler& m_handler;
-    std::string m_text;
-    int m_depth = 0;        // 1 inside the outermost element
-    int m_wantedDepth = 0;  // of the outermost element whose text is wanted; 0: none
+    Delivery& m_delivery;
+    std::vector<Attribute> m_attributes;  // of the current event
     bool m_stopped = false;
     std::exception_ptr m_failure;
 };
+
+void walk(std::string_view part, Delivery& delivery, std::size_t piece) {
+    Walk walk(delivery);
+    while (part.size() > piece) {
+        walk.feed(part.substr(0, piece), false);
+        part.remove_prefix(piece);
+    }
+    walk.feed(part, true);
+}
 
 }  // namespace
 
@@ -134,13 +124,17 @@ std::optional<std::string_view> Attributes::find(std::string_view name) const {
     return std::nullopt;
 }
 
-void parse(std::string_view part, Handler& handler, std::size_t piece) {
-    Walk walk(handler);
-    while (part.size() > piece) {
-        walk.feed(part.substr(0, piece), false);
-        part.remove_prefix(piece);
+void parse(std::string_view part, Handler& handler) {
+    Delivery delivery(handler);
+    if (!PlainXML::deliver(part, delivery)) {
+        delivery.beginAgain();
+        walk(part, delivery, INT_MAX);
     }
-    walk.feed(part, true);
+}
+
+void parseGenerally(std::string_view part, Handler& handler, std::size_t piece) {
+    Delivery delivery(handler);
+    walk(part, delivery, piece);
 }
 
 }  // namespace corvale::XMLEvents

@@ -61,6 +61,7 @@ struct ReportStrings {
     std::string yes = "Yes";
     std::string blankKey = "(blank key)";
 
+    // The same texts for readers of Spanish.
     static ReportStrings spanish();
 
     friend bool operator==(const ReportStrings&, const ReportStrings&) = default;

@@ -31,6 +31,7 @@ Scalar scalarAt(std::string_view text, std::size_t position);
 // The scalar that ends right before `end`, which is above 0; for walking backwards.
 Scalar scalarBefore(std::string_view text, std::size_t end);
 
+// `scalar` is a Unicode scalar value.
 void append(std::string& target, char32_t scalar);
 
 }  // namespace corvale::Utf8

@@ -26,11 +26,13 @@ _corvale_cli() {
                 table) words="$one_table -h --help" ;;
                 key) words="$two_tables -h --help" ;;
                 compare) words="$two_tables $comparison --show --column --search --format -h --help" ;;
-                report) words="$two_tables $comparison --output --include-unchanged --lang -h --help" ;;
+                report) words="$two_tables $comparison -o --output --include-unchanged --lang -h --help" ;;
             esac
         else
             compopt -o filenames
-            mapfile -t COMPREPLY < <(shopt -s extglob; compgen -f -X '!*.@(xlsx|csv|tsv|txt|html)' -- "$current"
+            local kinds='xlsx|csv|tsv|txt'
+            [[ $previous != -o && $previous != --output ]] || kinds='xlsx|html'
+            mapfile -t COMPREPLY < <(shopt -s extglob; compgen -f -X "!*.@($kinds)" -- "$current"
                 compgen -d -- "$current")
             return
         fi

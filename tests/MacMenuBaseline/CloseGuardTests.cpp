@@ -18,8 +18,9 @@ struct CloseGuardTest : testing::Test {
     CloseGuardTest() {
         main.show();
         guard.setMain(&main);
-        guard.shouldClose = [this] {
+        guard.shouldClose = [this](const QWidget& window) {
             ++asked;
+            closing = &window;
             return answer;
         };
     }
@@ -28,11 +29,13 @@ struct CloseGuardTest : testing::Test {
     CloseGuard guard;
     bool answer = true;
     int asked = 0;
+    const QWidget* closing = nullptr;  // that it asked for last
 };
 
 TEST(CloseGuard, AllowsClosingByDefault) {
     CloseGuard guard;
-    EXPECT_TRUE(guard.shouldClose());
+    const QWidget window;
+    EXPECT_TRUE(guard.shouldClose(window));
 }
 
 TEST_F(CloseGuardTest, WithoutASenderClosesTheMainWindow) {
@@ -71,6 +74,7 @@ TEST_F(CloseGuardTest, ClosesTheWindowOfTheSenderRatherThanTheMainOne) {
     EXPECT_FALSE(other.isVisible());
     EXPECT_TRUE(main.isVisible());
     EXPECT_EQ(asked, 1);
+    EXPECT_EQ(closing, &other);
 }
 
 TEST_F(CloseGuardTest, LeavesTheWindowOfTheSenderOpenWhenItShouldNotClose) {
@@ -114,7 +118,7 @@ TEST_F(CloseGuardTest, TakesAnObjectForTheWidgetThatOwnsIt) {
 TEST(CloseGuard, DoesNothingWithoutASenderOnceTheMainWindowIsGone) {
     CloseGuard guard;
     int asked = 0;
-    guard.shouldClose = [&asked] { return ++asked > 0; };
+    guard.shouldClose = [&asked](const QWidget&) { return ++asked > 0; };
     {
         QWidget main;
         main.show();
@@ -131,6 +135,7 @@ TEST_F(CloseGuardTest, AsksWhenTheWindowManagerClosesTheMainWindow) {
     main.windowHandle()->close();
     EXPECT_TRUE(main.isVisible());
     EXPECT_EQ(asked, 1);
+    EXPECT_EQ(closing, &main);
     answer = true;
     main.windowHandle()->close();
     EXPECT_FALSE(main.isVisible());
@@ -154,7 +159,7 @@ TEST_F(CloseGuardTest, LetsGoOfTheFormerMainWindow) {
 }
 
 TEST_F(CloseGuardTest, RefusesOtherAttemptsWhileItAsks) {
-    guard.shouldClose = [this] {
+    guard.shouldClose = [this](const QWidget&) {
         ++asked;
         guard.close(nullptr);
         main.windowHandle()->close();
@@ -171,7 +176,7 @@ TEST(CloseGuard, SurvivesAWindowThatGoesAwayDuringTheQuestion) {
     auto main = std::make_unique<QWidget>();
     main->show();
     guard.setMain(main.get());
-    guard.shouldClose = [&main] {
+    guard.shouldClose = [&main](const QWidget&) {
         main.reset();
         return true;
     };

@@ -57,6 +57,18 @@ TEST(MenuBaseline, TheHelpItemComesFirstAndCarriesTheNameOfTheApplication) {
     EXPECT_EQ(menu.actions().constLast(), &about);
 }
 
+TEST(MenuBaseline, F1OpensTheHelpBesidesTheShortcutThatIsShown) {
+    const QKeySequence f1(Qt::Key_F1);
+    const QKeySequence ofMac(Qt::CTRL | Qt::Key_Question);
+    for (const auto& [shown, all] : {std::pair(ofMac, QList{ofMac, f1}), {f1, {f1}}}) {
+        QMenu menu;
+        MenuBaseline baseline;
+        baseline.help = MenuHelp{QStringLiteral("Abacus"), shown, {}};
+        baseline.addHelpTo(menu);
+        EXPECT_EQ(menu.actions().constFirst()->shortcuts(), all);
+    }
+}
+
 TEST(MenuBaseline, WithoutHelpTheHelpMenuHoldsOnlyTheFurtherItems) {
     QMenu menu;
     QAction updates(QStringLiteral("Check for Updates…"));
@@ -112,7 +124,7 @@ TEST_F(CloseShortcut, ClosesTheWindowThatHasTheKeyboard) {
 }
 
 TEST_F(CloseShortcut, AsksTheGuard) {
-    guard.shouldClose = [] { return false; };
+    guard.shouldClose = [](const QWidget&) { return false; };
     pressCtrlWIn(main);
     EXPECT_TRUE(main.isVisible());
 }

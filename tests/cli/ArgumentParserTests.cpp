@@ -238,6 +238,8 @@ TEST(ArgumentParser, SaysWhatAnOptionNeeds) {
     for (const auto& one : cases) {
         EXPECT_EQ(failureOf({"compare", "a", "b", one.option}), one.message);
     }
+    EXPECT_EQ(failureOf({"report", "a", "b", "--output"}), "--output needs a file name.");
+    EXPECT_EQ(failureOf({"report", "a", "b", "-o", "r.html", "--lang"}), "--lang needs a language.");
 }
 
 TEST(ArgumentParser, AnEmptyColumnNameIsNone) {
@@ -257,7 +259,7 @@ TEST(ArgumentParser, WhatTakesNoValueIsGivenNone) {
 }
 
 TEST(ArgumentParser, EveryHelpShowsExamples) {
-    for (const std::string command : {"", "sheets", "table", "key", "compare"}) {
+    for (const std::string command : {"", "sheets", "table", "key", "compare", "report"}) {
         std::vector<std::string> arguments{"--help"};
         if (!command.empty()) {
             arguments.insert(arguments.begin(), command);

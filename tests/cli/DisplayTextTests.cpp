@@ -94,5 +94,11 @@ TEST(DisplayText, ThousandsAreGrouped) {
     EXPECT_EQ(grouped(1204567), "1,204,567");
 }
 
+TEST(DisplayText, OneIsOneAndAnyOtherNumberIsMany) {
+    EXPECT_EQ(counted(0, "row", "rows"), "0 rows");
+    EXPECT_EQ(counted(1, "row", "rows"), "1 row");
+    EXPECT_EQ(counted(1204, "row", "rows"), "1,204 rows");
+}
+
 }  // namespace
 }  // namespace corvale::Cli::DisplayText

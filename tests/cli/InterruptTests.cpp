@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <csignal>
@@ -51,6 +52,21 @@ TEST(InterruptDeathTest, TheSecondOneIsNotDeferred) {
             std::raise(SIGINT);
             std::raise(SIGINT);
             std::_Exit(0);
+        },
+        testing::ExitedWithCode(130),
+        "");
+}
+
+// As over tables so wide that the next poll is far away.
+TEST(InterruptDeathTest, EndsTheProgramWhenTheComparisonDoesNotStop) {
+    EXPECT_EXIT(
+        {
+            Interrupt::install();
+            const Interrupt::Deferral deferral;
+            std::raise(SIGINT);
+            for (;;) {
+                ::pause();
+            }
         },
         testing::ExitedWithCode(130),
         "");

@@ -1,15 +1,18 @@
 #include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/inotify.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <csignal>
 #include <filesystem>
-#include <memory>
 #include <random>
 #include <set>
 #include <string>
-#include <thread>
+#include <system_error>
 
 #include "CorvaleKit/loading/DataLoader.h"
 #include "tests/cli/Program.h"
@@ -207,6 +210,29 @@ TEST_F(Report, AFullDiskKeepsTheOldFile) {
     EXPECT_EQ(result.output, "old1\n");
 }
 
+// Tells when something happens to the files of a folder.
+class FolderWatch {
+public:
+    explicit FolderWatch(const std::filesystem::path& folder) : m_descriptor(::inotify_init1(IN_CLOEXEC)) {
+        EXPECT_GE(::inotify_add_watch(m_descriptor, folder.c_str(), IN_CREATE | IN_MODIFY | IN_MOVED_TO), 0);
+    }
+    ~FolderWatch() { ::close(m_descriptor); }
+    FolderWatch(const FolderWatch&) = delete;
+    FolderWatch& operator=(const FolderWatch&) = delete;
+
+    // A write of megabytes is told when it is over, so this waits a millisecond at most.
+    void wait() const {
+        pollfd waiting{m_descriptor, POLLIN, 0};
+        if (::poll(&waiting, 1, 1) == 1) {
+            std::array<char, 4096> events{};
+            EXPECT_GT(::read(m_descriptor, events.data(), events.size()), 0);
+        }
+    }
+
+private:
+    int m_descriptor;
+};
+
 // Saving takes long enough to be stopped in the middle.
 class InterruptedReport : public Report {
 protected:
@@ -224,10 +250,14 @@ protected:
         m_folder.write("b.csv", after);
     }
 
+    // An empty one is the trial whether the folder can be written to, which comes before anything is read.
     bool hasUnfinishedFile() const {
         const std::set<std::string> all = names();
-        return std::any_of(
-            all.begin(), all.end(), [](const std::string& name) { return name.starts_with(".corvale-"); });
+        return std::any_of(all.begin(), all.end(), [this](const std::string& name) {
+            std::error_code gone;
+            const auto size = std::filesystem::file_size(m_folder.path() / name, gone);
+            return name.starts_with(".corvale-") && !gone && size > 0;
+        });
     }
     // 0 while there is none.
     std::size_t unfinishedSize() const {
@@ -250,11 +280,12 @@ protected:
     // True when the signal came while the file was written.
     bool stopWith(int signal, int expectedStatus) {
         m_folder.write("r.html", "old");
+        const FolderWatch watch(m_folder.path());
         Process process(
             TestFiles::program("corvale-cli"), {"report", "a.csv", "b.csv", "--key", "ID", "-o", "r.html"}, settings());
         const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
         while (!hasUnfinishedFile() && std::chrono::steady_clock::now() < deadline) {
-            std::this_thread::sleep_for(std::chrono::microseconds(200));
+            watch.wait();
             if (content("r.html") != "old") {
                 process.finish();
                 return false;

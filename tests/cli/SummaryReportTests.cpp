@@ -12,20 +12,5 @@ TEST(SummaryReport, HasEveryCountInOrder) {
               "removedColumns: 8\n");
 }
 
-TEST(SummaryReport, OnlyEqualRowsInEqualColumnsAreNoDifference) {
-    DiffSummary summary;
-    summary.same = 3;
-    EXPECT_FALSE(hasDifferences(summary));
-    for (std::int64_t DiffSummary::*field : {&DiffSummary::added,
-                                             &DiffSummary::removed,
-                                             &DiffSummary::changed,
-                                             &DiffSummary::addedColumns,
-                                             &DiffSummary::removedColumns}) {
-        DiffSummary other = summary;
-        other.*field = 1;
-        EXPECT_TRUE(hasDifferences(other));
-    }
-}
-
 }  // namespace
 }  // namespace corvale::Cli

@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <limits>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "CorvaleKit/loading/DataLoader.h"
-#include "cli/FileReading.h"
+#include "cli/Paths.h"
 #include "cli/TableLoading.h"
 #include "tests/cli/TextWorkbooks.h"
 #include "tests/support/ScratchFolder.h"
@@ -50,7 +52,7 @@ TEST(TableLoading, AMissingSheetIsNamedWithThoseThatAreThere) {
 
 TEST(TableLoading, ATableIsKnownByItsFileName) {
     const ScratchFolder folder;
-    const DataTable table = loadTable({folder.write("a.csv", "A\n1\n"), {}, {}});
+    const DataTable table = loadTable({folder.write("a.csv", "A\n1\n"), {}, {}}).table;
     EXPECT_EQ(table.sourceName(), "a.csv");
     EXPECT_EQ(table.headers(), std::vector<std::string>{"A"});
 }
@@ -60,29 +62,30 @@ TEST(TableLoading, TheSheetIsChosenAmongThoseOfAWorkbook) {
     const std::string workbook = folder.write(
         "book.xlsx", textWorkbook({{"One", {{"A"}, {"1"}}}, {"Two", {{"B"}, {"2"}}}, {"1", {{"C"}, {"3"}}}}));
     const auto header = [&](std::optional<std::string> sheet) {
-        const DataTable table = loadTable({workbook, std::move(sheet), {}});
-        return table.headers().front();
+        const LoadedTable loaded = loadTable({workbook, std::move(sheet), {}});
+        return loaded.table.headers().front() + " in " + loaded.sheet.value_or("no sheet");
     };
-    EXPECT_EQ(header({}), "A");
-    EXPECT_EQ(header("two"), "B");
-    EXPECT_EQ(header("3"), "C");
-    EXPECT_EQ(header("1"), "A");
+    EXPECT_EQ(header({}), "A in One");
+    EXPECT_EQ(header("two"), "B in Two");
+    EXPECT_EQ(header("3"), "C in 1");
+    EXPECT_EQ(header("1"), "A in One");
     EXPECT_THROW(header("4"), XLSX::Failure);
     EXPECT_THROW(header("Three"), SheetFailure);
 }
 
 TEST(TableLoading, TextFilesHaveNoSheetsToChooseFrom) {
     const ScratchFolder folder;
-    const DataTable table = loadTable({folder.write("a.csv", "A\n1\n"), "No such sheet", {}});
-    EXPECT_EQ(table.headers().front(), "A");
+    const LoadedTable loaded = loadTable({folder.write("a.csv", "A\n1\n"), "No such sheet", {}});
+    EXPECT_EQ(loaded.table.headers().front(), "A");
+    EXPECT_EQ(loaded.sheet, std::nullopt);
 }
 
 TEST(TableLoading, BothSidesAreLoaded) {
     const ScratchFolder folder;
     const TablePair tables =
         loadPair({{folder.write("a.csv", "A\n1\n"), {}, {}}, {folder.write("b.csv", "B\n2\n"), {}, {}}});
-    EXPECT_EQ(tables.before.headers().front(), "A");
-    EXPECT_EQ(tables.after.headers().front(), "B");
+    EXPECT_EQ(tables.before.table.headers().front(), "A");
+    EXPECT_EQ(tables.after.table.headers().front(), "B");
 }
 
 TEST(TableLoading, BeforesFailureGoesFirst) {

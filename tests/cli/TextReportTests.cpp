@@ -31,7 +31,8 @@ struct Shown {
     std::string text() const {
         const DiffResult compared = result();
         TextReportContext context;
-        context.files = {{"old/a.csv", {}, {}}, {"b.csv", {}, {}}};
+        context.before.path = "old/a.csv";
+        context.after.path = "b.csv";
         context.matchIsSuggested = isSuggested;
         context.list = list;
         context.style = style;

@@ -45,82 +45,109 @@ protected:
         answerPanel(QStringLiteral("Export Report"), path);
         waitUntil("the report is written", [&path] { return std::filesystem::exists(path); });
     }
+
+    void trySampleFromWelcome() {
+        // "Try the Sample" is one before "Get Started", which has the keys.
+        turnToWindow(QStringLiteral("Welcome to Corvale"));
+        User::press(QStringLiteral("shift+Tab space"));
+        waitUntil("the sheet is gone", [] { return User::windowTitled(QStringLiteral("Welcome")).isEmpty(); });
+        User::turnTo(m_window);
+        EXPECT_EQ(rowAfter(QStringLiteral("Home"), towel), towel);
+        m_twin->model().openSamples();
+        waitUntil("the twin has compared too", [this] { return m_twin->model().result() != nullptr; });
+    }
+
+    void filterAddedRows() {
+        click(QStringLiteral("Added"));
+        click(m_twin->middleOfLine(0));
+        EXPECT_EQ(rowAfter(QStringLiteral("Home"), bowl), bowl);
+        EXPECT_EQ(rowAfter(QStringLiteral("End"), can), can);
+        User::press(QStringLiteral("ctrl+3"));
+    }
+
+    void searchForANotebook() {
+        User::press(QStringLiteral("ctrl+f"));
+        User::type(QStringLiteral("notebook"));
+        click(m_twin->middleOfLine(0));
+        EXPECT_EQ(rowAfter(QStringLiteral("Home"), notebook), notebook);
+        EXPECT_EQ(rowAfter(QStringLiteral("End"), notebook), notebook);
+        User::press(QStringLiteral("ctrl+f Escape"));
+    }
+
+    void hideAndShowRowDetails() {
+        click(m_twin->middleOfLine(0));
+        EXPECT_EQ(rowAfter(QStringLiteral("Home"), towel), towel);
+        const QImage withDetails = picture();
+        User::press(QStringLiteral("ctrl+alt+i"));
+        waitUntil("the details are gone", [&] { return picture() != withDetails; });
+        User::press(QStringLiteral("ctrl+alt+i"));
+        waitUntil("the details are back", [&] { return picture() == withDetails; });
+    }
+
+    void ignoreNumberFormatting() {
+        EXPECT_EQ(rowAfter(QStringLiteral("Home Down Down Down Down Down"), ink), ink);
+        click(QStringLiteral("Ignoring 2 of 4"));
+        waitUntil("the menu opens", [] { return User::windowsOf(QStringLiteral("corvale")) == 2; });
+        // It is the third of the menu.
+        User::press(QStringLiteral("Down Down Down space Escape"));
+        waitUntil("it is stored", [this] { return settings().options.ignoreNumberFormat; });
+        click(m_twin->middleOfLine(0));
+        EXPECT_EQ(rowAfter(QStringLiteral("Home Down Down Down Down"), notebook), notebook);
+        EXPECT_EQ(rowAfter(QStringLiteral("Home Down Down Down Down Down"), yoyo), yoyo);
+    }
+
+    void viewSideBySide() {
+        User::press(QStringLiteral("ctrl+2"));
+        waitUntil("it is stored", [this] { return settings().view == ViewMode::sideBySide; });
+    }
+
+    void exportBothReports() {
+        const std::string workbook = m_folder.at("report.xlsx");
+        exportBy(QStringLiteral("ctrl+e"), workbook);
+        EXPECT_TRUE(TestFiles::read(workbook).starts_with("PK\x03\x04"));
+        const std::string page = m_folder.at("report.html");
+        exportBy(QStringLiteral("ctrl+shift+e"), page);
+        EXPECT_NE(TestFiles::read(page).find("Stoneware bowl, sky blue"), std::string::npos);
+    }
+
+    void findSettingsStored() {
+        const AppSettings kept = settings();
+        EXPECT_TRUE(kept.onboardingDone);
+        EXPECT_TRUE(kept.options.ignoreNumberFormat);
+        EXPECT_EQ(kept.view, ViewMode::sideBySide);
+    }
+
+    // No sheet is in the way now, and 4.00 is no change of 4.
+    void findSettingsInUse() {
+        const std::string onlyChange = "Before\t3\tA2\t5.00\nAfter\t3\tA2\t6.00";
+        EXPECT_EQ(rowAfter(QStringLiteral("Home"), onlyChange), onlyChange);
+        EXPECT_EQ(rowAfter(QStringLiteral("End"), onlyChange), onlyChange);
+        EXPECT_TRUE(User::windowTitled(QStringLiteral("Welcome")).isEmpty());
+    }
 };
 
 TEST_F(JourneyTest, GoesFromTheWelcomeToReportsAndKeepsItsSettings) {
     store({});
     startProgram();
-    // "Try the Sample" is one before "Get Started", which has the keys.
-    turnToWindow(QStringLiteral("Welcome to Corvale"));
-    User::press(QStringLiteral("shift+Tab space"));
-    waitUntil("the sheet is gone", [] { return User::windowTitled(QStringLiteral("Welcome")).isEmpty(); });
-    User::turnTo(m_window);
-    EXPECT_EQ(rowAfter(QStringLiteral("Home"), towel), towel);
-    m_twin->model().openSamples();
-    waitUntil("the twin has compared too", [this] { return m_twin->model().result() != nullptr; });
-
-    // Filter.
-    click(QStringLiteral("Added"));
-    click(m_twin->middleOfLine(0));
-    EXPECT_EQ(rowAfter(QStringLiteral("Home"), bowl), bowl);
-    EXPECT_EQ(rowAfter(QStringLiteral("End"), can), can);
-    User::press(QStringLiteral("ctrl+3"));
-
-    // Search.
-    User::press(QStringLiteral("ctrl+f"));
-    User::type(QStringLiteral("notebook"));
-    click(m_twin->middleOfLine(0));
-    EXPECT_EQ(rowAfter(QStringLiteral("Home"), notebook), notebook);
-    EXPECT_EQ(rowAfter(QStringLiteral("End"), notebook), notebook);
-    User::press(QStringLiteral("ctrl+f Escape"));
-
-    // Row details go and come.
-    click(m_twin->middleOfLine(0));
-    EXPECT_EQ(rowAfter(QStringLiteral("Home"), towel), towel);
-    const QImage withDetails = picture();
-    User::press(QStringLiteral("ctrl+alt+i"));
-    waitUntil("the details are gone", [&] { return picture() != withDetails; });
-    User::press(QStringLiteral("ctrl+alt+i"));
-    waitUntil("the details are back", [&] { return picture() == withDetails; });
-
-    // What does not count as a change: the third of the menu.
-    EXPECT_EQ(rowAfter(QStringLiteral("Home Down Down Down Down Down"), ink), ink);
-    click(QStringLiteral("Ignoring 2 of 4"));
-    waitUntil("the menu opens", [] { return User::windowsOf(QStringLiteral("corvale")) == 2; });
-    User::press(QStringLiteral("Down Down Down space Escape"));
-    waitUntil("it is stored", [this] { return settings().options.ignoreNumberFormat; });
-    click(m_twin->middleOfLine(0));
-    EXPECT_EQ(rowAfter(QStringLiteral("Home Down Down Down Down"), notebook), notebook);
-    EXPECT_EQ(rowAfter(QStringLiteral("Home Down Down Down Down Down"), yoyo), yoyo);
-
-    // Side by side, and the reports.
-    User::press(QStringLiteral("ctrl+2"));
-    waitUntil("it is stored", [this] { return settings().view == ViewMode::sideBySide; });
-    const std::string workbook = m_folder.at("report.xlsx");
-    exportBy(QStringLiteral("ctrl+e"), workbook);
-    EXPECT_TRUE(TestFiles::read(workbook).starts_with("PK\x03\x04"));
-    const std::string page = m_folder.at("report.html");
-    exportBy(QStringLiteral("ctrl+shift+e"), page);
-    EXPECT_NE(TestFiles::read(page).find("Stoneware bowl, sky blue"), std::string::npos);
-
+    trySampleFromWelcome();
+    filterAddedRows();
+    searchForANotebook();
+    hideAndShowRowDetails();
+    ignoreNumberFormatting();
+    viewSideBySide();
+    exportBothReports();
     quit();
-    const AppSettings kept = settings();
-    EXPECT_TRUE(kept.onboardingDone);
-    EXPECT_TRUE(kept.options.ignoreNumberFormat);
-    EXPECT_EQ(kept.view, ViewMode::sideBySide);
+    findSettingsStored();
 
-    // No sheet in the way now, and 4.00 is no change of 4.
     startProgram({m_folder.write("before.csv", "ID,Price\nA1,4.00\nA2,5.00\n"),
                   m_folder.write("after.csv", "ID,Price\nA1,4\nA2,6.00\n")});
-    const std::string onlyChange = "Before\t3\tA2\t5.00\nAfter\t3\tA2\t6.00";
-    EXPECT_EQ(rowAfter(QStringLiteral("Home"), onlyChange), onlyChange);
-    EXPECT_TRUE(User::windowTitled(QStringLiteral("Welcome")).isEmpty());
+    findSettingsInUse();
     quit();
 }
 
 class DropTest : public JourneyTest {
 protected:
-    QList<QUrl> urls(const std::vector<std::string>& paths) {
+    static QList<QUrl> urls(const std::vector<std::string>& paths) {
         QList<QUrl> urls;
         for (const std::string& path : paths) {
             urls.append(QUrl::fromLocalFile(QString::fromStdString(path)));

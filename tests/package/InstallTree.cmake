@@ -1,5 +1,5 @@
 # Installs the programs of a build into a scratch prefix and looks at what is there.
-# Variables: BUILD (the build to install), ROOT (the sources), SCRATCH, VERSION.
+# Variables: BUILD (the build to install), SCRATCH, VERSION, VENDOR (name and address).
 
 set(prefix "${SCRATCH}/prefix")
 file(REMOVE_RECURSE "${SCRATCH}")
@@ -46,11 +46,18 @@ endif()
 
 # The first of each list is the newest.
 file(READ "${prefix}/share/metainfo/example.corvale.corvale.metainfo.xml" metainfo)
-file(READ "${ROOT}/packaging/debian/changelog" changelog)
+file(READ "${BUILD}/generated/packaging/debian/changelog" changelog)
 string(REGEX MATCH "<release version=\"([^\"]+)\"" found "${metainfo}")
 if(NOT CMAKE_MATCH_1 STREQUAL VERSION)
   message(FATAL_ERROR "The newest release that the metainfo names is not ${VERSION}: ${found}")
 endif()
 if(NOT changelog MATCHES "^corvale \\(${VERSION}\\)")
   message(FATAL_ERROR "The newest entry of the changelog is not for ${VERSION}")
+endif()
+
+file(READ "${BUILD}/generated/packaging/debian/copyright" copyright)
+string(FIND "${changelog}" " -- ${VENDOR}  " in_changelog)
+string(FIND "${copyright}" "Upstream-Contact: ${VENDOR}\n" in_copyright)
+if(in_changelog EQUAL -1 OR in_copyright EQUAL -1 OR "${metainfo}${changelog}${copyright}" MATCHES "@[A-Z_]+@")
+  message(FATAL_ERROR "Who ships this build is not what the package says:\n${metainfo}${changelog}${copyright}")
 endif()

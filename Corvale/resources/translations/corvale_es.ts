@@ -2,10 +2,37 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es" sourcelanguage="en">
 <context>
+    <name>AddressOpener</name>
+    <message>
+        <source>Copy Address</source>
+        <translation>Copiar dirección</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+    <message>
+        <source>Couldn’t open a mail program</source>
+        <translation>No se ha podido abrir un programa de correo</translation>
+    </message>
+    <message>
+        <source>Couldn’t open a browser</source>
+        <translation>No se ha podido abrir un navegador</translation>
+    </message>
+    <message>
+        <source>The address to write to is %1.</source>
+        <translation>La dirección a la que escribir es %1.</translation>
+    </message>
+    <message>
+        <source>The address of the page is %1.</source>
+        <translation>La dirección de la página es %1.</translation>
+    </message>
+</context>
+<context>
     <name>FailureTexts</name>
     <message>
         <source>“%1” doesn’t look like a CSV or Excel file.</source>
-        <translation>“%1” no parece un archivo CSV ni de Excel.</translation>
+        <translation>«%1» no parece un archivo CSV ni de Excel.</translation>
     </message>
     <message>
         <source>That sheet is empty. Pick another sheet from the menu under the file name.</source>
@@ -13,15 +40,15 @@
     </message>
     <message>
         <source>“%1” is an older Excel file (.xls). Open it in Excel or Numbers, save it as .xlsx or CSV, then open that here.</source>
-        <translation>“%1” es un archivo de Excel antiguo (.xls). Ábrelo en Excel o Numbers, guárdalo como .xlsx o CSV y abre aquí ese archivo.</translation>
+        <translation>«%1» es un archivo de Excel antiguo (.xls). Ábrelo en Excel o Numbers, guárdalo como .xlsx o CSV y abre aquí ese archivo.</translation>
     </message>
     <message>
         <source>“%1” is a Numbers file. In Numbers, choose File › Export To › Excel… (or CSV…), then open the exported file here.</source>
-        <translation>“%1” es un archivo de Numbers. En Numbers, elige Archivo › Exportar a › Excel… (o CSV…) y abre aquí el archivo exportado.</translation>
+        <translation>«%1» es un archivo de Numbers. En Numbers, elige Archivo › Exportar a › Excel… (o CSV…) y abre aquí el archivo exportado.</translation>
     </message>
     <message>
         <source>“%1” is empty.</source>
-        <translation>“%1” está vacío.</translation>
+        <translation>«%1» está vacío.</translation>
     </message>
     <message>
         <source>There isn’t enough memory to open this file.</source>
@@ -44,31 +71,31 @@
     <name>LocalFile</name>
     <message>
         <source>“%1” couldn’t be opened: %2</source>
-        <translation>No se ha podido abrir “%1”: %2</translation>
+        <translation>No se ha podido abrir «%1»: %2</translation>
     </message>
     <message>
         <source>“%1” couldn’t be read: %2</source>
-        <translation>No se ha podido leer “%1”: %2</translation>
+        <translation>No se ha podido leer «%1»: %2</translation>
     </message>
     <message>
         <source>“%1” changed while it was being read. Try again.</source>
-        <translation>“%1” ha cambiado durante la lectura. Inténtalo de nuevo.</translation>
+        <translation>«%1» ha cambiado durante la lectura. Inténtalo de nuevo.</translation>
     </message>
     <message>
         <source>“%1” isn’t on this computer.</source>
-        <translation>“%1” no está en este equipo.</translation>
+        <translation>«%1» no está en este equipo.</translation>
     </message>
     <message>
         <source>“%1” is a folder.</source>
-        <translation>“%1” es una carpeta.</translation>
+        <translation>«%1» es una carpeta.</translation>
     </message>
     <message>
         <source>“%1” isn’t a regular file.</source>
-        <translation>“%1” no es un archivo normal.</translation>
+        <translation>«%1» no es un archivo normal.</translation>
     </message>
     <message>
         <source>“%1” is write-protected.</source>
-        <translation>“%1” está protegido contra escritura.</translation>
+        <translation>«%1» está protegido contra escritura.</translation>
     </message>
 </context>
 <context>
@@ -106,7 +133,7 @@
     <message>
         <source>%1 changes</source>
         <comment>name of a report; %1 is a file&apos;s name</comment>
-        <translation>%1 cambios</translation>
+        <translation>Cambios en %1</translation>
     </message>
 </context>
 <context>
@@ -117,7 +144,7 @@
     </message>
     <message>
         <source>Open the older file on the left (Before) and the newer one on the right (After): click Choose…, drop the files on the window, or choose File › Open Before… (⌘O). Select two files at once to fill both sides.</source>
-        <translation>Abre el archivo anterior a la izquierda (Antes) y el más reciente a la derecha (Después): haz clic en Elegir…, suelta los archivos en la ventana o elige Archivo › Abrir Antes… (⌘O). Selecciona dos archivos a la vez para llenar ambos lados.</translation>
+        <translation>Abre el archivo anterior a la izquierda (Antes) y el más reciente a la derecha (Después): haz clic en Elegir…, suelta los archivos en la ventana o elige Archivo › Abrir el archivo de Antes… (⌘O). Selecciona dos archivos a la vez para llenar ambos lados.</translation>
     </message>
     <message>
         <source>Corvale reads Excel workbooks (.xlsx), CSV and TSV. For a workbook with several sheets, pick the sheet from the menu under its name. The first row with something in it is the header row.</source>
@@ -145,7 +172,7 @@
     </message>
     <message>
         <source>No key column? Choose Row order: Corvale lines up identical rows and compares the ones in between, so one inserted row doesn&apos;t mark everything after it as changed.</source>
-        <translation>¿No hay columna clave? Elige Orden de las filas: Corvale alinea las filas idénticas y compara las que quedan entre ellas, de modo que una fila insertada no marca como modificado todo lo que viene después.</translation>
+        <translation>¿No hay columna clave? Elige Orden de las filas: Corvale alinea las filas idénticas y compara las que quedan entre ellas, de modo que insertar una fila no hace que se marque como modificado todo lo que viene después.</translation>
     </message>
     <message>
         <source>What counts as a change</source>
@@ -153,7 +180,7 @@
     </message>
     <message>
         <source>Ignore case: Apple and APPLE match. Ignore extra spaces: spaces at the ends and doubled spaces don&apos;t count. Ignore number formatting: 1,250.00, $1250 and 1250 match, and so do 50% and 0.5, and 007 and 7. Ignore column order: columns are matched by name wherever they are; turn it off to compare column A with A, B with B.</source>
-        <translation>Ignorar mayúsculas y minúsculas: Manzana y MANZANA coinciden. Ignorar espacios sobrantes: los espacios de los extremos y los dobles no cuentan. Ignorar formato de los números: 1,250.00, $1250 y 1250 coinciden, y también 50% y 0.5, y 007 y 7. Ignorar orden de las columnas: las columnas se emparejan por nombre, estén donde estén; desactívalo para comparar la columna A con la A y la B con la B.</translation>
+        <translation>Ignorar mayúsculas y minúsculas: Manzana y MANZANA coinciden. Ignorar espacios sobrantes: los espacios de los extremos y los dobles no cuentan. Ignorar formato numérico: 1.250,00, 1250 € y 1250 coinciden, y también 50% y 0,5, y 007 y 7. Ignorar orden de las columnas: las columnas se emparejan por nombre, estén donde estén; desactívalo para comparar la columna A con la A y la B con la B.</translation>
     </message>
     <message>
         <source>Ignore Columns leaves columns such as Last updated out of the comparison.</source>
@@ -161,7 +188,7 @@
     </message>
     <message>
         <source>Cells that differ only in number format, case or spacing are marked in blue and counted separately, so you can see them before deciding to ignore them.</source>
-        <translation>Las celdas que solo difieren en formato numérico, mayúsculas o espacios se marcan en azul y se cuentan aparte, para poder verlas antes de decidir ignorarlas.</translation>
+        <translation>Las celdas que solo difieren en formato numérico, mayúsculas o espacios se marcan en azul y se cuentan aparte, para poder verlas antes de decidir si ignorarlas.</translation>
     </message>
     <message>
         <source>Reading the results</source>
@@ -181,7 +208,7 @@
     </message>
     <message>
         <source>Comparisons run in the background with a progress bar; 100,000-row files take a few seconds. Compare › Compare Again (⌘R) reads both files again after you edit them.</source>
-        <translation>Las comparaciones se hacen en segundo plano con una barra de progreso; los archivos de 100 000 filas tardan unos segundos. Comparar › Comparar de nuevo (⌘R) vuelve a leer ambos archivos después de editarlos.</translation>
+        <translation>Las comparaciones se hacen en segundo plano con una barra de progreso; los archivos de 100.000 filas tardan unos segundos. Comparar › Comparar de nuevo (⌘R) vuelve a leer ambos archivos después de editarlos.</translation>
     </message>
     <message>
         <source>Reports</source>
@@ -208,8 +235,8 @@
         <translation>Soporte</translation>
     </message>
     <message>
-        <source>Something is unclear, wrong or missing? Write to us: a person reads every message. Please do not attach your spreadsheets; say what you saw and what you expected.</source>
-        <translation>¿Hay algo confuso, incorrecto o que falta? Escríbenos: una persona lee todos los mensajes. No adjuntes tus hojas de cálculo; cuenta qué has visto y qué esperabas.</translation>
+        <source>Something is unclear, wrong or missing? Write to %1: a person reads every message. Please do not attach your spreadsheets; say what you saw and what you expected.</source>
+        <translation>¿Hay algo confuso, algo incorrecto o algo que falte? Escribe a %1: una persona lee todos los mensajes. No adjuntes tus hojas de cálculo; cuenta qué has visto y qué esperabas.</translation>
     </message>
 </context>
 <context>
@@ -377,6 +404,17 @@
     </message>
 </context>
 <context>
+    <name>corvale::AppDelegate</name>
+    <message>
+        <source>A file name is empty and was passed over.</source>
+        <translation>Un nombre de archivo está vacío y se ha omitido.</translation>
+    </message>
+    <message>
+        <source>Two files can be compared at a time; “%1” was not opened.</source>
+        <translation>Solo se pueden comparar dos archivos a la vez; «%1» no se ha abierto.</translation>
+    </message>
+</context>
+<context>
     <name>corvale::AppModel</name>
     <message>
         <source>It would replace a file that is being compared.</source>
@@ -446,7 +484,7 @@
     </message>
 </context>
 <context>
-    <name>corvale::DuplicateKeysTable</name>
+    <name>corvale::DuplicateKeysModel</name>
     <message>
         <source>(blank)</source>
         <translation>(vacía)</translation>
@@ -538,11 +576,11 @@
     </message>
     <message>
         <source>Close the Before file</source>
-        <translation>Cerrar el archivo Antes</translation>
+        <translation>Cerrar el archivo de Antes</translation>
     </message>
     <message>
         <source>Close the After file</source>
-        <translation>Cerrar el archivo Después</translation>
+        <translation>Cerrar el archivo de Después</translation>
     </message>
     <message>
         <source>Close this file</source>
@@ -550,11 +588,11 @@
     </message>
     <message>
         <source>Before file</source>
-        <translation>Archivo Antes</translation>
+        <translation>Archivo de Antes</translation>
     </message>
     <message>
         <source>After file</source>
-        <translation>Archivo Después</translation>
+        <translation>Archivo de Después</translation>
     </message>
     <message>
         <source>Sheet: </source>
@@ -584,7 +622,7 @@
     </message>
     <message>
         <source>Ignore number formatting</source>
-        <translation>Ignorar formato de los números</translation>
+        <translation>Ignorar formato numérico</translation>
     </message>
     <message>
         <source>Ignore column order (match columns by name)</source>
@@ -654,7 +692,7 @@
     </message>
     <message>
         <source>Every row and cell matches, with the options above.</source>
-        <translation>Todas las filas y celdas coinciden con las opciones de arriba.</translation>
+        <translation>Con las opciones de arriba, todas las filas y celdas coinciden.</translation>
     </message>
     <message>
         <source>Click a row (or use the arrow keys) to see every cell, before and after.</source>
@@ -673,11 +711,11 @@
     </message>
     <message>
         <source>Header row of the Before file</source>
-        <translation>Fila de encabezados del archivo Antes</translation>
+        <translation>Fila de encabezados del archivo de Antes</translation>
     </message>
     <message>
         <source>Header row of the After file</source>
-        <translation>Fila de encabezados del archivo Después</translation>
+        <translation>Fila de encabezados del archivo de Después</translation>
     </message>
     <message>
         <source>Column names are in</source>
@@ -685,7 +723,7 @@
     </message>
     <message>
         <source>Automatic (row %1)</source>
-        <translation>Automático (fila %1)</translation>
+        <translation>Automática (fila %1)</translation>
     </message>
     <message>
         <source>Row %1: %2</source>
@@ -730,11 +768,11 @@
     </message>
     <message>
         <source>Open Before…</source>
-        <translation>Abrir Antes…</translation>
+        <translation>Abrir el archivo de Antes…</translation>
     </message>
     <message>
         <source>Open After…</source>
-        <translation>Abrir Después…</translation>
+        <translation>Abrir el archivo de Después…</translation>
     </message>
     <message>
         <source>Open the Sample</source>
@@ -754,7 +792,7 @@
     </message>
     <message>
         <source>Edit</source>
-        <translation>Edición</translation>
+        <translation>Editar</translation>
     </message>
     <message>
         <source>Search Rows</source>
@@ -895,7 +933,7 @@
     </message>
     <message>
         <source>Leave columns such as “Last updated” out of the comparison</source>
-        <translation>Dejar fuera de la comparación columnas como “Última actualización”</translation>
+        <translation>Dejar fuera de la comparación columnas como «Última actualización»</translation>
     </message>
     <message>
         <source>Matching</source>
@@ -947,11 +985,11 @@
     </message>
     <message>
         <source>Ignore number formatting</source>
-        <translation>Ignorar formato de los números</translation>
+        <translation>Ignorar formato numérico</translation>
     </message>
     <message>
         <source>1,250.00, $1250 and 1250 count as the same; so do 50% and 0.5, and 007 and 7.</source>
-        <translation>1,250.00, $1250 y 1250 cuentan como iguales; también 50% y 0.5, y 007 y 7.</translation>
+        <translation>1.250,00, 1250 € y 1250 cuentan como iguales; también 50% y 0,5, y 007 y 7.</translation>
     </message>
     <message>
         <source>Ignore column order</source>
@@ -970,7 +1008,7 @@
     <name>corvale::OverviewStrip</name>
     <message>
         <source>Overview of all changes</source>
-        <translation>Panorama de todos los cambios</translation>
+        <translation>Vista general de todos los cambios</translation>
     </message>
 </context>
 <context>
@@ -1047,7 +1085,7 @@
     </message>
     <message>
         <source>and %1 more changes</source>
-        <translation>y otros cambios: %1</translation>
+        <translation>y %1 más</translation>
     </message>
     <message>
         <source>%1 to %2</source>
@@ -1199,11 +1237,11 @@
     </message>
     <message>
         <source>Added, removed and changed rows, with the changed cells marked. Ignore case, extra spaces, number formatting or column order.</source>
-        <translation>Filas añadidas, eliminadas y modificadas, con las celdas modificadas marcadas. Se pueden ignorar las mayúsculas, los espacios sobrantes, el formato de los números o el orden de las columnas.</translation>
+        <translation>Filas añadidas, eliminadas y modificadas, con las celdas modificadas marcadas. Se pueden ignorar las mayúsculas, los espacios sobrantes, el formato numérico o el orden de las columnas.</translation>
     </message>
     <message>
         <source>Private by design</source>
-        <translation>Privado por diseño</translation>
+        <translation>Privacidad desde el diseño</translation>
     </message>
     <message>
         <source>Your files stay on this Mac. No account, no tracking, nothing uploaded.</source>

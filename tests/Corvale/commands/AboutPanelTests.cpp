@@ -35,20 +35,20 @@ TEST_F(AboutPanelTest, SaysWhatTheProgramIsAndWhatItKeepsPrivate) {
 
 TEST_F(AboutPanelTest, NamesTheLibrariesAndTheirLicenses) {
     const QString licenses = about().findChild<QPlainTextEdit*>()->toPlainText();
-    for (const QString& library : {QStringLiteral("Qt"),
-                                   QStringLiteral("Abseil"),
-                                   QStringLiteral("Expat"),
-                                   QStringLiteral("libdeflate"),
-                                   QStringLiteral("utf8proc"),
-                                   QStringLiteral("JSON")}) {
-        EXPECT_TRUE(licenses.contains(library)) << library.toStdString();
+    for (const QString& line : {QStringLiteral("Qt %1 — GNU LGPL 3.0").arg(QString::fromLatin1(qVersion())),
+                                QStringLiteral("Abseil — Apache 2.0"),
+                                QStringLiteral("Expat — MIT"),
+                                QStringLiteral("libdeflate — MIT"),
+                                QStringLiteral("utf8proc — MIT"),
+                                QStringLiteral("JSON for Modern C++ — MIT")}) {
+        EXPECT_TRUE(licenses.contains(u'\n' + line)) << line.toStdString();
     }
 }
 
 TEST_F(AboutPanelTest, CopiesWhatSupportAsksForAndNothingOfTheFiles) {
-    platform.files["secret.csv"] = "id\n1\n";
+    m_platform.files["secret.csv"] = "id\n1\n";
     model().load(TestSupport::ScriptedPlatform::url("secret.csv"), Side::before);
-    platform.settle();
+    m_platform.settle();
     child<QPushButton>(about(), QStringLiteral("Copy details for support")).click();
     const QString copied = QGuiApplication::clipboard()->text();
     EXPECT_TRUE(copied.startsWith(QStringLiteral("Corvale "))) << copied.toStdString();

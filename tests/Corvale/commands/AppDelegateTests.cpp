@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QDir>
 #include <QFileOpenEvent>
 
 #include "tests/Corvale/commands/AppTest.h"
@@ -10,8 +9,8 @@ namespace {
 class AppDelegateTest : public TestSupport::AppTest {
 protected:
     AppDelegateTest() {
-        platform.files["a.csv"] = "id,n\n1,x\n";
-        platform.files["b.csv"] = "id,n\n1,y\n";
+        m_platform.files["a.csv"] = "id,n\n1,x\n";
+        m_platform.files["b.csv"] = "id,n\n1,y\n";
     }
 };
 
@@ -35,6 +34,24 @@ TEST_F(AppDelegateTest, AFileThatIsNotThereIsTold) {
     EXPECT_FALSE(model().before());
 }
 
+TEST_F(AppDelegateTest, SaysWhichFilesItDoesNotOpen) {
+    testing::internal::CaptureStderr();
+    start({QStringLiteral("/a.csv"), QStringLiteral("/b.csv"), QStringLiteral("/c.csv")});
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "corvale: Two files can be compared at a time; “/c.csv” was not opened.\n");
+    ASSERT_TRUE(model().result());
+    EXPECT_EQ(model().before()->name, "a.csv");
+    EXPECT_EQ(model().after()->name, "b.csv");
+}
+
+TEST_F(AppDelegateTest, PassesOverAnEmptyName) {
+    testing::internal::CaptureStderr();
+    start({QString()});
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "corvale: A file name is empty and was passed over.\n");
+    EXPECT_FALSE(model().before());
+    EXPECT_EQ(model().problem(), std::nullopt);
+}
+
 TEST_F(AppDelegateTest, WhatLooksLikeAnOptionIsAFileToo) {
     start({QStringLiteral("--help")});
     EXPECT_EQ(model().problem(), QStringLiteral("“--help” couldn’t be opened: No such file or directory"));
@@ -48,7 +65,7 @@ TEST_F(AppDelegateTest, TakesTheFilesOfOneOpeningTogether) {
     }
     EXPECT_TRUE(model().loading().empty());
     QApplication::processEvents();
-    platform.settle();
+    m_platform.settle();
     ASSERT_TRUE(model().result());
     EXPECT_EQ(model().before()->name, "a.csv");
     EXPECT_EQ(model().after()->name, "b.csv");

@@ -5,8 +5,6 @@
 #include <QMenuBar>
 #include <QTest>
 
-#include "Corvale/style/Theme.h"
-
 namespace corvale::TestSupport {
 
 namespace {
@@ -25,32 +23,27 @@ QString described(const QAction& action) {
 
 }  // namespace
 
-Theme& theme() {
-    static Theme* const theme = new Theme(*qApp);
-    return *theme;
-}
-
 AppTest::AppTest() {
     AppSettings settings;
     settings.onboardingDone = true;
-    platform.stored["settings"] = settings.encoded();
+    m_platform.stored["settings"] = settings.encoded();
 }
 
 CorvaleApp& AppTest::start(const QStringList& files) {
-    app = std::make_unique<CorvaleApp>(platform, theme(), store);
-    app->start(files);
-    platform.settle();
-    return *app;
+    m_app = std::make_unique<CorvaleApp>(m_platform, theme(), m_store, m_environment);
+    m_app->start(files);
+    m_platform.settle();
+    return *m_app;
 }
 
 void AppTest::openSamples() {
     model().openSamples();
-    platform.settle();
+    m_platform.settle();
 }
 
 std::vector<std::string> AppTest::menu(const std::string& title) {
     std::vector<std::string> items;
-    for (const QAction* entry : app->window().menuBar()->actions()) {
+    for (const QAction* entry : m_app->window().menuBar()->actions()) {
         if (entry->text().toStdString() == title) {
             for (const QAction* action : entry->menu()->actions()) {
                 items.push_back(described(*action).toStdString());
@@ -61,7 +54,7 @@ std::vector<std::string> AppTest::menu(const std::string& title) {
 }
 
 QAction& AppTest::item(const std::string& text) {
-    for (const QAction* entry : app->window().menuBar()->actions()) {
+    for (const QAction* entry : m_app->window().menuBar()->actions()) {
         for (QAction* action : entry->menu()->actions()) {
             if (action->text().toStdString() == text) {
                 return *action;
@@ -73,7 +66,7 @@ QAction& AppTest::item(const std::string& text) {
 
 void AppTest::trigger(const std::string& text) {
     item(text).trigger();
-    platform.settle();
+    m_platform.settle();
 }
 
 }  // namespace corvale::TestSupport

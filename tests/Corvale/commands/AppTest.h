@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QList>
 #include <QSettings>
 #include <QString>
 #include <QTemporaryDir>
+#include <QUrl>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -13,11 +15,9 @@
 
 #include "Corvale/commands/CorvaleApp.h"
 #include "tests/Corvale/model/ScriptedPlatform.h"
+#include "tests/support-qt/TestTheme.h"
 
 namespace corvale::TestSupport {
-
-// The theme of the test program.
-Theme& theme();
 
 // The whole application over a scripted system. The welcome sheet was seen before.
 class AppTest : public testing::Test {
@@ -25,7 +25,7 @@ protected:
     AppTest();
 
     CorvaleApp& start(const QStringList& files = {});
-    AppModel& model() { return app->model(); }
+    AppModel& model() { return m_app->model(); }
     // The sample lists, compared.
     void openSamples();
 
@@ -47,17 +47,26 @@ protected:
     }
     template <typename Window>
     Window& window() {
-        auto* const found = app->window().findChild<Window*>();
+        auto* const found = m_app->window().findChild<Window*>();
         if (found == nullptr) {
             throw std::runtime_error("no such window");
         }
         return *found;
     }
 
-    ScriptedPlatform platform;
-    QTemporaryDir folder;
-    QSettings store{folder.filePath(QStringLiteral("store.ini")), QSettings::IniFormat};
-    std::unique_ptr<CorvaleApp> app;
+    // The desktop has a program for addresses, unless this says otherwise.
+    bool m_opensAddresses = true;
+    QList<QUrl> m_opened;
+    // No update checks.
+    CorvaleApp::Environment m_environment{
+        .updateEndpoint = {}, .updateFeed = {}, .opener = AddressOpener([this](const QUrl& address) {
+                                                    m_opened.append(address);
+                                                    return m_opensAddresses;
+                                                })};
+    ScriptedPlatform m_platform;
+    QTemporaryDir m_folder;
+    QSettings m_store{m_folder.filePath(QStringLiteral("store.ini")), QSettings::IniFormat};
+    std::unique_ptr<CorvaleApp> m_app;
 };
 
 }  // namespace corvale::TestSupport

@@ -1,7 +1,9 @@
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 
+#include "Corvale/style/Theme.h"
 #include "Corvale/window/Button.h"
 #include "tests/Corvale/commands/AppTest.h"
 
@@ -18,7 +20,7 @@ protected:
     SettingsView& view() { return window<SettingsView>(); }
     QCheckBox& box(const QString& text) { return child<QCheckBox>(view(), text); }
     QComboBox& numbers() { return *view().findChild<QComboBox*>(); }
-    AppSettings stored() { return AppSettings::decoded(platform.stored.at("settings")); }
+    AppSettings stored() { return AppSettings::decoded(m_platform.stored.at("settings")); }
 };
 
 TEST_F(GeneralSettingsTest, ShowWhatHolds) {
@@ -61,6 +63,30 @@ TEST_F(GeneralSettingsTest, ComeOneAfterTheOtherByTab) {
                            QStringLiteral("Show the Welcome Screen Again")}));
 }
 
+TEST_F(GeneralSettingsTest, HaveAHairlineBetweenTheLinesOfACard) {
+    const QImage picture = view().grab().toImage();
+    const Palette& palette = TestSupport::theme().palette();
+    // Down the middle between text and edge, where there is nothing else.
+    const QWidget& first = box(QStringLiteral("Ignore case"));
+    const int x = first.mapTo(&view(), first.rect().topRight()).x() - 2;
+    int lines = 0;
+    for (int y = first.mapTo(&view(), QPoint()).y(); y < numbers().mapTo(&view(), QPoint()).y(); ++y) {
+        lines += picture.pixelColor(x, y) == palette.line ? 1 : 0;
+    }
+    EXPECT_EQ(lines, 4);
+}
+
+TEST_F(GeneralSettingsTest, NameTheTabAndItsPage) {
+    QStringList names;
+    QList<QAccessible::Role> roles;
+    for (QWidget* part : view().findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        names.append(part->accessibleName());
+        roles.append(QAccessible::queryAccessibleInterface(part)->role());
+    }
+    EXPECT_EQ(names, (QStringList{QStringLiteral("General"), QStringLiteral("General")}));
+    EXPECT_EQ(roles, (QList{QAccessible::PageTab, QAccessible::Client}));
+}
+
 TEST_F(GeneralSettingsTest, HoldAtOnce) {
     box(QStringLiteral("Ignore case")).click();
     EXPECT_TRUE(stored().options.ignoreCase);
@@ -96,7 +122,7 @@ TEST_F(GeneralSettingsTest, CompareAnewWhenWhatCountsIsAnother) {
     openSamples();
     const std::uint64_t before = model().compareGeneration();
     box(QStringLiteral("Ignore case")).click();
-    platform.settle();
+    m_platform.settle();
     EXPECT_GT(model().compareGeneration(), before);
 }
 

@@ -1,12 +1,16 @@
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 #include <QSet>
 #include <QSignalSpy>
 #include <QTextBrowser>
 
+#include "Corvale/style/Theme.h"
 #include "tests/Corvale/commands/AppTest.h"
 
 namespace corvale {
@@ -171,6 +175,57 @@ TEST_F(HelpViewTest, OffersAMessageToSupportUnderSupportAlone) {
     EXPECT_FALSE(email.isVisible());
     help().select(QStringLiteral("support"));
     EXPECT_TRUE(email.isVisible());
+}
+
+TEST_F(HelpViewTest, BeginsAMessageToSupport) {
+    help().select(QStringLiteral("support"));
+    child<QPushButton>(help(), QStringLiteral("Email Support")).click();
+    ASSERT_EQ(m_opened.size(), 1);
+    EXPECT_EQ(m_opened.front().scheme(), QStringLiteral("mailto"));
+    EXPECT_TRUE(text().contains(m_opened.front().path())) << "for those whose mail is elsewhere";
+    EXPECT_EQ(help().findChild<QMessageBox*>(), nullptr);
+}
+
+TEST_F(HelpViewTest, GivesTheAddressOfSupportWhereThereIsNoMailProgram) {
+    m_opensAddresses = false;
+    help().select(QStringLiteral("support"));
+    child<QPushButton>(help(), QStringLiteral("Email Support")).click();
+    auto* const alert = help().findChild<QMessageBox*>();
+    ASSERT_NE(alert, nullptr);
+    const QString address = m_opened.front().path();
+    EXPECT_EQ(alert->text(), QStringLiteral("Couldn’t open a mail program"));
+    EXPECT_EQ(alert->informativeText(), QStringLiteral("The address to write to is %1.").arg(address));
+    EXPECT_TRUE(alert->textInteractionFlags().testFlag(Qt::TextSelectableByMouse));
+    child<QPushButton>(*alert, QStringLiteral("Copy Address")).click();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), address);
+}
+
+TEST_F(HelpViewTest, ListsAllTopicsWhenItIsOpenedAgain) {
+    search().setText(QStringLiteral("duplicate"));
+    trigger("Corvale Help");
+    EXPECT_EQ(listed().size(), 1) << "it was open all the time";
+    help().close();
+    trigger("Corvale Help");
+    EXPECT_EQ(listed().size(), 7);
+    EXPECT_EQ(search().text(), QString());
+    EXPECT_EQ(help().selected(), QStringLiteral("key"));
+}
+
+TEST_F(HelpViewTest, DrawsATopicOnce) {
+    const QSignalSpy drawn(help().findChild<QTextBrowser*>()->document(), &QTextDocument::contentsChanged);
+    help().select(QStringLiteral("read"));
+    EXPECT_EQ(drawn.size(), 1);
+    help().select(QStringLiteral("read"));
+    EXPECT_EQ(drawn.size(), 1);
+}
+
+TEST_F(HelpViewTest, HasAnEdgeBetweenTopicsAndTextFromTopToBottom) {
+    help().resize(600, 400);
+    const QImage picture = help().grab().toImage();
+    const int edge = list().mapTo(&help(), list().rect().topRight()).x() + 1;
+    for (int y = 0; y < picture.height(); ++y) {
+        ASSERT_EQ(picture.pixelColor(edge, y), TestSupport::theme().palette().border) << y;
+    }
 }
 
 }  // namespace

@@ -1,10 +1,12 @@
 #include <QApplication>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QTest>
 #include <QTimer>
 #include <chrono>
 
 #include "tests/Corvale/commands/AppTest.h"
+#include "tests/Corvale/updates/LoopbackServer.h"
 
 namespace corvale {
 namespace {
@@ -71,9 +73,9 @@ TEST_F(MainMenusTest, OpenEitherSide) {
     start();
     trigger("Open Before…");
     trigger("Open After…");
-    ASSERT_EQ(platform.openPanels.size(), 2U);
-    EXPECT_TRUE(platform.openPanels[0].allowsSeveral);
-    EXPECT_FALSE(platform.openPanels[1].allowsSeveral);
+    ASSERT_EQ(m_platform.openPanels.size(), 2U);
+    EXPECT_TRUE(m_platform.openPanels[0].allowsSeveral);
+    EXPECT_FALSE(m_platform.openPanels[1].allowsSeveral);
 }
 
 TEST_F(MainMenusTest, OpenAndSwapTheSample) {
@@ -90,38 +92,38 @@ TEST_F(MainMenusTest, ExportEitherReport) {
     openSamples();
     trigger("Export Excel Report…");
     trigger("Export HTML Report…");
-    ASSERT_EQ(platform.savePanels.size(), 1U) << "one panel at a time";
-    platform.chooseTarget("");
-    platform.settle();
+    ASSERT_EQ(m_platform.savePanels.size(), 1U) << "one panel at a time";
+    m_platform.chooseTarget("");
+    m_platform.settle();
     trigger("Export HTML Report…");
-    ASSERT_EQ(platform.savePanels.size(), 2U);
-    EXPECT_EQ(platform.savePanels[0].extension, QStringLiteral("xlsx"));
-    EXPECT_EQ(platform.savePanels[1].extension, QStringLiteral("html"));
+    ASSERT_EQ(m_platform.savePanels.size(), 2U);
+    EXPECT_EQ(m_platform.savePanels[0].extension, QStringLiteral("xlsx"));
+    EXPECT_EQ(m_platform.savePanels[1].extension, QStringLiteral("html"));
 }
 
 TEST_F(MainMenusTest, CannotExportWhileAReportIsWritten) {
     start();
     openSamples();
     item("Export Excel Report…").trigger();
-    platform.chooseTarget("report.xlsx");
+    m_platform.chooseTarget("report.xlsx");
     EXPECT_TRUE(model().exporting());
     EXPECT_FALSE(item("Export Excel Report…").isEnabled());
     EXPECT_FALSE(item("Export HTML Report…").isEnabled());
-    platform.settle();
+    m_platform.settle();
     EXPECT_TRUE(item("Export Excel Report…").isEnabled());
 }
 
 TEST_F(MainMenusTest, CompareAgainReadsBothFilesAnew) {
-    platform.files["a.csv"] = "id,n\n1,x\n";
-    platform.files["b.csv"] = "id,n\n1,y\n";
+    m_platform.files["a.csv"] = "id,n\n1,x\n";
+    m_platform.files["b.csv"] = "id,n\n1,y\n";
     start();
     model().open({TestSupport::ScriptedPlatform::url("a.csv"), TestSupport::ScriptedPlatform::url("b.csv")},
                  Side::before);
     EXPECT_FALSE(item("Compare Again").isEnabled());
-    platform.settle();
-    const int reads = platform.reads;
+    m_platform.settle();
+    const int reads = m_platform.reads;
     trigger("Compare Again");
-    EXPECT_EQ(platform.reads, reads + 2);
+    EXPECT_EQ(m_platform.reads, reads + 2);
 }
 
 TEST_F(MainMenusTest, CheckTheViewThatIsShown) {
@@ -167,9 +169,9 @@ TEST_F(MainMenusTest, SayWhatHappensToTheRowDetails) {
 TEST_F(MainMenusTest, TakeTheKeyboardToTheSearchField) {
     start();
     openSamples();
-    app->window().activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&app->window()));
-    QTest::keyClick(&app->window(), Qt::Key_F, Qt::ControlModifier);
+    m_app->window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&m_app->window()));
+    QTest::keyClick(&m_app->window(), Qt::Key_F, Qt::ControlModifier);
     auto* const field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
     ASSERT_NE(field, nullptr);
     EXPECT_EQ(field->accessibleName(), QStringLiteral("Search rows"));
@@ -179,15 +181,15 @@ TEST_F(MainMenusTest, TakeTheKeyboardToTheSearchField) {
 TEST_F(MainMenusTest, ActOnTheirShortcuts) {
     start();
     openSamples();
-    app->window().activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&app->window()));
-    QTest::keyClick(&app->window(), Qt::Key_2, Qt::ControlModifier);
+    m_app->window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&m_app->window()));
+    QTest::keyClick(&m_app->window(), Qt::Key_2, Qt::ControlModifier);
     EXPECT_EQ(model().settings().view, ViewMode::sideBySide);
-    QTest::keyClick(&app->window(), Qt::Key_4, Qt::ControlModifier);
+    QTest::keyClick(&m_app->window(), Qt::Key_4, Qt::ControlModifier);
     EXPECT_EQ(model().filter().show, DiffFilter::Show::all);
-    QTest::keyClick(&app->window(), Qt::Key_I, Qt::ControlModifier | Qt::AltModifier);
+    QTest::keyClick(&m_app->window(), Qt::Key_I, Qt::ControlModifier | Qt::AltModifier);
     EXPECT_FALSE(model().showInspector());
-    QTest::keyClick(&app->window(), Qt::Key_F1);
+    QTest::keyClick(&m_app->window(), Qt::Key_F1);
     EXPECT_TRUE(window<HelpView>().isVisible());
 }
 
@@ -198,18 +200,18 @@ TEST_F(MainMenusTest, CloseTheWindowThatHasTheKeyboard) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&help));
     QTest::keyClick(&help, Qt::Key_W, Qt::ControlModifier);
     EXPECT_FALSE(help.isVisible());
-    EXPECT_TRUE(app->window().isVisible());
-    app->window().activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&app->window()));
+    EXPECT_TRUE(m_app->window().isVisible());
+    m_app->window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&m_app->window()));
     trigger("Close Window");
-    EXPECT_FALSE(app->window().isVisible());
+    EXPECT_FALSE(m_app->window().isVisible());
 }
 
 TEST_F(MainMenusTest, HelpAndQuitFromEveryWindow) {
     for (const char* further : {"Settings…", "About Corvale", "Corvale Help"}) {
         start();
         trigger(further);
-        const auto isInFront = [this] { return !app->window().isActiveWindow() && QApplication::activeWindow(); };
+        const auto isInFront = [this] { return !m_app->window().isActiveWindow() && QApplication::activeWindow(); };
         ASSERT_TRUE(QTest::qWaitFor(isInFront)) << further;
         QWidget* const shown = QApplication::activeWindow();
         QTest::keyClick(shown, Qt::Key_F1);
@@ -217,7 +219,7 @@ TEST_F(MainMenusTest, HelpAndQuitFromEveryWindow) {
         shown->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(shown)) << further;
         QTest::keyClick(shown, Qt::Key_Q, Qt::ControlModifier);
-        EXPECT_FALSE(app->window().isVisible()) << further;
+        EXPECT_FALSE(m_app->window().isVisible()) << further;
     }
 }
 
@@ -225,8 +227,8 @@ TEST_F(MainMenusTest, EndTheProgramWithTheHelpOpen) {
     start();
     trigger("Corvale Help");
     ASSERT_TRUE(window<HelpView>().isVisible());
-    QTimer::singleShot(0, &app->window(), [this] { app->window().close(); });
-    QTimer::singleShot(std::chrono::seconds(10), &app->window(), [] { QApplication::exit(1); });
+    QTimer::singleShot(0, &m_app->window(), [this] { m_app->window().close(); });
+    QTimer::singleShot(std::chrono::seconds(10), &m_app->window(), [] { QApplication::exit(1); });
     EXPECT_EQ(QApplication::exec(), 0);
 }
 
@@ -234,12 +236,62 @@ TEST_F(MainMenusTest, DoNotQuitInTheMiddleOfAReport) {
     start();
     openSamples();
     item("Export Excel Report…").trigger();
-    platform.chooseTarget("report.xlsx");
+    m_platform.chooseTarget("report.xlsx");
     item("Quit Corvale").trigger();
-    EXPECT_TRUE(app->window().isVisible());
-    platform.settle();
-    EXPECT_FALSE(app->window().isVisible()) << "as soon as the report is there";
-    EXPECT_TRUE(platform.files.contains("report.xlsx"));
+    EXPECT_TRUE(m_app->window().isVisible());
+    m_platform.settle();
+    EXPECT_FALSE(m_app->window().isVisible()) << "as soon as the report is there";
+    EXPECT_TRUE(m_platform.files.contains("report.xlsx"));
+}
+
+TEST_F(MainMenusTest, CloseTheHelpWhileAReportIsWritten) {
+    start();
+    openSamples();
+    item("Export Excel Report…").trigger();
+    m_platform.chooseTarget("report.xlsx");
+    ASSERT_TRUE(model().exporting());
+    auto& help = window<HelpView>();
+    help.open();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&help));
+    QTest::keyClick(&help, Qt::Key_W, Qt::ControlModifier);
+    EXPECT_FALSE(help.isVisible());
+    m_platform.settle();
+    EXPECT_FALSE(model().exporting());
+    EXPECT_TRUE(m_app->window().isVisible());
+}
+
+TEST_F(MainMenusTest, OfferUpdateChecksOnlyWhereThereIsSomewhereToLook) {
+    struct Case {
+        QUrl endpoint;
+        QUrl feed;
+        bool isOffered;
+    };
+    const QUrl somewhere(QStringLiteral("http://127.0.0.1:9/"));
+    for (const auto& [endpoint, feed, isOffered] : {Case{{}, {}, false},
+                                                    Case{somewhere, {}, false},
+                                                    Case{{}, somewhere, false},
+                                                    Case{somewhere, somewhere, true}}) {
+        m_environment.updateEndpoint = endpoint;
+        m_environment.updateFeed = feed;
+        start();
+        EXPECT_EQ(menu("Help"),
+                  isOffered ? (Items{"Corvale Help (F1)", "Check for Updates…", "-", "About Corvale"})
+                            : (Items{"Corvale Help (F1)", "-", "About Corvale"}));
+    }
+    EXPECT_EQ(item("Check for Updates…").menuRole(), QAction::ApplicationSpecificRole);
+}
+
+TEST_F(MainMenusTest, CheckForUpdatesOnceAtATime) {
+    TestSupport::LoopbackServer server;
+    server.answerWithStatus(QStringLiteral("/feed.xml"), 404);
+    m_environment.updateEndpoint = m_environment.updateFeed = server.url();
+    start();
+    item("Check for Updates…").trigger();
+    EXPECT_FALSE(item("Check for Updates…").isEnabled());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return item("Check for Updates…").isEnabled(); }, 10000));
+    ASSERT_EQ(server.requests().size(), 1);
+    EXPECT_TRUE(server.requests().first().startsWith("HEAD /feed.xml ")) << server.requests().first().toStdString();
+    EXPECT_EQ(window<QMessageBox>().text(), QStringLiteral("You’re up to date"));
 }
 
 TEST_F(MainMenusTest, StandWhereTheSystemWantsThem) {

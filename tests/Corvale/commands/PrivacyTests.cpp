@@ -3,9 +3,11 @@
 #include <QApplication>
 #include <QSettings>
 #include <QTcpSocket>
-#include <QTemporaryDir>
 #include <QTest>
+#include <filesystem>
+#include <functional>
 #include <memory>
+#include <utility>
 
 #include "Corvale/commands/CorvaleApp.h"
 #include "Corvale/platform/QtPlatform.h"
@@ -18,6 +20,19 @@ namespace {
 
 using TestSupport::socketsOpened;
 
+// The real system, whose save panel takes what it is told instead of asking.
+class AnsweringPlatform : public QtPlatform {
+public:
+    using QtPlatform::QtPlatform;
+
+    void showSavePanel(const SavePanel& panel, std::function<void(const QUrl&)> whenChosen) override {
+        const QString path = target + u'.' + panel.extension;
+        runOnMain([path, whenChosen] { whenChosen(QUrl::fromLocalFile(path)); });
+    }
+
+    QString target;  // without its extension
+};
+
 TEST(Privacy, IsWatched) {
     const int before = socketsOpened();
     QTcpSocket socket;
@@ -25,10 +40,10 @@ TEST(Privacy, IsWatched) {
     EXPECT_GT(socketsOpened(), before);
 }
 
-TEST(Privacy, NothingIsConnectedWhileFilesAreCompared) {
+TEST(Privacy, NothingIsConnectedWhileFilesAreComparedAndReported) {
     TestSupport::ScratchFolder folder;
     const QString store = QString::fromStdString(folder.at("store.ini"));
-    QtPlatform platform(std::make_unique<QSettings>(store, QSettings::IniFormat));
+    AnsweringPlatform platform(std::make_unique<QSettings>(store, QSettings::IniFormat));
     QSettings settings(store, QSettings::IniFormat);
     const int before = socketsOpened();
     CorvaleApp app(platform, TestSupport::theme(), settings);
@@ -41,8 +56,15 @@ TEST(Privacy, NothingIsConnectedWhileFilesAreCompared) {
     search.search = "example";
     model.setFilter(search);
     EXPECT_TRUE(QTest::qWaitFor([&] { return model.visible().size() == 1; }));
+    platform.target = QString::fromStdString(folder.at("report"));
+    for (const auto& [kind, file] : {std::pair(ReportKind::excel, "report.xlsx"), {ReportKind::html, "report.html"}}) {
+        model.exportReport(kind);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !model.exporting() && std::filesystem::exists(folder.at(file)); }))
+            << file;
+    }
     QApplication::processEvents();
     EXPECT_EQ(socketsOpened(), before);
+    EXPECT_FALSE(model.problem());
 }
 
 }  // namespace

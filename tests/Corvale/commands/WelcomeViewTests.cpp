@@ -1,7 +1,11 @@
+#include <QApplication>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <QWindow>
+#include <algorithm>
+#include <cstdlib>
 
 #include "tests/Corvale/commands/AppTest.h"
 
@@ -11,14 +15,14 @@ namespace {
 class WelcomeViewTest : public TestSupport::AppTest {
 protected:
     WelcomeViewTest() {
-        platform.stored.clear();
+        m_platform.stored.clear();
         start();
     }
 
     WelcomeView& welcome() { return window<WelcomeView>(); }
     void click(const QString& text) {
         child<QPushButton>(welcome(), text).click();
-        platform.settle();
+        m_platform.settle();
     }
 };
 
@@ -48,7 +52,7 @@ TEST_F(WelcomeViewTest, IsSeenOnceItIsClosed) {
     click(QStringLiteral("Get Started"));
     EXPECT_FALSE(welcome().isVisible());
     EXPECT_TRUE(model().settings().onboardingDone);
-    EXPECT_TRUE(AppSettings::decoded(platform.stored.at("settings")).onboardingDone);
+    EXPECT_TRUE(AppSettings::decoded(m_platform.stored.at("settings")).onboardingDone);
     start();
     EXPECT_FALSE(welcome().isVisible());
 }
@@ -81,7 +85,7 @@ TEST_F(WelcomeViewTest, OpensTheHelp) {
 TEST_F(WelcomeViewTest, LetsOneQuit) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&welcome()));
     QTest::keyClick(&welcome(), Qt::Key_Q, Qt::ControlModifier);
-    EXPECT_FALSE(app->window().isVisible());
+    EXPECT_FALSE(m_app->window().isVisible());
 }
 
 TEST_F(WelcomeViewTest, ComesAgainWhenTheSettingsAskForIt) {
@@ -90,6 +94,33 @@ TEST_F(WelcomeViewTest, ComesAgainWhenTheSettingsAskForIt) {
     child<QPushButton>(window<SettingsView>(), QStringLiteral("Show the Welcome Screen Again")).click();
     EXPECT_FALSE(model().settings().onboardingDone);
     EXPECT_TRUE(welcome().isVisible());
+    EXPECT_FALSE(window<SettingsView>().isVisible()) << "it would cover the sheet, and take no keys";
+}
+
+TEST_F(WelcomeViewTest, FollowsTheWindow) {
+    QWidget& window = m_app->window();
+    const auto isInTheMiddle = [&] {
+        const QRect sheet = welcome().geometry();
+        return std::abs(sheet.center().x() - window.geometry().center().x()) <= 1 &&
+               sheet.top() == window.geometry().y() + std::max(0, (window.height() - sheet.height()) / 3);
+    };
+    window.setGeometry(20, 30, 800, 700);
+    EXPECT_TRUE(QTest::qWaitFor(isInTheMiddle)) << "resized";
+    window.move(90, 70);
+    EXPECT_TRUE(QTest::qWaitFor(isInTheMiddle)) << "moved";
+}
+
+TEST_F(WelcomeViewTest, IsNotInterruptedByTheQuestionAboutUpdates) {
+    m_environment.updateEndpoint = m_environment.updateFeed = QUrl(QStringLiteral("http://127.0.0.1:9/"));
+    m_store.setValue(QStringLiteral("updates/hasStarted"), true);
+    start();
+    const auto question = [this] { return m_app->window().findChild<QMessageBox*>(); };
+    QApplication::processEvents();
+    EXPECT_EQ(question(), nullptr);
+    EXPECT_TRUE(item("Check for Updates…").isEnabled());
+    click(QStringLiteral("Get Started"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return question() != nullptr; }));
+    EXPECT_EQ(question()->text(), QStringLiteral("Check for updates automatically?"));
 }
 
 }  // namespace

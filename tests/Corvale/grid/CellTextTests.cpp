@@ -52,6 +52,22 @@ TEST(CellText, OnOneLineHoldsAllThatFits) {
     EXPECT_EQ(CellText::onOneLine("Terracotta pot", -3), QStringLiteral("T…"));
 }
 
+TEST(CellText, CutsNoCharacterInTwo) {
+    const QString text = QStringLiteral("ab𝒳d");
+    const std::vector<QString> shown = {QStringLiteral("…"),
+                                        QStringLiteral("a…"),
+                                        QStringLiteral("ab…"),
+                                        QStringLiteral("ab…"),
+                                        QStringLiteral("ab𝒳…"),
+                                        text,
+                                        text};
+    for (qsizetype units = 0; units <= 6; ++units) {
+        EXPECT_EQ(CellText::cut(text, units), shown[static_cast<std::size_t>(units)]) << units;
+    }
+    const QString page = QStringLiteral("a") + QStringLiteral("𝒳").repeated(600);
+    EXPECT_TRUE(CellText::toolTip(page).isValidUtf16());
+}
+
 TEST(CellText, AToolTipCanBreakLongWordsBetweenCharacters) {
     const QString plain = QStringLiteral("Terracotta pot, <small>");
     EXPECT_EQ(CellText::toolTip(plain),

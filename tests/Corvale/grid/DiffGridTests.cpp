@@ -28,7 +28,7 @@ protected:
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&m_grid, key, modifiers); }
     void click(const QPoint& place) { QTest::mouseClick(&viewport(), Qt::LeftButton, {}, place); }
 
-    QString toolTipAt(QWidget& widget, const QPoint& place) {
+    static QString toolTipAt(QWidget& widget, const QPoint& place) {
         // What is shown stays for a moment when nothing takes its place.
         const QString none = QStringLiteral("none");
         QToolTip::showText({}, none, &widget);
@@ -39,7 +39,7 @@ protected:
 
     // The text of a cell by the name of its column.
     QString cell(std::int64_t line, const QString& column) {
-        for (std::size_t i = 0; i < m_grid.contents().layout.cells().size(); ++i) {
+        for (std::size_t i = 0; i < m_grid.contents().geometry.cells().size(); ++i) {
             if (m_grid.header().title(i) == column) {
                 return RowTexts::cell(m_grid.row(line).cell(i));
             }
@@ -51,7 +51,6 @@ protected:
 TEST_F(DiffGridTest, WithoutAResultThereAreNoLines) {
     EXPECT_EQ(m_grid.lineCount(), 0);
     EXPECT_FALSE(placeholder().isVisible());
-    EXPECT_FALSE(m_window.grab().isNull());
 }
 
 TEST_F(DiffGridTest, EachVisibleRowIsALine) {
@@ -142,6 +141,9 @@ TEST_F(DiffGridTest, EnterSpaceAndDoubleClickOpenTheDetailsAndNeverCloseThem) {
     closed();
     QTest::mouseDClick(&viewport(), Qt::LeftButton, {}, inLine(0, 300));
     EXPECT_TRUE(m_model.showInspector());
+    closed();
+    QTest::mouseDClick(&viewport(), Qt::RightButton, {}, inLine(0, 300));
+    EXPECT_FALSE(m_model.showInspector());
 }
 
 TEST_F(DiffGridTest, CopyPutsBothSidesOnTheClipboard) {
@@ -169,20 +171,20 @@ TEST_F(DiffGridTest, TheHeaderHasTwoLinesSideBySide) {
 TEST_F(DiffGridTest, SideBySideFitsTheViewportDownToTheLeastScale) {
     openSample();
     setView(ViewMode::sideBySide);
-    const double wide = m_grid.contents().widths.scale;
+    const double wide = m_grid.contents().layout.scale;
     EXPECT_LT(wide, 1);
     EXPECT_EQ(m_grid.horizontalScrollBar()->maximum(), 0);
-    EXPECT_EQ(m_grid.contents().layout.contentWidth(), viewport().width());
+    EXPECT_EQ(m_grid.contents().geometry.contentWidth(), viewport().width());
     m_window.resize(760, 557);
     settle();
-    EXPECT_EQ(m_grid.contents().widths.scale, 0.55);
+    EXPECT_EQ(m_grid.contents().layout.scale, 0.55);
     EXPECT_GT(m_grid.horizontalScrollBar()->maximum(), 0);
     m_window.resize(4000, 557);
     settle();
-    EXPECT_EQ(m_grid.contents().widths.scale, 1);
+    EXPECT_EQ(m_grid.contents().layout.scale, 1);
     m_window.resize(760, 557);
     setView(ViewMode::unified);
-    EXPECT_EQ(m_grid.contents().widths.scale, 1);
+    EXPECT_EQ(m_grid.contents().layout.scale, 1);
 }
 
 TEST_F(DiffGridTest, SwitchingTheViewKeepsTheSelection) {
@@ -199,7 +201,7 @@ TEST_F(DiffGridTest, AnIgnoredColumnSaysSo) {
     setOptions(options);
     openSample();
     std::vector<QString> titles;
-    for (std::size_t i = 0; i < m_grid.contents().layout.cells().size(); ++i) {
+    for (std::size_t i = 0; i < m_grid.contents().geometry.cells().size(); ++i) {
         titles.push_back(m_grid.header().title(i));
     }
     const std::vector<QString> expected = {
@@ -211,6 +213,15 @@ TEST_F(DiffGridTest, AnIgnoredColumnSaysSo) {
         QStringLiteral("Location"),
     };
     EXPECT_EQ(titles, expected);
+}
+
+TEST_F(DiffGridTest, AKeyColumnThatIsIgnoredSaysSoToo) {
+    DiffOptions options;
+    options.ignoredColumns = {"SKU"};
+    setOptions(options);
+    openSample();
+    ASSERT_TRUE(m_grid.contents().columns.isKey(0));
+    EXPECT_EQ(m_grid.header().title(0), QStringLiteral("SKU (ignored)"));
 }
 
 TEST_F(DiffGridTest, AnEmptyListSaysWhy) {
@@ -237,18 +248,24 @@ TEST_F(DiffGridTest, EqualFilesHaveNoDifferences) {
     EXPECT_FALSE(placeholder().isVisible());
 }
 
+TEST_F(DiffGridTest, AColumnOfOneFileIsADifferenceThatNoRowShows) {
+    open("ID,A\n1,2\n", "ID,A,B\n1,2,3\n");
+    EXPECT_TRUE(placeholder().isVisible());
+    EXPECT_EQ(placeholder().subject(), GridPlaceholder::Subject::noRowsMatch);
+}
+
 TEST_F(DiffGridTest, ATabAtTheEdgeScrollsToTheChangedCell) {
     open(wideTable(30, 30, false), wideTable(30, 30, true));
-    const GridGeometry& layout = m_grid.contents().layout;
+    const GridGeometry& geometry = m_grid.contents().geometry;
     // Line 12's change is in the cell after the key and twelve others.
-    ASSERT_EQ(layout.place(13, 0), GridGeometry::Place::rightOfIt);
+    ASSERT_EQ(geometry.place(13, 0), GridGeometry::Place::rightOfIt);
     click(inLine(12, viewport().width() - 5));
-    EXPECT_EQ(layout.shownWidth(13, scroll()), layout.cells()[13].width());
+    EXPECT_EQ(geometry.shownWidth(13, scroll()), geometry.cells()[13].width());
     EXPECT_EQ(m_grid.selectedLine(), std::nullopt);
     // From there the change of line 0 is on the left, beside the pinned key.
-    ASSERT_EQ(layout.place(1, scroll()), GridGeometry::Place::leftOfIt);
-    click(inLine(0, layout.scrolledAreaLeft(scroll()) + 5));
-    EXPECT_EQ(layout.shownWidth(1, scroll()), layout.cells()[1].width());
+    ASSERT_EQ(geometry.place(1, scroll()), GridGeometry::Place::leftOfIt);
+    click(inLine(0, geometry.scrolledAreaLeft(scroll()) + 5));
+    EXPECT_EQ(geometry.shownWidth(1, scroll()), geometry.cells()[1].width());
 }
 
 TEST_F(DiffGridTest, F8GoesFromChangeToChangeAndRound) {
@@ -277,8 +294,8 @@ TEST_F(DiffGridTest, F8BringsTheCellOnScreen) {
     open(wideTable(60, 30, false), wideTable(60, 30, true));
     m_grid.selectLine(24);
     press(Qt::Key_F8);
-    const GridGeometry& layout = m_grid.contents().layout;
-    EXPECT_EQ(layout.shownWidth(25, scroll()), layout.cells()[25].width());
+    const GridGeometry& geometry = m_grid.contents().geometry;
+    EXPECT_EQ(geometry.shownWidth(25, scroll()), geometry.cells()[25].width());
 }
 
 TEST_F(DiffGridTest, F8SaysWhenNothingChanged) {
@@ -356,13 +373,12 @@ TEST_F(DiffGridTest, NewFilesAreLaidOutAnew) {
     m_grid.selectLine(9);
     m_grid.horizontalScrollBar()->setValue(200);
     open("ID,A\n1,a\n", "ID,A\n1,b\n");
-    EXPECT_EQ(m_grid.contents().layout.cells().size(), 2U);
+    EXPECT_EQ(m_grid.contents().geometry.cells().size(), 2U);
     EXPECT_EQ(m_grid.horizontalScrollBar()->maximum(), 0);
     EXPECT_EQ(cell(0, QStringLiteral("A")), QStringLiteral("a to b"));
-    EXPECT_FALSE(m_window.grab().isNull());
 }
 
-TEST_F(DiffGridTest, EveryKindOfLinePaintsInEitherView) {
+TEST_F(DiffGridTest, QtHasNothingToSayAgainstAnyLineInEitherView) {
     const std::string longCell(16384, 'x');
     open("ID,\"line\nbreak\",مرحبا,Old\n1,a b,שלום,o\n2,b,c,o\n3," + longCell + ",d,o\n4,e,f,g\n",
          "ID,\"line\nbreak\",مرحبا,New\n1,a  b,עולם,n\n2,,c,n\n3," + longCell + "y,\"two\nlines\",n\n5,e,f,g\n");
@@ -372,7 +388,8 @@ TEST_F(DiffGridTest, EveryKindOfLinePaintsInEitherView) {
         for (const int width : {300, 760, 1280, 3840}) {
             m_window.resize(width, 400);
             settle();
-            EXPECT_EQ(m_window.grab().width(), m_window.width());
+            // A warning of Qt fails the test.
+            m_window.grab();
         }
     }
 }

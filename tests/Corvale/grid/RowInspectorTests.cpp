@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QFocusFrame>
 #include <QLabel>
 #include <QScrollBar>
@@ -28,10 +27,16 @@ protected:
     }
     QString before(std::size_t field) { return m_details.fields().view(field)->before().toPlainText(); }
     QString after(std::size_t field) { return m_details.fields().view(field)->after().toPlainText(); }
-    QString copied(ValueText& value) {
-        value.selectAll();
-        value.copy();
+    // As the user does it.
+    static QString copied(ValueText& value) {
+        QTest::keyClick(&value, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(&value, Qt::Key_C, Qt::ControlModifier);
         return QApplication::clipboard()->text();
+    }
+    QScrollBar& bar() { return *m_details.fields().verticalScrollBar(); }
+    bool isOnScreen(std::size_t field) {
+        const FieldView* view = m_details.fields().view(field);
+        return view && m_details.fields().viewport()->rect().intersects(view->geometry());
     }
 };
 
@@ -157,6 +162,33 @@ TEST_F(RowInspectorTest, SpacesAreVisibleWhereNothingElseChanged) {
     EXPECT_EQ(copied(m_details.fields().view(2)->after()), QStringLiteral("a  c"));
 }
 
+TEST_F(RowInspectorTest, ALineBreakOfTwoCharactersIsCopiedWhole) {
+    open("ID,A\n1,\"a\r\nb\r\nc\"\n", "ID,A\n1,\"a\r\nb\r\nd\"\n");
+    select(0);
+    EXPECT_EQ(after(1), QStringLiteral("a\nb\nd"));
+    ValueText& value = m_details.fields().view(1)->after();
+    EXPECT_EQ(copied(value), QStringLiteral("a\r\nb\r\nd"));
+    QTextCursor cursor = value.textCursor();
+    cursor.setPosition(1);
+    cursor.setPosition(4, QTextCursor::KeepAnchor);
+    value.setTextCursor(cursor);
+    value.copy();
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("\r\nb\r\n"));
+}
+
+TEST(FieldValue, MarksBehindLineBreaksOfTwoCharacters) {
+    RowField field;
+    field.kind = RowField::Kind::changed;
+    field.before = "a\r\nb";
+    field.after = "a\r\nc";
+    const FieldValue after = FieldValue::after(field);
+    EXPECT_EQ(after.text, QStringLiteral("a\nc"));
+    EXPECT_EQ(after.text.mid(after.markBegin, after.markEnd - after.markBegin), QStringLiteral("c"));
+    field.after = "a\r\nb\r\n!";
+    const FieldValue longer = FieldValue::after(field);
+    EXPECT_EQ(longer.text.mid(longer.markBegin, longer.markEnd - longer.markBegin), QStringLiteral("\n!"));
+}
+
 TEST(FieldValue, MarksWhichSpacesDiffer) {
     RowField field;
     field.kind = RowField::Kind::formatOnly;
@@ -174,7 +206,8 @@ TEST_F(RowInspectorTest, ANoteIsNotCopied) {
     open("ID,A\n1,x\n", "ID,A\n1,\n");
     select(0);
     QApplication::clipboard()->setText(QStringLiteral("earlier"));
-    EXPECT_NE(copied(m_details.fields().view(1)->after()), QStringLiteral("(empty)"));
+    EXPECT_EQ(copied(m_details.fields().view(1)->after()), QStringLiteral("earlier"));
+    EXPECT_EQ(copied(m_details.fields().view(1)->before()), QStringLiteral("x"));
 }
 
 TEST_F(RowInspectorTest, HiddenDetailsCatchUpWhenTheyAreShown) {
@@ -241,7 +274,7 @@ TEST_F(RowInspectorTest, AThousandColumnsHaveViewsForWhatShows) {
     EXPECT_EQ(after(3), QStringLiteral("new"));
 }
 
-TEST_F(RowInspectorTest, AThousandLongValuesAreNotReadWholeToShowTheFirst) {
+TEST_F(RowInspectorTest, AThousandLongValuesHaveViewsForTheFirst) {
     const auto table = [](char last) {
         std::string csv = "Key";
         std::string row = "K";
@@ -252,10 +285,8 @@ TEST_F(RowInspectorTest, AThousandLongValuesAreNotReadWholeToShowTheFirst) {
         return csv + '\n' + row + '\n';
     };
     open(table('x'), table('y'));
-    QElapsedTimer clock;
-    clock.start();
     select(0);
-    EXPECT_LT(clock.elapsed(), 3000);
+    EXPECT_EQ(m_details.fields().viewCount(), 3U);
     EXPECT_TRUE(after(1).endsWith(u'y'));
 }
 
@@ -268,6 +299,60 @@ TEST_F(RowInspectorTest, ALongValueWrapsAndIsWhole) {
     ValueText& value = m_details.fields().view(1)->after();
     EXPECT_LE(value.document()->size().width(), value.width());
     EXPECT_GE(value.height(), value.document()->size().height());
+}
+
+TEST_F(RowInspectorTest, ScrollingLeavesTheKeyboardWithItsValue) {
+    open(wideTable(1, 60, false), wideTable(1, 60, true));
+    select(0);
+    ValueText& value = m_details.fields().view(0)->before();
+    value.setFocus();
+    for (const int place : {bar().maximum(), bar().maximum() / 2, bar().maximum()}) {
+        bar().setValue(place);
+        settle();
+        EXPECT_EQ(bar().value(), place);
+        EXPECT_EQ(QApplication::focusWidget(), &value);
+        EXPECT_FALSE(isOnScreen(0));
+        EXPECT_EQ(isOnScreen(60), place == bar().maximum());
+    }
+    EXPECT_EQ(value.toPlainText(), QStringLiteral("K0"));
+    // Once the keyboard is elsewhere, the view is free for another field.
+    m_grid.setFocus();
+    bar().setValue(bar().maximum() - 1);
+    EXPECT_EQ(m_details.fields().view(0), nullptr);
+}
+
+TEST_F(RowInspectorTest, ComingBackToTheWindowDoesNotScroll) {
+    open(wideTable(1, 60, false), wideTable(1, 60, true));
+    select(0);
+    m_details.fields().view(0)->before().setFocus();
+    bar().setValue(bar().maximum());
+    QFocusEvent back(QEvent::FocusIn, Qt::ActiveWindowFocusReason);
+    QApplication::sendEvent(QApplication::focusWidget(), &back);
+    EXPECT_EQ(bar().value(), bar().maximum());
+    QFocusEvent byTab(QEvent::FocusIn, Qt::TabFocusReason);
+    QApplication::sendEvent(QApplication::focusWidget(), &byTab);
+    EXPECT_EQ(bar().value(), 0);
+}
+
+TEST_F(RowInspectorTest, AnotherRowLeavesTheKeyboardInItsColumn) {
+    open(wideTable(3, 60, false), wideTable(3, 60, true));
+    select(0);
+    ValueText& value = m_details.fields().view(2)->after();
+    value.setFocus();
+    m_grid.showNextChange();
+    m_grid.showNextChange();
+    settle();
+    EXPECT_EQ(m_grid.selectedLine(), 1);
+    EXPECT_EQ(QApplication::focusWidget(), &value);
+    EXPECT_EQ(value.toPlainText(), QStringLiteral("new"));
+    m_model.compareAgain();
+    settle();
+    EXPECT_EQ(QApplication::focusWidget(), &value);
+    EXPECT_EQ(&m_details.fields().view(2)->after(), &value);
+    // A column that is gone has no field to keep it in.
+    open("Key,C1\nK1,a\n", "Key,C1\nK1,b\n");
+    EXPECT_EQ(m_details.fields().view(2), nullptr);
+    EXPECT_FALSE(value.isVisible());
 }
 
 TEST_F(RowInspectorTest, TabGoesThroughTheValuesAndScrollsAlong) {

@@ -368,6 +368,23 @@ TEST_F(AppModelComparisonTest, ASelectionMadeWhileComparingHoldsForTheNewResult)
     EXPECT_EQ(selectedKey(), selected);
 }
 
+TEST_F(AppModelComparisonTest, TheNewestSelectionHoldsHoweverOftenItWasMadeWhileComparing) {
+    openPair();
+    for (const std::optional<std::int64_t> newest : {std::optional<std::int64_t>(0), std::optional<std::int64_t>()}) {
+        m_model.select(1);
+        const auto result = m_model.result();
+        m_model.compare();
+        m_platform.work();
+        m_model.select(2);
+        m_platform.deliver();
+        ASSERT_EQ(m_model.result(), result);
+        m_model.select(newest);
+        m_platform.settle();
+        EXPECT_NE(m_model.result(), result);
+        EXPECT_EQ(m_model.selectedRow(), newest);
+    }
+}
+
 TEST_F(AppModelComparisonTest, WhenTheViewChangesUntilTheEndTheRunCanStillBeCancelled) {
     openPair();
     const auto result = m_model.result();

@@ -3,7 +3,6 @@
 #include "tests/Corvale/model/ModelTest.h"
 #include "tests/support/ScratchFolder.h"
 #include "tests/support/SheetXml.h"
-#include "tests/support/TestFiles.h"
 
 namespace corvale {
 namespace {

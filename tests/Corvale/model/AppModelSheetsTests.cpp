@@ -138,6 +138,19 @@ TEST_F(AppModelSheetsTest, GoingBackToTheSheetThatIsStillThereCounts) {
     EXPECT_EQ(loading(), "");
 }
 
+TEST_F(AppModelSheetsTest, TheAutomaticHeaderRowIsTheOneThatTheLoaderTakes) {
+    m_platform.files["low.csv"] = std::string(13, '\n') + "Stock list\nID,Price\n1,2\n3,4\n";
+    load("low.csv", Side::before);
+    m_platform.settle();
+    EXPECT_EQ(m_model.before()->table.headerRowNumber(), 15);
+    EXPECT_EQ(m_model.automaticHeaderRow(Side::before), 15);
+    m_model.setHeaderRow(16, Side::before);
+    m_platform.settle();
+    EXPECT_EQ(m_model.before()->table.headerRowNumber(), 16);
+    EXPECT_EQ(m_model.automaticHeaderRow(Side::before), 15);
+    EXPECT_EQ(m_model.automaticHeaderRow(Side::after), std::nullopt);
+}
+
 TEST_F(AppModelSheetsTest, GoingBackToTheAutomaticHeaderRowCounts) {
     openBook();
     m_model.setHeaderRow(2, Side::before);

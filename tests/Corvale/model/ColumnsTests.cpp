@@ -36,5 +36,26 @@ TEST(Columns, AllAreBeforesAndThenThoseThatBeforeLacks) {
     EXPECT_EQ(Columns::all(table({"a"}), table({})), (Names{"a"}));
 }
 
+TEST(Columns, AreIgnoredInAnyLetterCase) {
+    DiffOptions options;
+    options.ignoredColumns = {"PRICE", "größe"};
+    EXPECT_TRUE(Columns::isIgnored(options, "Price"));
+    EXPECT_TRUE(Columns::isIgnored(options, "GRÖßE"));
+    EXPECT_FALSE(Columns::isIgnored(options, "Prices"));
+    EXPECT_FALSE(Columns::isIgnored({}, "Price"));
+}
+
+TEST(Columns, TogglingIgnoresAColumnOrComparesItAgain) {
+    DiffOptions options;
+    options.ignoredColumns = {"PRICE"};
+    Columns::toggleIgnored(options, "price");
+    EXPECT_TRUE(options.ignoredColumns.empty());
+    Columns::toggleIgnored(options, "Qty");
+    Columns::toggleIgnored(options, "price");
+    EXPECT_TRUE(Columns::isIgnored(options, "QTY"));
+    EXPECT_TRUE(Columns::isIgnored(options, "Price"));
+    EXPECT_EQ(options.ignoredColumns.size(), 2U);
+}
+
 }  // namespace
 }  // namespace corvale

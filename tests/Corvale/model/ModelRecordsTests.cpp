@@ -29,11 +29,6 @@ TEST(MatchChoice, IsEqualForTheSameColumnOnly) {
     EXPECT_EQ(MatchChoice(), MatchChoice::rowOrder());
 }
 
-TEST(Side, HasAnotherOne) {
-    EXPECT_EQ(otherSide(Side::before), Side::after);
-    EXPECT_EQ(otherSide(Side::after), Side::before);
-}
-
 TEST(LoadedFile, SharesItsBytesAndItsTableWhenCopied) {
     LoadedFile file;
     file.data = std::make_shared<const Bytes>("ID\n1\n");

@@ -8,18 +8,18 @@ namespace corvale::TestSupport {
 
 namespace {
 
-std::string sheetRows(const std::string& csv) {
-    std::string xml;
+// The cells of CSV without quotes.
+std::vector<std::vector<std::string>> cellsOf(const std::string& csv) {
+    std::vector<std::vector<std::string>> rows;
     std::istringstream lines(csv);
     for (std::string line; std::getline(lines, line);) {
-        xml += "<row>";
         std::istringstream cells(line);
+        rows.emplace_back();
         for (std::string cell; std::getline(cells, cell, ',');) {
-            xml += "<c t=\"inlineStr\"><is><t>" + cell + "</t></is></c>";
+            rows.back().push_back(cell);
         }
-        xml += "</row>";
     }
-    return xml;
+    return rows;
 }
 
 void appendWord(std::string& words, std::string_view word) {
@@ -30,18 +30,11 @@ void appendWord(std::string& words, std::string_view word) {
 }  // namespace
 
 std::string workbook(const std::vector<std::pair<std::string, std::string>>& sheets) {
-    Workbooks::Parts parts;
-    std::string list;
-    std::string relationships;
-    for (std::size_t i = 0; i < sheets.size(); ++i) {
-        const std::string number = std::to_string(i + 1);
-        list += "<sheet name=\"" + sheets[i].first + "\" sheetId=\"" + number + "\" r:id=\"rId" + number + "\"/>";
-        relationships += "<Relationship Id=\"rId" + number + "\" Target=\"worksheets/sheet" + number + ".xml\"/>";
-        parts["xl/worksheets/sheet" + number + ".xml"] = Workbooks::worksheet(sheetRows(sheets[i].second));
+    std::vector<Workbooks::Sheet> all;
+    for (const auto& [name, csv] : sheets) {
+        all.push_back({name, Workbooks::textRows(cellsOf(csv))});
     }
-    parts["xl/workbook.xml"] = "<workbook><sheets>" + list + "</sheets></workbook>";
-    parts["xl/_rels/workbook.xml.rels"] = "<Relationships>" + relationships + "</Relationships>";
-    return Workbooks::package(parts);
+    return Workbooks::ofSheets(all);
 }
 
 ModelTest::ModelTest() {
@@ -70,6 +63,10 @@ void ModelTest::openPair(const std::string& before, const std::string& after) {
 void ModelTest::step(std::size_t place) {
     m_platform.work(place);
     m_platform.deliver();
+}
+
+void ModelTest::recordResults() {
+    QObject::connect(&m_model, &AppModel::resultChanged, &m_watch, [this] { m_results.push_back(compared()); });
 }
 
 std::string ModelTest::compared() const {

@@ -27,6 +27,8 @@ protected:
     void openPair(const std::string& before = "october.csv", const std::string& after = "november.csv");
     // Runs the work that waits at that place and delivers what it came to.
     void step(std::size_t place = 0);
+    // From now on, m_results takes what compared() says of each result that is shown.
+    void recordResults();
 
     // The files of the result: "october.csv > november.csv"; empty when there is none.
     std::string compared() const;
@@ -44,6 +46,7 @@ protected:
     ScriptedPlatform m_platform;
     AppModel m_model{m_platform};
     ModelWatch m_watch{m_model};
+    std::vector<std::string> m_results;
 };
 
 }  // namespace corvale::TestSupport

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
-#include <map>
+#include <string_view>
 #include <utility>
 
 #include "tests/support/Workbooks.h"
@@ -13,33 +13,6 @@
 namespace corvale::TestSupport {
 
 namespace {
-
-std::string workbook(const std::vector<std::pair<std::string, std::string>>& sheets) {
-    Workbooks::Parts parts;
-    std::string list;
-    int number = 0;
-    for (const auto& [name, rows] : sheets) {
-        const std::string id = std::to_string(++number);
-        list += "<sheet name=\"" + name + "\" sheetId=\"" + id + "\"/>";
-        parts["xl/worksheets/sheet" + id + ".xml"] = Workbooks::worksheet(rows);
-    }
-    parts["xl/workbook.xml"] = "<workbook><sheets>" + list + "</sheets></workbook>";
-    return Workbooks::package(parts);
-}
-
-std::string cell(std::string_view text) { return "<c t=\"inlineStr\"><is><t>" + std::string(text) + "</t></is></c>"; }
-
-std::string sheetRows(const std::vector<std::vector<std::string>>& rows) {
-    std::string xml;
-    for (const auto& row : rows) {
-        xml += "<row>";
-        for (const std::string& text : row) {
-            xml += cell(text);
-        }
-        xml += "</row>";
-    }
-    return xml;
-}
 
 // Enough rows for a comparison to be polled and to report progress a few times.
 std::string longList(int step) {
@@ -55,6 +28,8 @@ constexpr std::size_t similarContents = 2;
 
 // What a file may hold; any name may get any of them.
 const std::vector<std::string>& contents() {
+    using Workbooks::ofSheets;
+    using Workbooks::textRows;
     static const std::vector<std::string> all = {
         "ID,Name,Price\n1,Pen,2\n2,Cup,3\n3,Hat,5\n",
         "id,NAME,Price\n1,Pen,2\n2,Cup,4\n4,Ink,1\n",
@@ -65,10 +40,10 @@ const std::vector<std::string>& contents() {
         "",
         longList(1),
         longList(2),
-        workbook({{"Stock", sheetRows({{"ID", "Name"}, {"1", "Pen"}, {"2", "Cup"}})},
-                  {"Old", sheetRows({{"ID", "Name"}, {"2", "Cap"}, {"3", "Hat"}})}}),
-        workbook({{"Empty", ""}, {"Stock", sheetRows({{"ID", "Price"}, {"1", "2"}})}}),
-        workbook({{"Stock", sheetRows({{"ID", "Name"}, {"1", "Pen"}})}}).substr(0, 200),
+        ofSheets({{"Stock", textRows({{"ID", "Name"}, {"1", "Pen"}, {"2", "Cup"}})},
+                  {"Old", textRows({{"ID", "Name"}, {"2", "Cap"}, {"3", "Hat"}})}}),
+        ofSheets({{"Empty", ""}, {"Stock", textRows({{"ID", "Price"}, {"1", "2"}})}}),
+        ofSheets({{"Stock", textRows({{"ID", "Name"}, {"1", "Pen"}})}}).substr(0, 200),
         std::string("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16),
     };
     return all;

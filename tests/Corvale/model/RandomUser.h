@@ -8,7 +8,6 @@
 #include <random>
 #include <set>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "Corvale/model/AppModel.h"

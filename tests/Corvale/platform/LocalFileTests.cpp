@@ -15,7 +15,7 @@
 #include "CorvaleKit/base/Failures.h"
 #include "CorvaleKit/engine/DiffEngine.h"
 #include "CorvaleKit/loading/DataLoader.h"
-#include "tests/support-qt/ChildProcess.h"
+#include "tests/support/ChildProcess.h"
 #include "tests/support/RestlessFile.h"
 #include "tests/support/ScratchFolder.h"
 #include "tests/support/TestFiles.h"

@@ -9,8 +9,6 @@
 #include <QSettings>
 #include <QTest>
 #include <memory>
-#include <optional>
-#include <string>
 #include <vector>
 
 #include "Corvale/platform/QtPlatform.h"

@@ -8,7 +8,6 @@
 #include <array>
 #include <atomic>
 #include <cstdlib>
-#include <functional>
 #include <future>
 #include <iostream>
 #include <memory>

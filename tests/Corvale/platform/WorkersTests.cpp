@@ -10,7 +10,7 @@
 #include <string>
 
 #include "Corvale/platform/Workers.h"
-#include "tests/support-qt/ChildProcess.h"
+#include "tests/support/ChildProcess.h"
 
 namespace corvale {
 namespace {

@@ -12,8 +12,8 @@
 #include <iostream>
 
 #include "Corvale/commands/UpdateAlerts.h"
-#include "Corvale/style/Theme.h"
 #include "tests/Corvale/robustness/Looks.h"
+#include "tests/support-qt/TestTheme.h"
 
 namespace corvale::TestSupport {
 
@@ -28,11 +28,6 @@ constexpr std::size_t rememberedActions = 60;
 constexpr qsizetype mostWidgets = 1200;
 constexpr qsizetype mostWindows = 60;
 
-Theme& theme() {
-    static Theme* const theme = new Theme(*qApp);
-    return *theme;
-}
-
 QString pathIn(const Pantry& pantry, std::string_view name) { return QString::fromStdString(pantry.folder().at(name)); }
 
 void setDesktop(bool isDark) {
@@ -42,11 +37,20 @@ void setDesktop(bool isDark) {
     QApplication::setPalette(palette);
 }
 
+std::string openWindows() {
+    std::string names;
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() || window->isModal()) {
+            names += std::string("\n  ") + window->metaObject()->className() + " “" +
+                     window->windowTitle().toStdString() + "”" + (window->isVisible() ? "" : " hidden") +
+                     (window->isModal() ? " modal" : "") + (window->isMinimized() ? " minimised" : "");
+        }
+    }
+    return names;
+}
+
 void expectGone(const QWidget* window) {
-    EXPECT_EQ(window, nullptr) << window->metaObject()->className() << " “" << window->windowTitle().toStdString()
-                               << "”" << (window->isVisible() ? " shows" : " does not show")
-                               << (window->parentWidget() != nullptr && window->parentWidget()->isVisible() ? ""
-                                                                                                            : " alone");
+    EXPECT_EQ(window, nullptr) << window->metaObject()->className() << " is still open, among:" << openWindows();
 }
 
 }  // namespace
@@ -55,6 +59,10 @@ Monkey::Monkey(unsigned seed)
     : m_random(seed),
       m_pantry(m_random),
       m_hands(m_random),
+      // Now a program takes the address, now there is none.
+      m_environment{.updateEndpoint = {}, .updateFeed = {}, .opener = AddressOpener([this](const QUrl&) {
+                                                                return ++m_tally.addresses % 2 == 0;
+                                                            })},
       m_store(pathIn(m_pantry, "store.ini"), QSettings::IniFormat),
       m_platform(std::make_unique<QSettings>(pathIn(m_pantry, "settings.ini"), QSettings::IniFormat)),
       m_watchdog(patience) {
@@ -72,7 +80,7 @@ Monkey::~Monkey() {
 
 void Monkey::startApplication() {
     m_app.reset();
-    m_app = std::make_unique<CorvaleApp>(m_platform, theme(), m_store);
+    m_app = std::make_unique<CorvaleApp>(m_platform, theme(), m_store, m_environment);
     QObject::connect(&m_app->model(), &AppModel::exportingChanged, &m_receiver, [this] { ++m_tally.reports; });
     QObject::connect(&m_app->model(), &AppModel::problemChanged, &m_receiver, [this] { ++m_tally.problems; });
     QStringList files;
@@ -332,7 +340,7 @@ std::string Monkey::closePopup() {
 }
 
 std::string Monkey::showUpdateAlert() {
-    UpdateAlerts alerts(m_app->window());
+    UpdateAlerts alerts(m_app->window(), m_environment.opener);
     alerts.tell(QStringLiteral("You’re up to date"), QStringLiteral("<b>Corvale</b> 1.0 is the newest version."));
     return "an alert about updates";
 }
@@ -397,7 +405,7 @@ void Monkey::expectVariety() const {
     std::cout << "looks " << m_tally.looks << ", with a result " << m_tally.results << ", with a selection "
               << m_tally.selections << "; reports " << m_tally.reports / 2 << ", problems " << m_tally.problems
               << ", starts " << m_tally.starts << ", actions with a popup open " << m_tally.popups
-              << ", within another event loop " << m_tally.nested << ", addresses opened " << m_urls.taken() << "\n";
+              << ", within another event loop " << m_tally.nested << ", addresses opened " << m_tally.addresses << "\n";
 }
 
 }  // namespace corvale::TestSupport

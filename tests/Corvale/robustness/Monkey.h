@@ -13,7 +13,6 @@
 #include "tests/Corvale/platform/BusyQtPlatform.h"
 #include "tests/Corvale/robustness/Hands.h"
 #include "tests/Corvale/robustness/Pantry.h"
-#include "tests/Corvale/robustness/UrlSink.h"
 #include "tests/Corvale/robustness/Watchdog.h"
 
 namespace corvale::TestSupport {
@@ -43,6 +42,7 @@ private:
         int problems = 0;
         int starts = 0;
         int popups = 0;
+        int addresses = 0;  // asked to be opened, by a browser or a mail program
         int nested = 0;  // actions within an event loop of a drag
     };
 
@@ -72,7 +72,7 @@ private:
     std::mt19937 m_random;
     Pantry m_pantry;
     Hands m_hands;
-    UrlSink m_urls;
+    CorvaleApp::Environment m_environment;
     QSettings m_store;
     BusyQtPlatform m_platform;
     std::unique_ptr<CorvaleApp> m_app;

@@ -15,8 +15,8 @@
 #include <vector>
 
 #include "Corvale/commands/CorvaleApp.h"
-#include "Corvale/style/Theme.h"
 #include "tests/Corvale/platform/BusyQtPlatform.h"
+#include "tests/support-qt/TestTheme.h"
 #include "tests/support/ScratchFolder.h"
 
 namespace corvale {
@@ -74,8 +74,7 @@ public:
           m_store(QString::fromStdString(folder.at("store.ini")), QSettings::IniFormat),
           m_platform(
               std::make_unique<QSettings>(QString::fromStdString(folder.at("settings.ini")), QSettings::IniFormat)),
-          m_theme(*qApp),
-          m_app(m_platform, m_theme, m_store) {
+          m_app(m_platform, TestSupport::theme(), m_store) {
         m_app.start({});
         AppSettings settings = m_app.model().settings();
         settings.onboardingDone = true;
@@ -133,7 +132,6 @@ private:
     std::vector<std::string> m_told;
     QSettings m_store;
     BusyQtPlatform m_platform;
-    Theme m_theme;
     CorvaleApp m_app;
 };
 

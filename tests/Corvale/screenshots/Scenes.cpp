@@ -6,6 +6,9 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QTest>
+#include <algorithm>
+#include <array>
+#include <iterator>
 
 #include "Corvale/grid/DiffGrid.h"
 #include "Corvale/window/MainView.h"
@@ -177,40 +180,43 @@ void openMenuBar(Stage& stage, int place) {
     entry->menu()->popup(bar->mapToGlobal(bar->actionGeometry(entry).bottomLeft()));
 }
 
-}  // namespace
-
-std::vector<Scene> scenes() {
-    const SampleData::Pair stock = SampleData::stock();
+std::vector<Scene> besideTheWindow() {
     return {
-        {"09-welcome", usual, showWelcome},
-        {"10-settings", QSize(1280, 984), [](Stage& stage) { openBeside<SettingsView>(stage, "Settings…"); }},
-        {"11-help",
+        {"welcome", usual, showWelcome},
+        {"settings", QSize(1280, 984), [](Stage& stage) { openBeside<SettingsView>(stage, "Settings…"); }},
+        {"help",
          usual,
          [](Stage& stage) {
              openBeside<HelpView>(stage, "Corvale Help");
              stage.further<HelpView>().select(QStringLiteral("read"));
          }},
-        {"11b-about", usual, [](Stage& stage) { openBeside<AboutPanel>(stage, "About Corvale"); }},
-        {"16a-file-menu", usual, [](Stage& stage) { openMenuBar(stage, 0); }},
-        {"16b-edit-menu", usual, [](Stage& stage) { openMenuBar(stage, 1); }},
-        {"16c-compare-menu", usual, [](Stage& stage) { openMenuBar(stage, 2); }},
-        {"16d-help-menu", usual, [](Stage& stage) { openMenuBar(stage, 3); }},
-        {"01-empty", usual, [](Stage&) {}},
-        {"02-one-file-drag",
+        {"about", usual, [](Stage& stage) { openBeside<AboutPanel>(stage, "About Corvale"); }},
+        {"file-menu", usual, [](Stage& stage) { openMenuBar(stage, 0); }},
+        {"edit-menu", usual, [](Stage& stage) { openMenuBar(stage, 1); }},
+        {"compare-menu", usual, [](Stage& stage) { openMenuBar(stage, 2); }},
+        {"help-menu", usual, [](Stage& stage) { openMenuBar(stage, 3); }},
+    };
+}
+
+std::vector<Scene> filesAndResults() {
+    const SampleData::Pair stock = SampleData::stock();
+    return {
+        {"empty", usual, [](Stage&) {}},
+        {"one-file-drag",
          usual,
          [stock](Stage& stage) {
              stage.open(stock.before, Side::before, "Stock - October.xlsx");
              dragOver(stage.named("After file"));
          }},
-        {"03-unified", usual, showUnified},
-        {"04-side-by-side", usual, showAllSideBySide},
-        {"04b-side-by-side-narrowed",
+        {"unified", usual, showUnified},
+        {"side-by-side", usual, showAllSideBySide},
+        {"side-by-side-narrowed",
          usual,
          [](Stage& stage) {
              showUnified(stage);
              showSideBySide(stage);
          }},
-        {"05a-no-rows-match",
+        {"no-rows-match",
          usual,
          [](Stage& stage) {
              stage.compareStock();
@@ -220,13 +226,13 @@ std::vector<Scene> scenes() {
              stage.model->setFilter(filter);
              stage.platform.settle();
          }},
-        {"05b-files-match",
+        {"files-match",
          usual,
          [stock](Stage& stage) {
              stage.compare(stock.before, stock.before, "Stock - October.xlsx", "Stock - October (copy).xlsx");
              stage.model->toggleInspector();
          }},
-        {"06-duplicate-keys",
+        {"duplicate-keys",
          usual,
          [](Stage& stage) {
              compareOrders(stage);
@@ -234,28 +240,17 @@ std::vector<Scene> scenes() {
              QApplication::processEvents();
              stage.button("5 duplicate keys").click();
          }},
-        {"07-comparing", usual, showComparing},
-        {"08a-header-row-menu", usual, [](Stage& stage) { openMenu(stage, "Header row of the Before file"); }},
-        {"08b-ignore-menu", usual, [](Stage& stage) { openMenu(stage, "Ignoring 2 of 4"); }},
-        {"08c-match-menu", usual, [](Stage& stage) { openMenu(stage, "Match rows by: SKU (suggested)"); }},
-        {"08d-columns-menu", usual, [](Stage& stage) { openMenu(stage, "Any Column"); }},
-        {"13-narrow", narrow, showUnified},
-        {"13b-narrowest", narrowest, compareWarehouses},
-        {"14-large-file", usual, compareWarehouses},
-        {"15a-search-and-chip", usual, showStates},
-        {"15b-focus",
-         usual,
-         [](Stage& stage) {
-             showUnified(stage);
-             stage.named("Added 3").setFocus(Qt::TabFocusReason);
-         }},
-        {"15c-loading",
+        {"comparing", usual, showComparing},
+        {"narrow", narrow, showUnified},
+        {"narrowest", narrowest, compareWarehouses},
+        {"large-file", usual, compareWarehouses},
+        {"loading",
          usual,
          [stock](Stage& stage) {
              stage.open(stock.before, Side::before, "Stock - October.xlsx");
              stage.model->load(TestSupport::ScriptedPlatform::url("Stock - November.xlsx"), Side::after);
          }},
-        {"16-problem",
+        {"problem",
          usual,
          [](Stage& stage) {
              stage.platform.files["photo.jpg"] = std::string("\xFF\xD8\xFF\xE0\0\0\0\0", 8);
@@ -263,6 +258,32 @@ std::vector<Scene> scenes() {
              stage.platform.settle();
          }},
     };
+}
+
+std::vector<Scene> controls() {
+    return {
+        {"header-row-menu", usual, [](Stage& stage) { openMenu(stage, "Header row of the Before file"); }},
+        {"ignore-menu", usual, [](Stage& stage) { openMenu(stage, "Ignoring 2 of 4"); }},
+        {"match-menu", usual, [](Stage& stage) { openMenu(stage, "Match rows by: SKU (suggested)"); }},
+        {"columns-menu", usual, [](Stage& stage) { openMenu(stage, "Any Column"); }},
+        {"search-and-chip", usual, showStates},
+        {"focus",
+         usual,
+         [](Stage& stage) {
+             showUnified(stage);
+             stage.named("Added 3").setFocus(Qt::TabFocusReason);
+         }},
+    };
+}
+
+}  // namespace
+
+std::vector<Scene> scenes() {
+    std::vector<Scene> all = besideTheWindow();
+    for (std::vector<Scene>& some : std::array{filesAndResults(), controls()}) {
+        std::move(some.begin(), some.end(), std::back_inserter(all));
+    }
+    return all;
 }
 
 }  // namespace corvale::Screenshots

@@ -109,7 +109,7 @@ QWidget& Stage::named(const char* name) const {
 
 Button& Stage::button(const char* name) const { return dynamic_cast<Button&>(named(name)); }
 
-void Stage::selectRow(std::size_t visible) { model->select(model->visible().at(visible)); }
+void Stage::selectRow(std::size_t visible) const { model->select(model->visible().at(visible)); }
 
 void Stage::pick(const char* item) const {
     for (const QAction* menu : window->menuBar()->actions()) {

@@ -49,7 +49,7 @@ public:
     // The child that shows and has this accessible name.
     QWidget& named(const char* name) const;
     Button& button(const char* name) const;
-    void selectRow(std::size_t visible);
+    void selectRow(std::size_t visible) const;
     // Picks an item of the menu bar.
     void pick(const char* item) const;
     // A further window of the application.

@@ -31,7 +31,7 @@ struct ControlStyleTest : testing::Test {
     QImage imageOf(QAction* action) {
         menu.popup(QPoint(0, 0));
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&menu));
-        const QImage image = menu.grab(menu.actionGeometry(action)).toImage();
+        QImage image = menu.grab(menu.actionGeometry(action)).toImage();
         menu.hide();
         return image;
     }

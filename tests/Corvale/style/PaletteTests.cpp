@@ -113,48 +113,6 @@ TEST_P(PaletteTest, TheAccentStandsOut) {
 INSTANTIATE_TEST_SUITE_P(BothSchemes, PaletteTest, testing::Values(Scheme::light, Scheme::dark),
                          [](const auto& scheme) { return scheme.param == Scheme::dark ? "dark" : "light"; });
 
-TEST(Palette, HasTheColoursOfTheDesign) {
-    const struct {
-        const char* name;
-        const char* light;
-        const char* dark;
-    } rows[] = {
-        {"window", "#fff2f3f5", "#ff232529"},         {"surface", "#ffffffff", "#ff1a1c1f"},
-        {"surface2", "#fff7f8fa", "#ff26292e"},       {"menu", "#ffffffff", "#ff2a2d32"},
-        {"control", "#ffffffff", "#ff2d3036"},        {"controlHover", "#fff7f8fa", "#ff363a41"},
-        {"controlPressed", "#ffe6e8ec", "#ff42474f"}, {"pressed", "#ffe6e8ec", "#ff363a41"},
-        {"segmentTrack", "#ffe6e8ec", "#ff1a1c1f"},   {"border", "#ffdadde3", "#ff3a3e45"},
-        {"line", "#ffeceef1", "#ff2b2e33"},           {"controlBorder", "#ffc3c8d0", "#ff4c515a"},
-        {"field", "#ff868d98", "#ff7c8490"},          {"text", "#ff1b1f26", "#ffe8eaed"},
-        {"text2", "#ff535b67", "#ffb0b6c0"},          {"text3", "#ff636b77", "#ff979ea9"},
-        {"disabled", "#ff989faa", "#ff6a717c"},       {"accent", "#ff4b4fc4", "#ffa3a7ff"},
-        {"onAccent", "#ffffffff", "#ff15161f"},       {"accentTint", "#ffededfb", "#ff2e3054"},
-        {"accentLine", "#ffb9bbee", "#ff565a9e"},     {"addedText", "#ff17692e", "#ff7cd992"},
-        {"addedFill", "#ffe4f5e8", "#ff18321f"},      {"addedEdge", "#ffa3d6b0", "#ff2f6b40"},
-        {"addedMark", "#ff2e9a4b", "#ff46b463"},      {"removedText", "#ffa8261e", "#ffff9d94"},
-        {"removedFill", "#fffce9e7", "#ff3b1f1e"},    {"removedEdge", "#fff0b7b2", "#ff7e3b36"},
-        {"removedMark", "#ffd6453b", "#ffe5645a"},    {"changedText", "#ff7a5200", "#fff0cb62"},
-        {"changedFill", "#fffff3cc", "#ff382e12"},    {"changedEdge", "#ffe6ca73", "#ff7a6320"},
-        {"changedMark", "#ffb97d00", "#ffe0ae2d"},    {"formatOnlyText", "#ff0b5ca6", "#ff8fc8ff"},
-        {"formatOnlyFill", "#ffe3f0fd", "#ff152d48"}, {"formatOnlyEdge", "#ffa2cbf1", "#ff2f5f91"},
-        {"formatOnlyMark", "#ff2f83d6", "#ff4c9bea"}, {"thumb", "#ffc0c5cd", "#ff565c66"},
-        {"hatch", "#ffeef0f3", "#ff24272b"},          {"veil", "#a8ffffff", "#b31a1c1f"},
-        {"scrim", "#57181b22", "#8c000000"},
-    };
-    const auto colorOf = [](Scheme scheme, const char* name) {
-        for (const auto& named : namedColors(Palette::forScheme(scheme))) {
-            if (named.name == QLatin1String(name)) {
-                return hex(named.color);
-            }
-        }
-        return std::string("missing");
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(colorOf(Scheme::light, row.name), row.light) << row.name;
-        EXPECT_EQ(colorOf(Scheme::dark, row.name), row.dark) << row.name;
-    }
-}
-
 QPalette desktop(const QColor& window, const QColor& text) {
     QPalette palette;
     palette.setColor(QPalette::Window, window);

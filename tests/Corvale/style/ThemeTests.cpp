@@ -57,6 +57,22 @@ TEST_F(ThemeTest, IsSilentWhenTheSchemeStays) {
     EXPECT_EQ(changes.count(), 0);
 }
 
+TEST_F(ThemeTest, ADesktopWithOtherColoursOfTheSameSchemeDoesNotTakeOursAway) {
+    const Theme theme(*qApp);
+    QWidget early;
+    early.show();
+    QPalette palette;
+    palette.setColor(QPalette::Window, Qt::yellow);
+    palette.setColor(QPalette::WindowText, Qt::blue);
+    QApplication::setPalette(palette);
+    QWidget late;
+    late.show();
+    for (const QWidget* window : {&early, &late}) {
+        EXPECT_EQ(window->palette().color(QPalette::WindowText), theme.palette().text);
+        EXPECT_EQ(window->palette().color(QPalette::Window), theme.palette().window);
+    }
+}
+
 TEST_F(ThemeTest, TheChangeIsToldWhenTheWidgetsAreDressed) {
     const Theme theme(*qApp);
     QWidget widget;

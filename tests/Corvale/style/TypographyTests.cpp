@@ -42,6 +42,7 @@ TEST(Typography, AFontInPixelsStaysInPixels) {
         {TextRole::sideBySideCell, 12},
         {TextRole::panelTitle, 14},
         {TextRole::rowNumber, 12},
+        {TextRole::longRowNumber, 9},
     };
     for (const auto& [role, pixels] : cases) {
         EXPECT_EQ(fontFor(role, system).pixelSize(), pixels) << int(role);

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QStringList>
-
 #include "Corvale/updates/Appcast.h"
 
 namespace corvale {

@@ -1,13 +1,14 @@
 #include <QAccessible>
-#include <QHBoxLayout>
-#include <QLocale>
+#include <QApplication>
 #include <QTest>
 
 #include "Corvale/window/Button.h"
 #include "Corvale/window/ChipLabel.h"
+#include "Corvale/window/ElidedLabel.h"
 #include "Corvale/window/FlowLayout.h"
 #include "Corvale/window/PopupMenu.h"
 #include "Corvale/window/RowLayout.h"
+#include "Corvale/window/SymbolLabel.h"
 #include "Corvale/window/Wording.h"
 #include "tests/Corvale/window/WindowFixture.h"
 
@@ -61,12 +62,9 @@ TEST(Button, ReturnAndSpaceClick) {
 
 TEST(Button, KeysAndThePressOfTheMouseOpenItsMenu) {
     Button button(Button::Face::bordered, theme(), nullptr);
-    auto* const menu = new PopupMenu(
-        PopupMenu::Ticking::closes,
-        [](PopupMenu& opened) { opened.addItem({.text = QStringLiteral("One"), .action = [] {}}); },
-        theme(),
-        &button);
-    button.setMenu(menu);
+    button.setMenu(PopupMenu::Checking::closes,
+                   [](PopupMenu& opened) { opened.addItem({.text = QStringLiteral("One"), .action = [] {}}); });
+    PopupMenu* const menu = button.menu();
     button.show();
     for (const auto key : {Qt::Key_Return, Qt::Key_Space, Qt::Key_Down}) {
         QTest::keyClick(&button, key);
@@ -78,6 +76,79 @@ TEST(Button, KeysAndThePressOfTheMouseOpenItsMenu) {
     QTest::mousePress(&button, Qt::LeftButton);
     EXPECT_TRUE(menu->isVisible());
     EXPECT_EQ(menu->actions().size(), 1);
+}
+
+TEST(Button, FillsItsMenuOnceAtEveryOpening) {
+    Button button(Button::Face::bordered, theme(), nullptr);
+    int fills = 0;
+    button.setMenu(PopupMenu::Checking::closes, [&fills](PopupMenu& opened) {
+        ++fills;
+        opened.addItem({.text = QStringLiteral("One"), .action = [] {}});
+    });
+    button.show();
+    for (const int opening : {1, 2}) {
+        button.menu()->open();
+        EXPECT_EQ(fills, opening);
+        EXPECT_EQ(button.menu()->actions().size(), 1);
+        button.menu()->close();
+    }
+}
+
+TEST(Button, TellsScreenReadersThatItOpensAMenu) {
+    Button button(Button::Face::bordered, theme(), nullptr);
+    button.setLabel(QStringLiteral("Any Column"));
+    button.setHelp(QStringLiteral("Only rows with a change in one column"));
+    button.setMenu(PopupMenu::Checking::closes,
+                   [](PopupMenu& opened) { opened.addItem({.text = QStringLiteral("One"), .action = [] {}}); });
+    button.show();
+    EXPECT_EQ(accessible(button).role(), QAccessible::ButtonMenu);
+    EXPECT_EQ(accessible(button).text(QAccessible::Name), QStringLiteral("Any Column"));
+    EXPECT_EQ(accessible(button).text(QAccessible::Description),
+              QStringLiteral("Only rows with a change in one column"));
+    EXPECT_TRUE(accessible(button).state().hasPopup);
+    EXPECT_FALSE(accessible(button).state().expanded);
+    ASSERT_TRUE(accessible(button).actionInterface());
+    EXPECT_TRUE(
+        accessible(button).actionInterface()->actionNames().contains(QAccessibleActionInterface::showMenuAction()));
+    accessible(button).actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    EXPECT_TRUE(button.menu()->isVisible());
+    EXPECT_TRUE(accessible(button).state().expanded);
+    button.menu()->close();
+    button.setEnabled(false);
+    EXPECT_FALSE(
+        accessible(button).actionInterface()->actionNames().contains(QAccessibleActionInterface::showMenuAction()));
+}
+
+TEST(Button, IsHigherAndWiderInALargerFont) {
+    Button button(Button::Face::inCard, theme(), nullptr);
+    button.setLabel(QStringLiteral("headers in row 1"));
+    const QSize usual = button.sizeHint();
+    EXPECT_EQ(usual.height(), 22);
+    const QFont font = QApplication::font();
+    QFont larger = font;
+    larger.setPixelSize(40);
+    QApplication::setFont(larger);
+    EXPECT_GE(button.sizeHint().height(), 36);
+    EXPECT_GT(button.sizeHint().width(), 2 * usual.width());
+    QApplication::setFont(font);
+    EXPECT_EQ(button.sizeHint(), usual);
+}
+
+TEST(Labels, AreTextToAScreenReader) {
+    ElidedLabel elided(TextRole::body, theme(), nullptr);
+    elided.setText(QStringLiteral("2 rows · 2 columns"));
+    EXPECT_EQ(accessible(elided).role(), QAccessible::StaticText);
+    EXPECT_EQ(accessible(elided).text(QAccessible::Name), QStringLiteral("2 rows · 2 columns"));
+    SymbolLabel symbol({.symbol = QStringLiteral("key"),
+                        .symbolSize = 16,
+                        .text = TextRole::body,
+                        .padding = 0,
+                        .color = [](const Palette& palette) { return palette.text2; }},
+                       QStringLiteral("Match rows by"),
+                       theme(),
+                       nullptr);
+    EXPECT_EQ(accessible(symbol).role(), QAccessible::StaticText);
+    EXPECT_EQ(accessible(symbol).text(QAccessible::Name), QStringLiteral("Match rows by"));
 }
 
 TEST(Button, SwitchingMovesNothing) {

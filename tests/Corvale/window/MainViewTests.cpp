@@ -25,11 +25,11 @@ constexpr auto after = "ID,Name\n1,Pen\n2,Mug\n4,Ink\n";
 
 class MainViewTest : public WindowTest {
 protected:
-    FileCard& card(Side side) { return *window.findChild<FilesBar*>()->card(side); }
+    FileCard& card(Side side) { return *m_window.findChild<FilesBar*>()->card(side); }
     // The texts of the labels and buttons that show in the empty state.
     std::vector<std::string> stateTexts() const {
         std::vector<std::string> texts;
-        for (const QWidget* widget : empty.findChildren<QWidget*>()) {
+        for (const QWidget* widget : m_empty.findChildren<QWidget*>()) {
             const auto* const label = qobject_cast<const QLabel*>(widget);
             const auto* const pushButton = qobject_cast<const QPushButton*>(widget);
             if (widget->isVisible() && (label != nullptr || pushButton != nullptr)) {
@@ -39,7 +39,7 @@ protected:
         return texts;
     }
     QPushButton& stateButton(const std::string& text) const {
-        for (auto* candidate : empty.findChildren<QPushButton*>()) {
+        for (auto* candidate : m_empty.findChildren<QPushButton*>()) {
             if (candidate->isVisible() && candidate->text() == QString::fromStdString(text)) {
                 return *candidate;
             }
@@ -47,8 +47,8 @@ protected:
         throw std::runtime_error("no button " + text);
     }
 
-    EmptyState& empty = *window.findChild<EmptyState*>();
-    DiffGrid& grid = window.view().grid();
+    EmptyState& m_empty = *m_window.findChild<EmptyState*>();
+    DiffGrid& m_grid = m_window.view().grid();
 };
 
 TEST_F(MainViewTest, AnEmptyWindowSaysWhatToDo) {
@@ -61,66 +61,66 @@ TEST_F(MainViewTest, AnEmptyWindowSaysWhatToDo) {
             "Choose Files…",
             "Try the Sample"}));
     QTest::mouseClick(&stateButton("Choose Files…"), Qt::LeftButton);
-    ASSERT_EQ(platform.openPanels.size(), 1U);
-    EXPECT_TRUE(platform.openPanels[0].allowsSeveral);
+    ASSERT_EQ(m_platform.openPanels.size(), 1U);
+    EXPECT_TRUE(m_platform.openPanels[0].allowsSeveral);
     QTest::mouseClick(&stateButton("Try the Sample"), Qt::LeftButton);
-    platform.settle();
-    EXPECT_TRUE(model.result());
-    EXPECT_FALSE(empty.isVisible());
+    m_platform.settle();
+    EXPECT_TRUE(m_model.result());
+    EXPECT_FALSE(m_empty.isVisible());
 }
 
 TEST_F(MainViewTest, WithOneFileItAsksForTheOther) {
     open(before, Side::before);
     EXPECT_EQ(stateTexts(), (std::vector<std::string>{"Choose the newer file (After).", "Choose…"}));
     QTest::mouseClick(&stateButton("Choose…"), Qt::LeftButton);
-    EXPECT_FALSE(platform.openPanels.back().allowsSeveral);
-    model.swap();
+    EXPECT_FALSE(m_platform.openPanels.back().allowsSeveral);
+    m_model.swap();
     EXPECT_EQ(stateTexts(), (std::vector<std::string>{"Choose the older file (Before).", "Choose…"}));
     QTest::mouseClick(&stateButton("Choose…"), Qt::LeftButton);
-    EXPECT_TRUE(platform.openPanels.back().allowsSeveral);
+    EXPECT_TRUE(m_platform.openPanels.back().allowsSeveral);
 }
 
 TEST_F(MainViewTest, AComparisonCancelledBeforeItsFirstResultCanBeStartedAgain) {
     open(before, Side::before);
-    platform.files["after.csv"] = after;
-    model.load(TestSupport::ScriptedPlatform::url("after.csv"), Side::after);
-    while (!model.progress()) {
-        platform.work();
-        platform.deliver();
+    m_platform.files["after.csv"] = after;
+    m_model.load(TestSupport::ScriptedPlatform::url("after.csv"), Side::after);
+    while (!m_model.progress()) {
+        m_platform.work();
+        m_platform.deliver();
     }
     EXPECT_TRUE(stateTexts().empty());
-    model.cancel();
-    platform.settle();
+    m_model.cancel();
+    m_platform.settle();
     EXPECT_EQ(stateTexts(), (std::vector<std::string>{"Not compared yet", "Compare"}));
     QTest::mouseClick(&stateButton("Compare"), Qt::LeftButton);
-    platform.settle();
-    EXPECT_TRUE(grid.isVisible());
+    m_platform.settle();
+    EXPECT_TRUE(m_grid.isVisible());
 }
 
 TEST_F(MainViewTest, AResultShowsTheGridAndTheDetails) {
-    auto& details = *window.findChild<RowInspector*>();
-    EXPECT_FALSE(grid.isVisible());
-    window.resize(1280, 800);
+    auto& details = *m_window.findChild<RowInspector*>();
+    EXPECT_FALSE(m_grid.isVisible());
+    m_window.resize(1280, 800);
     compare(before, after);
     QApplication::processEvents();
-    EXPECT_TRUE(grid.isVisible());
+    EXPECT_TRUE(m_grid.isVisible());
     EXPECT_TRUE(details.isVisible());
     EXPECT_EQ(details.width(), 264);
-    model.toggleInspector();
+    m_model.toggleInspector();
     EXPECT_FALSE(details.isVisible());
-    model.toggleInspector();
+    m_model.toggleInspector();
     EXPECT_TRUE(details.isVisible());
     QApplication::processEvents();
     EXPECT_EQ(details.width(), 264);
-    model.close(Side::before);
-    EXPECT_FALSE(grid.isVisible());
+    m_model.close(Side::before);
+    EXPECT_FALSE(m_grid.isVisible());
 }
 
 TEST_F(MainViewTest, DetailsAreNarrowerInANarrowWindow) {
     compare(before, after);
-    auto& details = *window.findChild<RowInspector*>();
+    auto& details = *m_window.findChild<RowInspector*>();
     for (const auto& [width, wanted] : {std::pair(900, 240), {760, 220}, {1280, 264}}) {
-        window.resize(width, 600);
+        m_window.resize(width, 600);
         QApplication::processEvents();
         EXPECT_EQ(details.width(), wanted) << width;
     }
@@ -128,14 +128,14 @@ TEST_F(MainViewTest, DetailsAreNarrowerInANarrowWindow) {
 
 TEST_F(MainViewTest, AResultTakesTheKeyboardToTheGrid) {
     compare(before, after);
-    EXPECT_EQ(window.focusWidget(), &grid);
+    EXPECT_EQ(m_window.focusWidget(), &m_grid);
 }
 
 TEST_F(MainViewTest, AResultLeavesTheKeyboardToWhoIsTyping) {
     compare(before, after);
-    model.setFocusSearch(true);
-    model.compare();
-    platform.settle();
+    m_model.setFocusSearch(true);
+    m_model.compare();
+    m_platform.settle();
     EXPECT_TRUE(named<QWidget>("Search rows").hasFocus());
 }
 
@@ -143,19 +143,19 @@ TEST_F(MainViewTest, F8GoesToTheNextChangeFromAnywhere) {
     compare(before, after);
     for (const char* name : {"Search rows", "Unified", "Close this file"}) {
         auto& control = named<QWidget>(name);
-        model.select(std::nullopt);
+        m_model.select(std::nullopt);
         control.setFocus();
         QTest::keyClick(&control, Qt::Key_F8);
-        EXPECT_EQ(grid.selectedLine(), 0) << name;
+        EXPECT_EQ(m_grid.selectedLine(), 0) << name;
         EXPECT_TRUE(control.hasFocus()) << name;
     }
 }
 
 TEST_F(MainViewTest, AProblemIsShownUntilItIsRead) {
-    auto& alert = *window.findChild<ProblemAlert*>();
+    auto& alert = *m_window.findChild<ProblemAlert*>();
     EXPECT_FALSE(alert.isVisible());
     open("\x01\x02\x03", Side::before, "photo.jpg");
-    ASSERT_TRUE(model.problem());
+    ASSERT_TRUE(m_model.problem());
     EXPECT_TRUE(alert.isVisible());
     EXPECT_TRUE(alert.isModal());
     EXPECT_EQ(alert.windowTitle(), QStringLiteral("Something went wrong"));
@@ -165,19 +165,19 @@ TEST_F(MainViewTest, AProblemIsShownUntilItIsRead) {
     EXPECT_EQ(ok.text(), QStringLiteral("OK"));
     EXPECT_EQ(alert.focusWidget(), &ok);
     QTest::mouseClick(&ok, Qt::LeftButton);
-    EXPECT_FALSE(model.problem());
+    EXPECT_FALSE(m_model.problem());
     EXPECT_FALSE(alert.isVisible());
     open("\x01\x02\x03", Side::before, "photo.jpg");
     EXPECT_TRUE(alert.isVisible());
     QTest::keyClick(&alert, Qt::Key_Escape);
-    EXPECT_FALSE(model.problem());
+    EXPECT_FALSE(m_model.problem());
 }
 
 TEST_F(MainViewTest, AProblemWithALongFileNameIsReadWhole) {
-    auto& text = *window.findChild<ProblemAlert*>()->findChild<ValueText*>();
+    auto& text = *m_window.findChild<ProblemAlert*>()->findChild<ValueText*>();
     open("\x01", Side::before, "photo.jpg");
     const int usual = text.height();
-    model.dismissProblem();
+    m_model.dismissProblem();
     open("\x01", Side::before, std::string(240, 'm') + ".jpg");
     EXPECT_GT(text.height(), 4 * usual);
     EXPECT_LE(text.document()->size().height(), text.height());
@@ -185,58 +185,58 @@ TEST_F(MainViewTest, AProblemWithALongFileNameIsReadWhole) {
 }
 
 TEST_F(MainViewTest, AFileDroppedOnTheWindowFillsTheFirstEmptySide) {
-    platform.files = {{"one.csv", before}, {"two.csv", after}, {"three.csv", after}};
-    EXPECT_TRUE(dragInto(grid, {"/one.csv"}));
+    m_platform.files = {{"one.csv", before}, {"two.csv", after}, {"three.csv", after}};
+    EXPECT_TRUE(dragInto(m_grid, {"/one.csv"}));
     EXPECT_TRUE(card(Side::before).targeted());
     EXPECT_FALSE(card(Side::after).targeted());
-    dragOutOf(window.view());
+    dragOutOf(m_window.view());
     EXPECT_FALSE(card(Side::before).targeted());
-    EXPECT_TRUE(drop(window.view(), {"/one.csv"}));
+    EXPECT_TRUE(drop(m_window.view(), {"/one.csv"}));
     EXPECT_FALSE(card(Side::before).targeted());
-    platform.settle();
-    EXPECT_EQ(model.before()->name, "one.csv");
-    dragInto(window.view(), {"/two.csv"});
+    m_platform.settle();
+    EXPECT_EQ(m_model.before()->name, "one.csv");
+    dragInto(m_window.view(), {"/two.csv"});
     EXPECT_TRUE(card(Side::after).targeted());
-    EXPECT_TRUE(drop(window.view(), {"/two.csv"}));
-    platform.settle();
-    EXPECT_EQ(model.after()->name, "two.csv");
-    EXPECT_TRUE(drop(window.view(), {"/three.csv"}));
-    platform.settle();
-    EXPECT_EQ(model.before()->name, "one.csv");
-    EXPECT_EQ(model.after()->name, "three.csv");
+    EXPECT_TRUE(drop(m_window.view(), {"/two.csv"}));
+    m_platform.settle();
+    EXPECT_EQ(m_model.after()->name, "two.csv");
+    EXPECT_TRUE(drop(m_window.view(), {"/three.csv"}));
+    m_platform.settle();
+    EXPECT_EQ(m_model.before()->name, "one.csv");
+    EXPECT_EQ(m_model.after()->name, "three.csv");
 }
 
 TEST_F(MainViewTest, TwoFilesDroppedOnTheWindowFillBothSides) {
-    platform.files = {{"one.csv", before}, {"two.csv", after}};
-    dragInto(window.view(), {"/one.csv", "/two.csv"});
+    m_platform.files = {{"one.csv", before}, {"two.csv", after}};
+    dragInto(m_window.view(), {"/one.csv", "/two.csv"});
     EXPECT_TRUE(card(Side::before).targeted());
     EXPECT_TRUE(card(Side::after).targeted());
-    EXPECT_TRUE(drop(window.view(), {"/one.csv", "/two.csv"}));
-    platform.settle();
-    EXPECT_EQ(model.before()->name, "one.csv");
-    EXPECT_EQ(model.after()->name, "two.csv");
+    EXPECT_TRUE(drop(m_window.view(), {"/one.csv", "/two.csv"}));
+    m_platform.settle();
+    EXPECT_EQ(m_model.before()->name, "one.csv");
+    EXPECT_EQ(m_model.after()->name, "two.csv");
 }
 
 TEST_F(MainViewTest, AFolderAndThreeFilesDroppedOnTheWindowAreRefused) {
     const QTemporaryDir folder;
-    EXPECT_FALSE(drop(window.view(), {folder.path().toStdString()}));
-    EXPECT_FALSE(drop(window.view(), {"/one.csv", "/two.csv", "/three.csv"}));
+    EXPECT_FALSE(drop(m_window.view(), {folder.path().toStdString()}));
+    EXPECT_FALSE(drop(m_window.view(), {"/one.csv", "/two.csv", "/three.csv"}));
     EXPECT_FALSE(card(Side::before).targeted());
-    EXPECT_TRUE(model.loading().empty());
+    EXPECT_TRUE(m_model.loading().empty());
 }
 
 TEST_F(MainViewTest, TabGoesInReadingOrder) {
     compare("ID,Name,Price\n1,Pen,2\n2,Cup,3.0\n2,Cup,3\n", "ID,Name,Price\n1,Pin,2\n2,Cup,3\n2,Cup,3\n");
-    model.setMatch(MatchChoice::key("ID"));
-    platform.settle();
+    m_model.setMatch(MatchChoice::key("ID"));
+    m_platform.settle();
     button("Unified").setFocus();
     std::vector<std::string> names;
-    for (const QWidget* focused = window.focusWidget(); names.size() < 30; focused = window.focusWidget()) {
-        names.push_back(focused == &grid ? "grid" : focused->accessibleName().toStdString());
-        if (focused == &grid) {
+    for (const QWidget* focused = m_window.focusWidget(); names.size() < 30; focused = m_window.focusWidget()) {
+        names.push_back(focused == &m_grid ? "grid" : focused->accessibleName().toStdString());
+        if (focused == &m_grid) {
             break;
         }
-        QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+        QTest::keyClick(m_window.focusWidget(), Qt::Key_Tab);
     }
     EXPECT_EQ(names,
               (std::vector<std::string>{"Unified",
@@ -266,10 +266,10 @@ TEST_F(MainViewTest, TabReachesTheEmptyCards) {
     button("Unified").setFocus();
     std::vector<std::string> names;
     for (int i = 0; i < 5; ++i) {
-        const auto* const pushButton = qobject_cast<QPushButton*>(window.focusWidget());
+        const auto* const pushButton = qobject_cast<QPushButton*>(m_window.focusWidget());
         names.push_back(
-            (pushButton != nullptr ? pushButton->text() : window.focusWidget()->accessibleName()).toStdString());
-        QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+            (pushButton != nullptr ? pushButton->text() : m_window.focusWidget()->accessibleName()).toStdString());
+        QTest::keyClick(m_window.focusWidget(), Qt::Key_Tab);
     }
     EXPECT_EQ(names, (std::vector<std::string>{"Unified", "Choose…", "Choose…", "Choose Files…", "Try the Sample"}));
 }

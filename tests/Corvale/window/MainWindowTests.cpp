@@ -12,50 +12,50 @@ class MainWindowTest : public WindowTest {
 protected:
     void startExport() {
         compare("ID,Name\n1,Pen\n2,Cup\n", "ID,Name\n1,Pen\n2,Mug\n");
-        model.exportReport(ReportKind::html);
-        platform.chooseTarget("report.html");
-        ASSERT_TRUE(model.exporting());
+        m_model.exportReport(ReportKind::html);
+        m_platform.chooseTarget("report.html");
+        ASSERT_TRUE(m_model.exporting());
     }
 };
 
 TEST_F(MainWindowTest, IsNamedAndNeverTooSmall) {
-    EXPECT_EQ(window.windowTitle(), QStringLiteral("Corvale"));
-    EXPECT_EQ(window.minimumSize(), QSize(760, 480));
+    EXPECT_EQ(m_window.windowTitle(), QStringLiteral("Corvale"));
+    EXPECT_EQ(m_window.minimumSize(), QSize(760, 480));
 }
 
 TEST_F(MainWindowTest, Closes) {
-    EXPECT_TRUE(window.close());
-    EXPECT_FALSE(window.isVisible());
+    EXPECT_TRUE(m_window.close());
+    EXPECT_FALSE(m_window.isVisible());
 }
 
 TEST_F(MainWindowTest, ClosesOnceTheReportIsWritten) {
     startExport();
-    EXPECT_FALSE(window.close());
-    EXPECT_TRUE(window.isVisible());
-    platform.settle();
-    EXPECT_EQ(platform.files.count("report.html"), 1U);
-    EXPECT_FALSE(window.isVisible());
+    EXPECT_FALSE(m_window.close());
+    EXPECT_TRUE(m_window.isVisible());
+    m_platform.settle();
+    EXPECT_EQ(m_platform.files.count("report.html"), 1U);
+    EXPECT_FALSE(m_window.isVisible());
 }
 
 TEST_F(MainWindowTest, StaysOpenToTellThatTheReportFailed) {
-    platform.writeFailure = "Disk full";
+    m_platform.writeFailure = "Disk full";
     startExport();
-    window.close();
-    platform.settle();
-    EXPECT_EQ(model.problem(), QStringLiteral("The report couldn’t be saved: Disk full"));
-    EXPECT_TRUE(window.isVisible());
-    model.dismissProblem();
-    EXPECT_TRUE(window.close());
+    m_window.close();
+    m_platform.settle();
+    EXPECT_EQ(m_model.problem(), QStringLiteral("The report couldn’t be saved: Disk full"));
+    EXPECT_TRUE(m_window.isVisible());
+    m_model.dismissProblem();
+    EXPECT_TRUE(m_window.close());
 }
 
 TEST_F(MainWindowTest, AReportAloneClosesNothing) {
     startExport();
-    platform.settle();
-    EXPECT_TRUE(window.isVisible());
+    m_platform.settle();
+    EXPECT_TRUE(m_window.isVisible());
 }
 
 TEST_F(MainWindowTest, FollowsTheDesktopBetweenLightAndDark) {
-    const auto backgroundOf = [this] { return window.grab().toImage().pixelColor(640, 50); };
+    const auto backgroundOf = [this] { return m_window.grab().toImage().pixelColor(640, 50); };
     const QColor light = backgroundOf();
     const QPalette desktop = QApplication::palette();
     QPalette dark = desktop;

@@ -17,8 +17,8 @@ constexpr auto after = "id,Name,Price,Note\n1,Pen,2.50,a\n2,Mug,4.00,b\n4,Ink,1.
 
 class MatchBarTest : public WindowTest {
 protected:
-    const DiffOptions& options() const { return model.settings().options; }
-    Button& ignore() { return button(ignoreName()); }
+    const DiffOptions& options() const { return m_model.settings().options; }
+    Button& ignore() { return *m_ignore; }
     Button& columns() { return *m_columns; }
 
     void comparePair() {
@@ -38,7 +38,7 @@ TEST_F(MatchBarTest, ShowsOnceBothSidesAreLoaded) {
     EXPECT_FALSE(shows("Ignoring 2 of 4"));
     open(after, Side::after, "after.csv");
     EXPECT_TRUE(shows("Ignoring 2 of 4"));
-    model.close(Side::before);
+    m_model.close(Side::before);
     EXPECT_FALSE(shows("Ignoring 2 of 4"));
 }
 
@@ -48,10 +48,10 @@ TEST_F(MatchBarTest, MatchMenuOffersSharedColumnsAndRowOrder) {
     EXPECT_EQ(match.label(), QStringLiteral("ID (suggested)"));
     EXPECT_EQ(itemsOf(match), (Items{"✓ ID (suggested)", "Name", "Price", "-", "Row order (no key column)"}));
     pick(match, "Name");
-    EXPECT_EQ(model.match(), MatchChoice::key("Name"));
+    EXPECT_EQ(m_model.match(), MatchChoice::key("Name"));
     EXPECT_EQ(match.label(), QStringLiteral("Name"));
     pick(match, "Row order (no key column)");
-    EXPECT_EQ(model.match(), MatchChoice::rowOrder());
+    EXPECT_EQ(m_model.match(), MatchChoice::rowOrder());
     EXPECT_EQ(itemsOf(match), (Items{"ID (suggested)", "Name", "Price", "-", "✓ Row order (no key column)"}));
 }
 
@@ -71,7 +71,7 @@ TEST_F(MatchBarTest, NumberStyleMenuNamesTheDetectedStyle) {
     EXPECT_EQ(style.label(), QStringLiteral("Numbers like 1.234,56"));
     EXPECT_EQ(itemsOf(style),
               (Items{"Automatic (Numbers like 1,234.56)", "Numbers like 1,234.56", "✓ Numbers like 1.234,56"}));
-    platform.settle();
+    m_platform.settle();
     // A result that was told the style detected none.
     EXPECT_EQ(itemsOf(style), (Items{"Numbers: automatic", "Numbers like 1,234.56", "✓ Numbers like 1.234,56"}));
 }
@@ -106,7 +106,7 @@ TEST_F(MatchBarTest, IgnoreMenuStaysOpenWhileTicking) {
     EXPECT_TRUE(menu.isVisible());
     EXPECT_TRUE(ignoreCase->isChecked());
     EXPECT_TRUE(options().ignoreCase);
-    platform.settle();
+    m_platform.settle();
     EXPECT_TRUE(menu.isVisible());
     menu.setActiveAction(menu.actions().at(1));
     QTest::keyClick(&menu, Qt::Key_Space);
@@ -145,17 +145,18 @@ TEST_F(MatchBarTest, TickingAColumnEnablesComparingEveryColumnAtOnce) {
 }
 
 TEST_F(MatchBarTest, ColumnsIgnoredInOtherFilesAreNotCounted) {
-    AppSettings settings = model.settings();
+    AppSettings settings = m_model.settings();
     settings.options.ignoredColumns = {"Elsewhere"};
-    model.setSettings(settings);
+    m_model.setSettings(settings);
     comparePair();
+    EXPECT_EQ(columns().label(), QStringLiteral("Ignore Columns"));
     EXPECT_EQ(itemsOf(columns()).back(), "Compare Every Column");
 }
 
 TEST_F(MatchBarTest, AColumnIsIgnoredWhateverItsLetterCase) {
-    AppSettings settings = model.settings();
+    AppSettings settings = m_model.settings();
     settings.options.ignoredColumns = {"PRICE"};
-    model.setSettings(settings);
+    m_model.setSettings(settings);
     compare(before, after);
     Button& menu = button("Ignoring 1 columns");
     EXPECT_EQ(itemsOf(menu).at(2), "✓ Price");
@@ -184,27 +185,27 @@ TEST_F(MatchBarTest, EveryMenuHasItsHelp) {
 
 TEST_F(MatchBarTest, ChangesComeFromTheUserAlone) {
     comparePair();
-    const int stores = platform.stores;
-    const auto generation = model.compareGeneration();
+    const int stores = m_platform.stores;
+    const auto generation = m_model.compareGeneration();
     named<MatchBar>("Matching").refresh();
     itemsOf(ignore());
     itemsOf(columns());
-    EXPECT_EQ(platform.stores, stores);
-    EXPECT_EQ(model.compareGeneration(), generation);
+    EXPECT_EQ(m_platform.stores, stores);
+    EXPECT_EQ(m_model.compareGeneration(), generation);
 }
 
 TEST_F(MatchBarTest, ItsMenusGoWithTheFilesThatTheyListTheColumnsOf) {
     comparePair();
     PopupMenu& menu = *button("Match rows by: ID (suggested)").menu();
     menu.open();
-    model.close(Side::after);
+    m_model.close(Side::after);
     EXPECT_FALSE(menu.isVisible());
 }
 
 TEST_F(MatchBarTest, NumberStyleGivesWayFirst) {
     const std::string longName(60, 'x');
     compare(longName + ",Price\n1,2\n2,3\n", longName + ",Price\n1,2\n2,4\n");
-    window.resize(760, 480);
+    m_window.resize(760, 480);
     QApplication::processEvents();
     const Button& style = button("Automatic (Numbers like 1,234.56)");
     EXPECT_LT(style.width(), style.sizeHint().width());

@@ -23,19 +23,15 @@ QString described(const QAction& action) {
     return action.isChecked() ? QStringLiteral("✓ ") + shown : shown;
 }
 
-std::unique_ptr<AppModel> modelOn(ScriptedPlatform& platform) {
+// As the window finds it when the welcome sheet was seen before.
+ScriptedPlatform& prepared(ScriptedPlatform& platform) {
     AppSettings settings;
     settings.onboardingDone = true;
     platform.stored["settings"] = settings.encoded();
-    return std::make_unique<AppModel>(platform);
+    return platform;
 }
 
 }  // namespace
-
-Theme& theme() {
-    static Theme* const theme = new Theme(*qApp);
-    return *theme;
-}
 
 std::vector<std::string> itemsOf(const Button& button) {
     button.menu()->open();
@@ -70,30 +66,30 @@ std::unique_ptr<QMimeData> dragOf(const std::vector<std::string>& paths) {
     return data;
 }
 
-WindowTest::WindowTest() : m_model(modelOn(platform)), model(*m_model), window(model, platform, theme()) {
+WindowTest::WindowTest() : m_model(prepared(m_platform)), m_window(m_model, m_platform, theme()) {
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    window.show();
-    window.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    m_window.show();
+    m_window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&m_window));
 }
 
 void WindowTest::compare(const std::string& before, const std::string& after) {
-    platform.files["before.csv"] = before;
-    platform.files["after.csv"] = after;
-    model.open({ScriptedPlatform::url("before.csv"), ScriptedPlatform::url("after.csv")}, Side::before);
-    platform.settle();
+    m_platform.files["before.csv"] = before;
+    m_platform.files["after.csv"] = after;
+    m_model.open({ScriptedPlatform::url("before.csv"), ScriptedPlatform::url("after.csv")}, Side::before);
+    m_platform.settle();
 }
 
 void WindowTest::open(const std::string& text, Side side, const std::string& name) {
-    platform.files[name] = text;
-    model.load(ScriptedPlatform::url(name), side);
-    platform.settle();
+    m_platform.files[name] = text;
+    m_model.load(ScriptedPlatform::url(name), side);
+    m_platform.settle();
 }
 
 QWidget* WindowTest::childNamed(const std::string& name) {
     // One that shows before one that does not: the two cards have parts of the same name.
     QWidget* found = nullptr;
-    for (QWidget* widget : window.findChildren<QWidget*>()) {
+    for (QWidget* widget : m_window.findChildren<QWidget*>()) {
         if (widget->accessibleName() == QString::fromStdString(name) &&
             (found == nullptr || (!found->isVisible() && widget->isVisible()))) {
             found = widget;
@@ -109,7 +105,7 @@ bool WindowTest::shows(const std::string& name) {
 
 std::string WindowTest::names() {
     QStringList names;
-    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+    for (const QWidget* widget : m_window.findChildren<QWidget*>()) {
         if (!widget->accessibleName().isEmpty()) {
             names.append(widget->accessibleName());
         }

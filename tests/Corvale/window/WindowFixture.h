@@ -11,16 +11,13 @@
 #include <vector>
 
 #include "Corvale/model/AppModel.h"
-#include "Corvale/style/Theme.h"
 #include "Corvale/window/Button.h"
 #include "Corvale/window/MainView.h"
 #include "Corvale/window/MainWindow.h"
 #include "tests/Corvale/model/ScriptedPlatform.h"
+#include "tests/support-qt/TestTheme.h"
 
 namespace corvale::TestSupport {
-
-// The theme of the test program.
-Theme& theme();
 
 // The items of a menu as it would open now: titles as "[title]", separators as "-", ticked items as "✓ item", disabled
 // ones as "(item)".
@@ -55,14 +52,13 @@ protected:
     bool shows(const std::string& name);
 
     // A drag of files over the widget that ends with a drop, as the system sends it. Returns whether they were taken.
-    bool drop(QWidget& target, const std::vector<std::string>& paths);
-    bool dragInto(QWidget& target, const std::vector<std::string>& paths);
-    void dragOutOf(QWidget& target);
+    static bool drop(QWidget& target, const std::vector<std::string>& paths);
+    static bool dragInto(QWidget& target, const std::vector<std::string>& paths);
+    static void dragOutOf(QWidget& target);
 
-    ScriptedPlatform platform;
-    std::unique_ptr<AppModel> m_model;
-    AppModel& model;
-    MainWindow window;
+    ScriptedPlatform m_platform;
+    AppModel m_model;
+    MainWindow m_window;
 
 private:
     QWidget* childNamed(const std::string& name);

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -175,6 +176,21 @@ TEST(Numbers, NothingTimesAnyPowerIsNothing) {
             EXPECT_EQ(Numbers::decimal(nothing + "e" + exponent), 0.0) << nothing << "e" << exponent;
         }
     }
+}
+
+TEST(Numbers, AreAppendedWhateverTheirLength) {
+    std::string text = "x";
+    Numbers::append(text, std::numeric_limits<std::int64_t>::min());
+    EXPECT_EQ(text, "x-9223372036854775808");
+    text = "x";
+    Numbers::append(text, -std::numeric_limits<double>::denorm_min());
+    EXPECT_EQ(text, "x-5e-324");
+    text = "x";
+    Numbers::append(text, -2.2250738585072014e-308);
+    EXPECT_EQ(text, "x-2.2250738585072014e-308");
+    text = "x";
+    Numbers::append(text, -2.2250738585072014e-308, std::chars_format::general, 17);
+    EXPECT_EQ(text, "x-2.2250738585072014e-308");
 }
 
 TEST(Numbers, AnExponentAloneIsNoNumber) {

@@ -114,16 +114,5 @@ TEST(ComparisonTexts, KeepTheirTable) {
     EXPECT_EQ(row(texts, 0), (Texts{"clean", "un clean"}));
 }
 
-TEST(CellReduction, KeysAlwaysLoseTheirSpaces) {
-    DiffOptions options;
-    options.ignoreWhitespace = false;
-    std::string target;
-    const DataTable source = table("A\n a\n");
-    EXPECT_FALSE(CellReduction::ofCells(options, NumberStyle::dotDecimal).append(target, source.rows()[0][0]));
-    EXPECT_EQ(target, "");
-    EXPECT_TRUE(CellReduction::ofKeys(options, NumberStyle::dotDecimal).append(target, source.rows()[0][0]));
-    EXPECT_EQ(target, "a");
-}
-
 }  // namespace
 }  // namespace corvale

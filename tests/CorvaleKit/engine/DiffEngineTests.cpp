@@ -235,6 +235,8 @@ TEST(DiffEngine, AKeyThatATableLacksMatchesNothing) {
         const auto result = compare("ID,Old\n1,x\n", "ID,New\n1,x\n", {}, RowMatch::key(names));
         EXPECT_EQ(result.summary.removed, 1);
         EXPECT_EQ(result.summary.added, 1);
+        EXPECT_EQ(result.blankKeys, BlankKeys{}) << "no row can have a blank key";
+        EXPECT_TRUE(result.duplicates.empty());
     }
 }
 

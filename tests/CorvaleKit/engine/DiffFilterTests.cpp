@@ -1,11 +1,13 @@
 #include <absl/hash/hash.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <optional>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "CorvaleKit/base/Failures.h"
 #include "CorvaleKit/engine/DiffEngine.h"
 #include "CorvaleKit/engine/DiffFilter.h"
 #include "CorvaleKit/text/Text.h"
@@ -85,6 +87,22 @@ TEST(DiffFilter, GivesNothingForAnEmptyResult) {
     const DiffResult result = compared({"ID"}, {}, {}, RowMatch::rowOrder());
     EXPECT_EQ(apply(result, Show::all), Indexes{});
     EXPECT_EQ(apply(DiffResult(), Show::all, {}, "x"), Indexes{});
+}
+
+TEST(DiffFilter, StopsAtEveryPoll) {
+    const DataTable table({"ID"}, Rows(5'000, {"1"}), "t.csv");
+    const DiffResult result = DiffEngine::compare(table, table, RowMatch::rowOrder(), {}, NumberStyle::dotDecimal);
+    constexpr int polls = 2;
+    for (int allowed = 0; allowed <= polls; ++allowed) {
+        int seen = 0;
+        const auto isCancelled = [&] { return ++seen > allowed; };
+        if (allowed < polls) {
+            EXPECT_THROW(DiffFilter{}.apply(result, isCancelled), Cancelled) << allowed;
+        } else {
+            EXPECT_NO_THROW(DiffFilter{}.apply(result, isCancelled));
+        }
+        EXPECT_EQ(seen, std::min(allowed + 1, polls));
+    }
 }
 
 TEST(DiffFilter, ASearchOfSpacesIsNone) {

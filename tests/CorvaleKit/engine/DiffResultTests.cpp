@@ -50,5 +50,25 @@ TEST(DiffResult, RowsAreReachedFromEitherEnd) {
     EXPECT_EQ((*(result.rows.end() - 1)).key, "3");
 }
 
+TEST(DiffSummary, EqualRowsInEqualColumnsAreNoDifference) {
+    DiffSummary summary;
+    EXPECT_FALSE(summary.hasDifferences());
+    summary.same = 3;
+    EXPECT_FALSE(summary.hasDifferences());
+}
+
+TEST(DiffSummary, AnyRowOrColumnOfOneSideAndAnyChangedRowIsADifference) {
+    for (std::int64_t DiffSummary::*field : {&DiffSummary::added,
+                                             &DiffSummary::removed,
+                                             &DiffSummary::changed,
+                                             &DiffSummary::addedColumns,
+                                             &DiffSummary::removedColumns}) {
+        DiffSummary summary;
+        summary.same = 3;
+        summary.*field = 1;
+        EXPECT_TRUE(summary.hasDifferences());
+    }
+}
+
 }  // namespace
 }  // namespace corvale

@@ -147,12 +147,6 @@ TEST(KeyMatching, KeyColumnsPreferTheExactHeader) {
     EXPECT_TRUE(KeyMatching::keyColumns({"Email"}, named).empty());
 }
 
-TEST(KeyMatching, TheDisplayKeyJoinsTrimmedCells) {
-    const DataTable named = DataTable({"A", "B"}, {{" x\n", "\ty y "}}, "t");
-    EXPECT_EQ(KeyMatching::displayKey(named.rows()[0], {0, 1}), "x · y y");
-    EXPECT_EQ(KeyMatching::displayKey(named.rows()[0], {1}), "y y");
-}
-
 // A ragged row and a full one take different ways through the cells.
 TEST(KeyMatching, AKeyColumnMayBeNamedTwice) {
     DiffOptions ignoring;

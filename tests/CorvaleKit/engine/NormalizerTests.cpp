@@ -159,7 +159,7 @@ TEST(Classify, TellsNumbersApartByTheirTwelveDigitsHoweverCloseTheyAre) {
     }
 }
 
-TEST(CellStyleVote, IsCastByNumbersThatOnlyOneStyleAllows) {
+TEST(CellStyleVote, IsCastByNumbersWhoseSeparatorBothStylesAgreeOn) {
     struct Case {
         std::string_view text;
         std::optional<NumberStyle> vote;

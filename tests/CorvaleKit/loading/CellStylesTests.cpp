@@ -61,6 +61,21 @@ TEST(CellStyles, ElementsMayHavePrefixes) {
               (Formats{{Kind::date}}));
 }
 
+TEST(CellStyles, NoMoreAreKeptThanAnyWorkbookHas) {
+    std::string codes;
+    std::string styles;
+    for (std::size_t id = 200; id <= 200 + mostStyles; ++id) {
+        codes += "<numFmt numFmtId=\"" + std::to_string(id) + "\" formatCode=\"0%\"/>";
+        styles += "<xf numFmtId=\"" + std::to_string(id) + "\"/>";
+    }
+    codes += "<numFmt numFmtId=\"200\" formatCode=\"000\"/>";
+    const Formats formats = cellFormats("<s>" + codes + "<cellXfs>" + styles + "</cellXfs></s>");
+    ASSERT_EQ(formats.size(), mostStyles);
+    EXPECT_EQ(formats.front(), (NumberFormat{Kind::zeroPadded, 3}));
+    EXPECT_EQ(formats.back(), NumberFormat{Kind::percent});
+    EXPECT_EQ(cellFormats("<s>" + codes + "<cellXfs><xf numFmtId=\"65736\"/></cellXfs></s>"), Formats{{}});
+}
+
 TEST(CellStyles, CodesThatNoProgramWritesPadNothing) {
     EXPECT_EQ(cellFormats(Workbooks::styles({{164, std::string(255, '0')}, {165, std::string(256, '0')}})),
               (Formats{{Kind::zeroPadded, 255}, {}}));

@@ -35,7 +35,9 @@ DataTable sample() { return DataTable({"id", "name"}, {{"1", "Ann"}, {"2", "Zoë
 
 TEST(DataTable, AStoredHeaderRowBeyondAnyFileIsRefused) {
     const std::string form = R"({"headers":["a"],"rows":[["x"]],"sourceName":"","rowNumbers":[],"headerRowNumber":)";
-    EXPECT_THROW(DataTable::decoded(form + "9223372036854775807}"), DecodingError);
+    for (const char* beyond : {"9007199254740993", "9223372036854775807", "9223372036854775808", "1e300", "1.5"}) {
+        EXPECT_THROW(DataTable::decoded(form + beyond + "}"), DecodingError) << beyond;
+    }
     const DataTable table = DataTable::decoded(form + "7}");
     EXPECT_EQ(table.rowNumbers(), (std::vector<std::int64_t>{8}));
 }
@@ -163,6 +165,7 @@ TEST(DataTable, EncodingAndDecodingLosesTheTopRowsAndKeepsEverythingElse) {
     EXPECT_EQ(back.sourceName(), table.sourceName());
     EXPECT_EQ(back.rowNumbers(), table.rowNumbers());
     EXPECT_EQ(back.headerRowNumber(), table.headerRowNumber());
+    EXPECT_EQ(back.automaticHeaderRowNumber(), table.automaticHeaderRowNumber());
     EXPECT_EQ(table.topRows().size(), 5U);
     EXPECT_TRUE(back.topRows().empty());
     EXPECT_EQ(DataTable::decoded(back.encoded()), back);

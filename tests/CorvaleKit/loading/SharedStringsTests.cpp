@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -64,6 +65,13 @@ TEST(SharedStrings, TextCountsFromTheLastTag) { EXPECT_EQ(stringsOf(Texts{"<t>lo
 TEST(SharedStrings, EntitiesAndLineBreaksRead) {
     EXPECT_EQ(stringsOf(Texts{"<t>a &amp; b &lt;c&gt; &#x1F600;</t>", "<t>one\r\ntwo</t>"}),
               (Texts{"a & b <c> \U0001F600", "one\ntwo"}));
+}
+
+TEST(SharedStrings, NoMoreAreKeptThanAreAskedFor) {
+    const std::string part = Workbooks::sharedStrings({"<t>a</t>", "<t>b</t>", "", "<t>c</t>"});
+    EXPECT_EQ(sharedStrings(part, 2).ends, (std::vector<std::uint64_t>{1, 2}));
+    EXPECT_EQ(sharedStrings(part, 3).ends, (std::vector<std::uint64_t>{1, 2, 2}));
+    EXPECT_EQ(sharedStrings(part).ends, (std::vector<std::uint64_t>{1, 2, 2, 3}));
 }
 
 TEST(SharedStrings, ADamagedPartIsAFailure) { EXPECT_THROW(stringsOf("<sst><si>"), Failure); }

@@ -212,6 +212,7 @@ TEST(SheetReader, AFarCornerInEveryRowTakesLittleRoom) {
     const CellGrid grid = sheetGrid(Bytes(Workbooks::worksheet(sheetData)), workbook());
     ASSERT_EQ(grid.rowCount(), 50'000U);
     EXPECT_EQ(grid.row(49'999).size(), 1000U);
+    EXPECT_EQ(grid.row(49'999).storedCells(), 1U);
     EXPECT_EQ(grid.row(49'999)[999], "1");
 }
 

@@ -180,9 +180,24 @@ TEST(TableBuilder, AChosenHeaderRowCountsInTheSource) {
     for (const auto& [chosen, header, rowNumbers] : cases) {
         const DataTable table = built(rows, chosen);
         EXPECT_EQ(table.headerRowNumber(), header) << chosen;
+        EXPECT_EQ(table.automaticHeaderRowNumber(), 3) << chosen;
         EXPECT_EQ(table.rowNumbers(), rowNumbers) << chosen;
         EXPECT_EQ(table.headers().front(), rows[static_cast<std::size_t>(header) - 1].front()) << chosen;
     }
+}
+
+TEST(TableBuilder, TheAutomaticHeaderIsKnownWhereverTheTableBegins) {
+    // Below and to the right of the rows and cells that are kept for choosing.
+    Rows rows(13);
+    for (const char* const name : {"id", "name"}) {
+        rows.push_back(std::vector<std::string>(20));
+        rows.back().resize(22, name);
+    }
+    rows.insert(rows.begin() + 13, {"title"});
+    EXPECT_EQ(built(rows).headerRowNumber(), 15);
+    EXPECT_EQ(built(rows).automaticHeaderRowNumber(), 15);
+    EXPECT_EQ(built(rows, 16).headerRowNumber(), 16);
+    EXPECT_EQ(built(rows, 16).automaticHeaderRowNumber(), 15);
 }
 
 TEST(TableBuilder, TheWidestRowFromTheHeaderOnDecidesTheColumns) {
@@ -359,7 +374,7 @@ TEST(TableBuilder, AgreesWithTheRulesOnRandomRows) {
 }
 
 // With a step a column, this would take minutes.
-TEST(TableBuilder, AMillionRowsWithOneFarCellCostAMillionSteps) {
+TEST(TableBuilder, AMillionRowsWithOneFarCellMakeATable) {
     std::vector<CellGridBuilder::PlacedCell> cells(1);
     CellGridBuilder builder;
     for (int i = 0; i < 1'000'000; ++i) {

@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <optional>
 #include <ostream>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -125,6 +128,43 @@ TEST(WorkbookSheets, TheDateSystemIsChosenByOneOrTrue) {
     for (const auto& [element, date1904] : cases) {
         EXPECT_EQ(workbookSheets("<workbook>" + element + "</workbook>", std::nullopt).date1904, date1904) << element;
     }
+}
+
+std::string repeated(std::string_view text, std::size_t times) {
+    std::string all;
+    all.reserve(text.size() * times);
+    for (std::size_t i = 0; i < times; ++i) {
+        all += text;
+    }
+    return all;
+}
+
+TEST(WorkbookSheets, NoMoreAreListedThanAnyWorkbookHas) {
+    const std::vector<Sheet> listed =
+        workbookSheets(workbook(repeated("<sheet/>", mostSheets + 2)), std::nullopt).sheets;
+    ASSERT_EQ(listed.size(), mostSheets);
+    EXPECT_EQ(listed.back().path, "xl/worksheets/sheet65536.xml");
+}
+
+TEST(WorkbookSheets, RelationshipsBeyondThoseOfAnyWorkbookAreUnknown) {
+    std::string list;
+    for (std::size_t i = 1; i <= 2 * mostSheets + 1; ++i) {
+        list += "<Relationship Id=\"" + std::to_string(i) + "\" Target=\"a.xml\"/>";
+    }
+    list += "<Relationship Id=\"1\" Target=\"b.xml\"/>";
+    const std::string three = workbook("<sheet id=\"1\"/><sheet id=\"131072\"/><sheet id=\"131073\"/>");
+    EXPECT_EQ(workbookSheets(three, relationships(list)).sheets,
+              (Sheets{{"", "xl/b.xml"}, {"", "xl/a.xml"}, {"", "xl/worksheets/sheet3.xml"}}));
+}
+
+TEST(WorkbookSheets, ATargetLongerThanAnyPathIsNone) {
+    const auto pathFor = [](std::size_t length) {
+        const std::string target(length, 't');
+        const std::string list = relationships("<Relationship Id=\"x\" Target=\"" + target + "\"/>");
+        return workbookSheets(workbook("<sheet id=\"x\"/>"), list).sheets.front().path;
+    };
+    EXPECT_EQ(pathFor(1'024), "xl/" + std::string(1'024, 't'));
+    EXPECT_EQ(pathFor(1'025), "xl/worksheets/sheet1.xml");
 }
 
 TEST(WorkbookSheets, DamagedPartsAreFailures) {

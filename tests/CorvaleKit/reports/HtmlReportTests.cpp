@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <numeric>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "CorvaleKit/engine/DiffEngine.h"
 #include "CorvaleKit/reports/Reports.h"
@@ -46,6 +48,21 @@ std::string between(const std::string& html, std::string_view start, std::string
 
 std::string meta(const std::string& html) { return between(html, "<p class=\"meta\">", "</p>"); }
 std::string body(const std::string& html) { return between(html, "<tbody>\n", "</tbody>"); }
+
+// A page is put together in blocks of 4096 bytes.
+TEST(HtmlReport, TextsOfAnyLengthComeWhole) {
+    std::vector<std::size_t> lengths(11);
+    std::iota(lengths.begin(), lengths.end(), 4'090);
+    lengths.push_back(10'000);
+    for (const std::size_t length : lengths) {
+        const std::string inner(length - 2, 'x');
+        const DataTable before({"ID", "Note"}, {}, "old.csv");
+        const DataTable after({"ID", "Note"}, {{"1", "&" + inner + "&"}}, "new.csv");
+        EXPECT_EQ(body(page(before, after)),
+                  "<tr class=\"a\"><td>Added</td><td>1</td><td>1</td><td>&amp;" + inner + "&amp;</td></tr>\n")
+            << length;
+    }
+}
 
 TEST(HtmlReport, APageInWhole) {
     const std::string html =

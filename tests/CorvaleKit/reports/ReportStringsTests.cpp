@@ -142,7 +142,7 @@ TEST(ReportStrings, ValuesThatFollowALabelBeginSmall) {
     }
 }
 
-TEST(ReportStrings, AreGivenAllAtOnceOrOneByOne) {
+TEST(ReportStrings, OnesThatAreNotGivenKeepTheirEnglish) {
     const ReportStrings strings = {.title = "Stock take"};
     EXPECT_EQ(strings.title, "Stock take");
     EXPECT_EQ(strings.blankKey, "(blank key)");

@@ -197,11 +197,13 @@ TEST(WorksheetPart, TextsAreEscaped) {
 }
 
 TEST(WorksheetPart, SizesBeyondAnyMemoryAreNotReserved) {
-    Cells wide(16'384, {"", Style::plain});
-    WorksheetPart part({1'000'000'000, wide.size(), {}, false, false});
-    part.beginRow();
-    part.cell("a");
-    part.endRow();
+    const auto begin = [] {
+        WorksheetPart part({1'000'000'000, 16'384, {}, false, false});
+        part.beginRow();
+        part.cell("a");
+        part.endRow();
+    };
+    EXPECT_NO_THROW(begin());
 }
 
 TEST(WorksheetPartDeathTest, RowsThatWereAnnouncedMustCome) {

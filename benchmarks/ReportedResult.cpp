@@ -1,4 +1,4 @@
-#include "benchmarks/ReportPair.h"
+#include "benchmarks/ReportedResult.h"
 
 #include "CorvaleKit/engine/DiffEngine.h"
 #include "CorvaleKit/loading/DataLoader.h"
@@ -42,7 +42,7 @@ DiffResult compared() {
 
 }  // namespace
 
-const DiffResult& reportPair() {
+const DiffResult& reportedResult() {
     static const DiffResult result = compared();
     return result;
 }

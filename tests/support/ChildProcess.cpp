@@ -1,4 +1,4 @@
-#include "tests/support-qt/ChildProcess.h"
+#include "tests/support/ChildProcess.h"
 
 #include <grp.h>
 #include <sched.h>

@@ -1,4 +1,4 @@
-#include "Corvale/window/DuplicateKeysTable.h"
+#include "Corvale/window/DuplicateKeysModel.h"
 
 #include "Corvale/model/AppModel.h"
 #include "Corvale/window/Wording.h"
@@ -20,30 +20,30 @@ QString numbers(const std::vector<std::int64_t>& rows) {
 
 }  // namespace
 
-DuplicateKeysTable::DuplicateKeysTable(AppModel& model, QObject* parent)
+DuplicateKeysModel::DuplicateKeysModel(AppModel& model, QObject* parent)
     : QAbstractTableModel(parent), m_model(model) {}
 
-void DuplicateKeysTable::setOpen(bool open) {
+void DuplicateKeysModel::setOpen(bool open) {
     beginResetModel();
     m_open = open;
     endResetModel();
 }
 
-int DuplicateKeysTable::rowCount(const QModelIndex& parent) const {
+int DuplicateKeysModel::rowCount(const QModelIndex& parent) const {
     const auto& result = m_model.result();
     return parent.isValid() || !m_open || !result ? 0 : static_cast<int>(result->duplicates.size());
 }
 
-int DuplicateKeysTable::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : columns; }
+int DuplicateKeysModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : columns; }
 
-QVariant DuplicateKeysTable::data(const QModelIndex& index, int role) const {
+QVariant DuplicateKeysModel::data(const QModelIndex& index, int role) const {
     if (role != Qt::DisplayRole || !index.isValid() || index.row() >= rowCount()) {
         return {};
     }
     return text(m_model.result()->duplicates[static_cast<std::size_t>(index.row())], index.column());
 }
 
-QString DuplicateKeysTable::text(const DuplicateKey& duplicate, int column) {
+QString DuplicateKeysModel::text(const DuplicateKey& duplicate, int column) {
     switch (column) {
         case key:
             return duplicate.key.empty() ? tr("(blank)") : Wording::oneLine(duplicate.key);

@@ -11,14 +11,14 @@ namespace corvale {
 class AppModel;
 
 // The duplicate keys of the result, a line each: key, side, rows. Texts are made for the lines that are asked for.
-class DuplicateKeysTable : public QAbstractTableModel {
+class DuplicateKeysModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
     enum Column : std::uint8_t { key, side, rows, columns };
 
     // The model outlives the table, which reads its result and keeps nothing of it.
-    DuplicateKeysTable(AppModel& model, QObject* parent);
+    DuplicateKeysModel(AppModel& model, QObject* parent);
 
     // Reads the result anew while the list is open; while it is not, there are no lines.
     void setOpen(bool open);
