@@ -53,6 +53,7 @@ public:
         makeRoom();
         return m_table.insert(std::forward<Value>(value));
     }
+    // NOLINTBEGIN(readability-identifier-naming): by the names that a reader knows from absl and the standard library
     template <typename Key, typename... Arguments>
     auto try_emplace(Key&& key, Arguments&&... arguments) {
         makeRoom();
@@ -68,6 +69,7 @@ public:
         makeRoom();
         return m_table.lazy_emplace(key, std::forward<Construct>(construct));
     }
+    // NOLINTEND(readability-identifier-naming)
     template <typename Key>
     auto& operator[](Key&& key) {
         makeRoom();
@@ -90,7 +92,7 @@ private:
     void growTo(std::size_t count) {
         // Until it has its memory it has nothing to give back, and must not try to.
         alignas(Table) std::byte place[sizeof(Table)];
-        Table* const larger = ::new (static_cast<void*>(place)) Table(0, m_table.hash_function(), m_table.key_eq());
+        auto* const larger = ::new (static_cast<void*>(place)) Table(0, m_table.hash_function(), m_table.key_eq());
         larger->reserve(count);
         const std::unique_ptr<Table, void (*)(Table*)> guard(larger, [](Table* table) { table->~Table(); });
         larger->merge(m_table);

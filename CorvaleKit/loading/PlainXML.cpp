@@ -1,5 +1,6 @@
 #include "CorvaleKit/loading/PlainXML.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdint>
@@ -174,12 +175,8 @@ private:
     }
 
     bool isGiven(std::string_view name) const {
-        for (const XMLEvents::Attribute attribute : m_attributes) {
-            if (attribute.name() == name) {
-                return true;
-            }
-        }
-        return false;
+        return std::ranges::any_of(m_attributes,
+                                   [&](const XMLEvents::Attribute attribute) { return attribute.name() == name; });
     }
 
     // Up to the quote.
