@@ -59,15 +59,20 @@ public:
             }
             load(from & ~(blockSize - 1));
         }
-        std::uint64_t left = m_matches & (~std::uint64_t{0} << (from & (blockSize - 1)));
-        while (left == 0) {
+        m_left = m_matches & (~std::uint64_t{0} << (from & (blockSize - 1)));
+        return following();
+    }
+
+    // The first match after the one given last, or the size.
+    std::size_t following() {
+        while (m_left == 0) {
             if (m_block + blockSize >= m_size) {
                 return m_size;
             }
             load(m_block + blockSize);
-            left = m_matches;
         }
-        const std::size_t found = m_block + static_cast<std::size_t>(std::countr_zero(left));
+        const std::size_t found = m_block + static_cast<std::size_t>(std::countr_zero(m_left));
+        m_left &= m_left - 1;
         return found < m_size ? found : m_size;
     }
 
@@ -75,6 +80,7 @@ private:
     void load(std::size_t block) {
         m_block = block;
         m_matches = matches(m_text + block, m_a, m_b, m_c);
+        m_left = m_matches;
     }
 
     const char* m_text;
@@ -84,6 +90,7 @@ private:
     char m_c;
     std::size_t m_block = 0;
     std::uint64_t m_matches = 0;
+    std::uint64_t m_left = 0;  // those after the last one given
 };
 
 }  // namespace corvale::ByteScan

@@ -4,7 +4,8 @@
 #include <string_view>
 
 #include "CorvaleKit/engine/DiffOptions.h"
-#include "CorvaleKit/engine/WhitespaceScan.h"
+#include "CorvaleKit/loading/CellGrid.h"
+#include "CorvaleKit/text/WhitespaceScan.h"
 
 namespace corvale {
 
@@ -25,6 +26,9 @@ struct CellReduction {
     bool mayChange(std::string_view cell) const {
         return !cell.empty() && (number || lowercase || (whitespace && WhitespaceScan::paddedNeedsNormalization(cell)));
     }
+
+    // The same of all cells of a row at once.
+    bool mayChange(const CellRow& row) const { return number || lowercase || (whitespace && !row.isTidy()); }
 
     // For a cell that may change. True when the reduced text differs from `cell` or may do so; it is then appended to
     // `target`. False, and nothing appended, when `cell` is its own reduced text.

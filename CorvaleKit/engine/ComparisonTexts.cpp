@@ -15,6 +15,7 @@ ComparisonTexts::ComparisonTexts(DataTable table, std::vector<std::size_t> colum
     for (std::size_t position = 0; position < m_columns.size(); ++position) {
         m_hasRepeats = m_hasRepeats || m_positions[m_columns[position]] != absent;
         m_positions[m_columns[position]] = position;
+        m_areAdjacent = m_areAdjacent && m_columns[position] == m_columns.front() + position;
     }
     const CellRows& rows = m_table.rows();
     for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -22,7 +23,9 @@ ComparisonTexts::ComparisonTexts(DataTable table, std::vector<std::size_t> colum
             onRow(i);
         }
         const std::size_t before = m_rewritten.size();
-        reduceRow(rows[i], reduction);
+        if (const CellRow row = rows[i]; reduction.mayChange(row)) {
+            reduceRow(row, reduction);
+        }
         if (m_rowStarts.empty() && m_rewritten.size() > before) {
             m_rowStarts.reserve(rows.size() + 1);
             m_rowStarts.assign(i + 1, 0);

@@ -4,7 +4,10 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <span>
 #include <string_view>
+#include <utility>
 
 #include "CorvaleKit/base/HashTables.h"
 #include "CorvaleKit/engine/ColumnMatching.h"
@@ -106,6 +109,9 @@ std::vector<CellValues> valuesOf(const DataTable& table, const std::vector<std::
             });
             continue;
         }
+        if (columns.size() == 1) {
+            table.rows().prefetchBelow(i, columns.front());
+        }
         for (std::size_t place = 0; place < columns.size(); ++place) {
             add(place, row[columns[place]]);
         }
@@ -152,13 +158,18 @@ double ratio(std::size_t part, std::size_t whole) {
     return static_cast<double>(part) / static_cast<double>(std::max<std::size_t>(whole, 1));
 }
 
+double score(std::string_view column, std::size_t place, double uniqueness, double overlap, double fill) {
+    const double weighed = uniquenessWeight * uniqueness + overlapWeight * overlap + fill;
+    return (looksLikeKeyName(column) ? weighed + keyNameBonus : weighed) - positionPenalty * static_cast<double>(place);
+}
+
 // Scores columns of two tables against each other.
 class Scoring {
 public:
     Scoring(const DataTable& before, const DataTable& after) : m_before(before), m_after(after) {}
 
-    // Appends a candidate for each column that has values on both sides.
-    void appendCandidates(std::vector<Candidate>& target, const std::vector<SharedColumn>& columns) {
+    // The candidate of each column; none where a side has no values.
+    std::vector<std::optional<Candidate>> candidates(std::span<const SharedColumn> columns) {
         std::vector<std::size_t> left;
         std::vector<std::size_t> right;
         for (const auto& column : columns) {
@@ -167,11 +178,13 @@ public:
         }
         const auto before = valuesOf(m_before, left);
         const auto after = valuesOf(m_after, right);
+        std::vector<std::optional<Candidate>> candidates(columns.size());
         for (std::size_t i = 0; i < columns.size(); ++i) {
             if (!before[i].empty() && !after[i].empty()) {
-                target.push_back(candidate(columns[i].before, before[i], after[i]));
+                candidates[i] = candidate(columns[i].before, before[i], after[i]);
             }
         }
+        return candidates;
     }
 
 private:
@@ -183,11 +196,7 @@ private:
         result.column = m_before.headers()[column];
         result.uniqueness = std::min(ratio(counts.before, before.size()), ratio(counts.after, after.size()));
         result.overlap = ratio(counts.common, counts.before);
-        result.score = uniquenessWeight * result.uniqueness + overlapWeight * result.overlap + fill;
-        if (looksLikeKeyName(result.column)) {
-            result.score += keyNameBonus;
-        }
-        result.score -= positionPenalty * static_cast<double>(column);
+        result.score = score(result.column, column, result.uniqueness, result.overlap, fill);
         return result;
     }
 
@@ -202,19 +211,53 @@ std::vector<Candidate> candidates(const DataTable& before, const DataTable& afte
     Scoring scoring(before, after);
     const auto shared = sharedColumns(before, after);
     std::vector<Candidate> ranked;
-    for (std::size_t first = 0; first < shared.size(); first += columnsAtOnce) {
-        const std::size_t last = std::min(first + columnsAtOnce, shared.size());
-        const auto begin = shared.begin();
-        scoring.appendCandidates(
-            ranked, {begin + static_cast<std::ptrdiff_t>(first), begin + static_cast<std::ptrdiff_t>(last)});
+    for (std::span<const SharedColumn> left = shared; !left.empty();) {
+        const std::size_t count = std::min(columnsAtOnce, left.size());
+        for (auto& candidate : scoring.candidates(left.first(count))) {
+            if (candidate) {
+                ranked.push_back(std::move(*candidate));
+            }
+        }
+        left = left.subspan(count);
     }
     std::stable_sort(
         ranked.begin(), ranked.end(), [](const Candidate& a, const Candidate& b) { return a.score > b.score; });
     return ranked;
 }
 
+// Most tables have one column with the name and the values of a key. So columns are read in the order of the highest
+// score that each could have, and those that could not reach the best one so far not at all.
 std::optional<std::string> suggestedKey(const DataTable& before, const DataTable& after) {
-    return suggestedKey(candidates(before, after));
+    auto shared = sharedColumns(before, after);
+    std::vector<double> highest(before.headers().size());
+    for (const SharedColumn& column : shared) {
+        highest[column.before] = score(before.headers()[column.before], column.before, 1, 1, 1);
+    }
+    std::stable_sort(shared.begin(), shared.end(), [&](const SharedColumn& a, const SharedColumn& b) {
+        return highest[a.before] > highest[b.before];
+    });
+    Scoring scoring(before, after);
+    std::optional<Candidate> best;
+    std::size_t place = 0;
+    std::size_t atOnce = 1;
+    for (std::span<const SharedColumn> left = shared; !left.empty();) {
+        if (best && highest[left.front().before] < best->score) {
+            break;
+        }
+        const auto columns = left.first(std::min(atOnce, left.size()));
+        auto scored = scoring.candidates(columns);
+        for (std::size_t i = 0; i < columns.size(); ++i) {
+            const bool isBetter = scored[i] && (!best || scored[i]->score > best->score ||
+                                                (scored[i]->score == best->score && columns[i].before < place));
+            if (isBetter) {
+                best = std::move(scored[i]);
+                place = columns[i].before;
+            }
+        }
+        left = left.subspan(columns.size());
+        atOnce = columnsAtOnce;
+    }
+    return best ? suggestedKey(std::vector<Candidate>{*best}) : std::nullopt;
 }
 
 std::optional<std::string> suggestedKey(const std::vector<Candidate>& ranked) {

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "CorvaleKit/engine/WhitespaceScan.h"
 #include "CorvaleKit/text/Text.h"
 #include "CorvaleKit/text/Utf8.h"
+#include "CorvaleKit/text/WhitespaceScan.h"
 
 namespace corvale::Normalizer {
 

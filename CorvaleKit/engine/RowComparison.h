@@ -26,6 +26,9 @@ public:
                 return a[position] != b[position] && predicate(position);
             });
         }
+        if (Row::areAlike(a, b)) {
+            return false;
+        }
         const std::size_t width = a.size();
         for (std::size_t position = 0; position < width; ++position) {
             if (a[position] != b[position] && predicate(position)) {

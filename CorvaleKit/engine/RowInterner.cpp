@@ -5,7 +5,6 @@
 #include <limits>
 
 #include "CorvaleKit/base/HashTables.h"
-#include "CorvaleKit/base/Memory.h"
 #include "CorvaleKit/base/Require.h"
 #include "CorvaleKit/engine/Callbacks.h"
 #include "CorvaleKit/engine/RowComparison.h"
@@ -34,8 +33,8 @@ public:
         for (std::size_t begin = 0; begin < m_before.rowCount(); begin += rowsPerBlock) {
             callEvery4096th(begin, onRow);
             const std::size_t end = std::min(begin + rowsPerBlock, m_before.rowCount());
-            prefetchCells(m_before, end);
             for (std::size_t row = begin; row < end; ++row) {
+                m_before.prefetchBelow(row);
                 const auto texts = m_before.row(row);
                 hashes[row - begin] = m_joinedText.hash(texts);
                 m_beforeSet.prefetch(Candidate{hashes[row - begin], texts});
@@ -55,6 +54,8 @@ public:
         m_afterSet.reserve(m_after.rowCount());
         for (std::size_t row = 0; row < m_after.rowCount(); ++row) {
             callEvery4096th(row, onRow);
+            m_after.prefetchBelow(row);
+            m_before.prefetchBelow(m_likelyRow);
             ids.push_back(idOfAfterRow(row));
         }
         return ids;
@@ -112,14 +113,6 @@ private:
     static void callEvery4096th(std::size_t row, const std::function<void(std::size_t)>& onRow) {
         if (row % rowsPerPoll == 0 && onRow) {
             onRow(row);
-        }
-    }
-
-    // Those of the next block, where a row is no more than one of them.
-    static void prefetchCells(const ComparisonTexts& texts, std::size_t begin) {
-        const std::size_t end = std::min(begin + rowsPerBlock, texts.rowCount());
-        for (std::size_t row = begin; texts.columnCount() == 1 && row < end; ++row) {
-            Memory::prefetch(texts.row(row)[0].data());
         }
     }
 

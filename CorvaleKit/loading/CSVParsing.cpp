@@ -5,6 +5,7 @@
 #include "CorvaleKit/base/ByteScan.h"
 #include "CorvaleKit/loading/CSV.h"
 #include "CorvaleKit/loading/CellGridBuilder.h"
+#include "CorvaleKit/text/WhitespaceScan.h"
 
 namespace corvale::CSV {
 
@@ -22,20 +23,7 @@ public:
     CellGrid parse() {
         reserve();
         while (m_position < m_size) {
-            readCell();
-            if (m_position == m_size) {
-                break;
-            }
-            const char end = m_text[m_position++];
-            if (end != m_delimiter) {
-                m_position += end == '\r' && m_position < m_size && m_text[m_position] == '\n' ? 1U : 0U;
-                m_grid.endRow();
-            } else if (m_position == m_size) {
-                m_grid.addCell(m_size, 0);
-            }
-        }
-        if (m_grid.pendingCells() > 0) {
-            m_grid.endRow();
+            readRow();
         }
         return m_grid.finish(std::move(m_bytes));
     }
@@ -57,18 +45,75 @@ private:
                        static_cast<std::size_t>(static_cast<double>(rows) * factor));
     }
 
-    // Leaves the position at the delimiter or line break that ends the cell, or at the end of the text.
-    void readCell() {
-        if (m_text[m_position] == '"') {
-            readQuotedCell();
-            return;
+    void readRow() {
+        if (startsWithContent()) {
+            m_grid.markNotBlank();
         }
-        const std::size_t end = m_ends.next(m_position);
-        m_grid.addCell(m_position, end - m_position);
+        m_isTidy = true;
+        m_stretch = m_position;
+        do {
+            if (m_text[m_position] == '"') {
+                readQuotedCell();
+            } else {
+                readPlainCells();
+            }
+        } while (takeDelimiter());
+        // While the row's bytes are at hand, its white space is looked at once for all comparisons to come.
+        if (m_isTidy && isTidyUpTo(m_position)) {
+            m_grid.markTidy();
+        }
+        m_grid.endRow();
+        takeLineBreak();
+    }
+
+    // Whether the row's first cell does; a quick look that does not see every such cell.
+    bool startsWithContent() const {
+        const char first = m_text[m_position];
+        return first > ' ' && first <= '~' && first != m_delimiter && first != '"';
+    }
+
+    // True when another cell follows that is to be read.
+    bool takeDelimiter() {
+        if (m_position == m_size || m_text[m_position] != m_delimiter) {
+            return false;
+        }
+        if (++m_position == m_size) {
+            m_grid.addCell(m_size, 0);
+            return false;
+        }
+        return true;
+    }
+
+    void takeLineBreak() {
+        if (m_position < m_size) {
+            const char end = m_text[m_position++];
+            m_position += end == '\r' && m_position < m_size && m_text[m_position] == '\n' ? 1U : 0U;
+        }
+    }
+
+    // The cells without quotes from the last one with quotes on.
+    bool isTidyUpTo(std::size_t end) const {
+        return WhitespaceScan::areTidyCells({m_text + m_stretch, end - m_stretch}, m_delimiter);
+    }
+
+    // Leaves the position where the last of them ends: at the end of the row, of the text, or before a quoted cell.
+    void readPlainCells() {
+        ByteScan::Finder ends = m_ends;  // stays in registers
+        std::size_t start = m_position;
+        std::size_t end = ends.next(start);
+        m_grid.addCell(start, end - start);
+        while (end + 1 < m_size && m_text[end] == m_delimiter && m_text[end + 1] != '"') {
+            start = end + 1;
+            end = ends.following();
+            m_grid.addCell(start, end - start);
+        }
+        m_ends = ends;
         m_position = end;
     }
 
+    // Leaves the position at the delimiter or line break that ends the cell, or at the end of the text.
     void readQuotedCell() {
+        m_isTidy = m_isTidy && isTidyUpTo(m_position);
         const std::size_t start = m_position + 1;
         std::size_t kept = start;  // the cell's text so far is [start, kept), moved left over dropped quotes
         std::size_t from = start;
@@ -89,6 +134,8 @@ private:
             from = quote + 2;
         }
         m_grid.addCell(start, kept - start);
+        m_isTidy = m_isTidy && !WhitespaceScan::needsNormalization({m_text + start, kept - start});
+        m_stretch = m_position;
     }
 
     std::size_t find(char wanted, std::size_t from) const {
@@ -110,6 +157,8 @@ private:
     ByteScan::Finder m_ends;
     CellGridBuilder m_grid;
     std::size_t m_position = 0;
+    bool m_isTidy = true;       // of the row so far, but for its last stretch of cells without quotes
+    std::size_t m_stretch = 0;  // where that starts
 };
 
 }  // namespace

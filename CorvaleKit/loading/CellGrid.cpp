@@ -1,6 +1,7 @@
 #include "CorvaleKit/loading/CellGrid.h"
 
 #include <algorithm>
+#include <cstring>
 #include <string>
 #include <utility>
 
@@ -54,6 +55,29 @@ std::string_view CellRow::sparseCell(std::size_t column) const {
     return found ? m_grid->text(m_cells[2 * low + 1]) : std::string_view{};
 }
 
+bool CellRow::areAlike(const CellRow& a, std::size_t firstOfA, const CellRow& b, std::size_t firstOfB,
+                       std::size_t count) {
+    if (a.m_sparse || b.m_sparse || a.m_stored < firstOfA + count || b.m_stored < firstOfB + count || count == 0) {
+        return false;
+    }
+    // Delimiters and quotes: with more between its cells a row is not worth comparing as a whole.
+    constexpr std::uint64_t widestGap = 3;
+    const std::uint64_t* const cellsOfA = a.m_cells + firstOfA;
+    const std::uint64_t* const cellsOfB = b.m_cells + firstOfB;
+    const std::uint64_t start = *cellsOfA >> CellGrid::lengthBits;
+    const std::uint64_t distance = *cellsOfA - *cellsOfB;
+    std::uint64_t end = start;
+    bool isAlike = (distance & CellGrid::longLength) == 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::uint64_t offset = cellsOfA[i] >> CellGrid::lengthBits;
+        const std::uint64_t length = cellsOfA[i] & CellGrid::longLength;
+        isAlike &= (cellsOfA[i] - cellsOfB[i] == distance) & (length != CellGrid::longLength);
+        isAlike &= offset - end <= widestGap;
+        end = offset + length;
+    }
+    return isAlike && std::memcmp(a.m_grid->text(*cellsOfA).data(), b.m_grid->text(*cellsOfB).data(), end - start) == 0;
+}
+
 bool operator==(const CellRow& a, const CellRow& b) {
     return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin());
 }
@@ -90,8 +114,8 @@ void CellGridBuilder::addRow(const std::vector<PlacedCell>& cells) {
 
 void CellGridBuilder::readRow(std::size_t index, std::vector<PlacedCell>& cells) const {
     const bool sparse = (m_grid.m_rowStarts[index] & CellGrid::sparseFlag) != 0;
-    const std::uint64_t first = m_grid.m_rowStarts[index] & ~CellGrid::sparseFlag;
-    const std::uint64_t end = m_grid.m_rowStarts[index + 1] & ~CellGrid::sparseFlag;
+    const std::uint64_t first = m_grid.m_rowStarts[index] & CellGrid::cellIndex;
+    const std::uint64_t end = m_grid.m_rowStarts[index + 1] & CellGrid::cellIndex;
     cells.clear();
     for (std::uint64_t i = first; i < end; i += sparse ? 2 : 1) {
         const std::uint64_t column = sparse ? m_grid.m_cells[i] : i - first;

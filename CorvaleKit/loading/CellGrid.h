@@ -8,6 +8,7 @@
 
 #include "CorvaleKit/base/Bytes.h"
 #include "CorvaleKit/base/IndexIterator.h"
+#include "CorvaleKit/base/Memory.h"
 
 namespace corvale {
 
@@ -23,10 +24,20 @@ public:
     bool empty() const { return m_width == 0; }
     // `column` is below size().
     std::string_view operator[](std::size_t column) const;
+    // Starts fetching what that looks at before it knows where the text is.
+    void prefetch(std::size_t column) const { Memory::prefetch(m_cells + (m_sparse ? 0 : column)); }
     Iterator begin() const { return {*this, 0}; }
     Iterator end() const { return {*this, m_width}; }
     // The number of cells that the source has.
     std::size_t storedCells() const { return m_sparse ? m_stored / 2 : m_stored; }
+    // True when normalising white space is known to leave every cell as it is; false says nothing.
+    bool isTidy() const { return m_tidy; }
+    // True when a cell is known to have more than white space; false says nothing.
+    bool isNotBlank() const { return m_notBlank; }
+    // True when `count` cells of both rows, from their first ones on, are known to have the same texts because they lie
+    // alike in the sources; false says nothing.
+    static bool areAlike(const CellRow& a, std::size_t firstOfA, const CellRow& b, std::size_t firstOfB,
+                         std::size_t count);
     // Calls visit(column, text) for the cells that the source has, in column order: a thin row of a wide table costs
     // only those.
     template <typename Visit>
@@ -45,6 +56,8 @@ private:
     const std::uint64_t* m_cells = nullptr;
     std::uint32_t m_stored = 0;  // references, or column and reference pairs when sparse
     bool m_sparse = false;
+    bool m_tidy = false;
+    bool m_notBlank = false;
     std::size_t m_width = 0;
 
     std::string_view sparseCell(std::size_t column) const;
@@ -94,11 +107,14 @@ private:
     std::string_view longText(std::uint64_t index) const;
 
     static constexpr std::uint64_t sparseFlag = std::uint64_t{1} << 63U;
+    static constexpr std::uint64_t tidyFlag = std::uint64_t{1} << 62U;
+    static constexpr std::uint64_t notBlankFlag = std::uint64_t{1} << 61U;
+    static constexpr std::uint64_t cellIndex = notBlankFlag - 1;
 
     Bytes m_buffer;
     const char* m_base = nullptr;
     std::vector<std::uint64_t> m_cells;
-    std::vector<std::uint64_t> m_rowStarts;  // one more than rows; the flag marks a sparse row
+    std::vector<std::uint64_t> m_rowStarts;  // one more than rows; with the flags of each row
     std::vector<LongCell> m_longCells;
 };
 
@@ -108,12 +124,14 @@ inline std::size_t CellRow::sourceWidth() const {
 
 inline CellRow CellGrid::row(std::size_t index) const {
     const std::uint64_t start = m_rowStarts[index];
-    const std::uint64_t first = start & ~sparseFlag;
+    const std::uint64_t first = start & cellIndex;
     CellRow row;
     row.m_grid = this;
     row.m_cells = m_cells.data() + first;
-    row.m_stored = static_cast<std::uint32_t>((m_rowStarts[index + 1] & ~sparseFlag) - first);
+    row.m_stored = static_cast<std::uint32_t>((m_rowStarts[index + 1] & cellIndex) - first);
     row.m_sparse = (start & sparseFlag) != 0;
+    row.m_tidy = (start & tidyFlag) != 0;
+    row.m_notBlank = (start & notBlankFlag) != 0;
     row.m_width = row.sourceWidth();
     return row;
 }

@@ -17,6 +17,10 @@ public:
 
     // Appends a cell at the right end of the current row.
     void addCell(std::uint64_t offset, std::uint64_t length) { m_grid.m_cells.push_back(packed(offset, length)); }
+    // Says of the current row that normalising white space would leave all its cells as they are.
+    void markTidy() { m_grid.m_rowStarts.back() |= CellGrid::tidyFlag; }
+    // Says of the current row that it is more than white space.
+    void markNotBlank() { m_grid.m_rowStarts.back() |= CellGrid::notBlankFlag; }
     // Ends the current row, which may have no cells.
     void endRow() {
         CORVALE_REQUIRE(pendingCells() <= std::numeric_limits<std::uint32_t>::max(),
@@ -51,7 +55,7 @@ public:
 
     // Cells of the row that is not ended yet.
     std::size_t pendingCells() const {
-        return m_grid.m_cells.size() - (m_grid.m_rowStarts.back() & ~CellGrid::sparseFlag);
+        return m_grid.m_cells.size() - (m_grid.m_rowStarts.back() & CellGrid::cellIndex);
     }
 
     // The builder is spent afterwards.

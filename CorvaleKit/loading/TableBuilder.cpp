@@ -118,7 +118,7 @@ std::string ownName(const CellRow& headers, std::size_t column) {
 }  // namespace
 
 bool isBlank(const CellRow& row) {
-    return !row.anyStored([](std::size_t, std::string_view cell) { return hasContent(cell); });
+    return !row.isNotBlank() && !row.anyStored([](std::size_t, std::string_view cell) { return hasContent(cell); });
 }
 
 bool isFilled(const CellRow& row) {

@@ -49,6 +49,20 @@ TEST(ByteScan, FinderAgreesWithALoopFromEveryStart) {
     }
 }
 
+TEST(ByteScan, FinderGivesOneMatchAfterTheOther) {
+    std::mt19937 random(4);
+    for (int i = 0; i < 2'000; ++i) {
+        const Bytes text(randomText(random, "aaaaaaaaaaaaaaaaa,\r\n", random() % 500));
+        Finder finder(text.data(), text.size(), ',', '\r', '\n');
+        std::size_t found = finder.next(random() % (text.size() + 1));
+        while (found < text.size()) {
+            const std::size_t expected = std::min(text.view().find_first_of(",\r\n", found + 1), text.size());
+            found = finder.following();
+            ASSERT_EQ(found, expected);
+        }
+    }
+}
+
 TEST(ByteScan, FinderGoesForwardInAnySteps) {
     std::mt19937 random(3);
     for (int i = 0; i < 2'000; ++i) {

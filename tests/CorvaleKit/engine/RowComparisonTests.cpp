@@ -58,6 +58,37 @@ TEST(RowComparison, EndsWhenItsCallerHasEnough) {
     EXPECT_EQ(seen, (Positions{0, 1}));
 }
 
+// All pairs of short rows, as they lie in two files: delimiters and quotes between the cells, and some of them moved.
+TEST(RowComparison, FindsTheDifferencesOfRowsAsAFileHasThem) {
+    std::vector<std::string> lines;
+    const std::vector<std::string> cells = {"", "a", "b", "ab", "\"a\"", "\"a\"\"\""};
+    for (const auto& first : cells) {
+        for (const auto& second : cells) {
+            for (const auto& third : cells) {
+                lines.push_back(first + "," + second + "," + third + "\n");
+            }
+        }
+    }
+    for (const auto& before : lines) {
+        const auto a = Tables::texts(Tables::table("A,B,C\nx,y,z\n" + before));
+        for (const auto& after : lines) {
+            const auto b = Tables::texts(Tables::table("A,B,C\n" + after));
+            Positions expected;
+            for (std::size_t position = 0; a.rowCount() == 2 && b.rowCount() == 1 && position < 3; ++position) {
+                if (a.row(1)[position] != b.row(0)[position]) {
+                    expected.push_back(position);
+                }
+            }
+            Positions found;
+            if (a.rowCount() == 2 && b.rowCount() == 1) {
+                RowComparison().forEachDifference(
+                    a.row(1), b.row(0), [&](std::size_t position) { found.push_back(position); });
+            }
+            ASSERT_EQ(found, expected) << before << after;
+        }
+    }
+}
+
 TEST(RowComparison, OfThinRowsFindsTheSame) {
     const auto order = countedUp(1000);
     const auto a = texts({{3, "x"}, {500, "same"}, {700, "gone"}, {999, "1"}}, order);

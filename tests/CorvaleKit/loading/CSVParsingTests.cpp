@@ -1,14 +1,17 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "CorvaleKit/loading/CSV.h"
+#include "CorvaleKit/text/Text.h"
 #include "tests/support/AllTexts.h"
 #include "tests/support/Grids.h"
 #include "tests/support/SlowCSV.h"
+#include "tests/support/SlowNormalizer.h"
 
 namespace corvale {
 namespace {
@@ -123,6 +126,45 @@ TEST(CSVParsing, AgreesWithTheSlowTwinOnLongRandomTexts) {
             ASSERT_EQ(parsed(text, delimiter), SlowCSV::parse(text, delimiter)) << testing::PrintToString(text);
         }
     }
+}
+
+// What is said of rows besides their cells, so that nobody has to look at those.
+void expectTrueSayings(const std::string& text) {
+    for (const char delimiter : {',', '\t'}) {
+        const CellGrid grid = CSV::parse(Bytes(text), delimiter);
+        for (std::size_t i = 0; i < grid.rowCount(); ++i) {
+            const CellRow row = grid.row(i);
+            const bool isTidy = std::none_of(row.begin(), row.end(), [](std::string_view cell) {
+                return SlowNormalizer::needsWhitespaceNormalization(std::string(cell));
+            });
+            ASSERT_EQ(row.isTidy(), isTidy) << testing::PrintToString(text) << " row " << i;
+            const bool isBlank =
+                std::all_of(row.begin(), row.end(), [](std::string_view cell) { return Text::isBlank(cell); });
+            ASSERT_FALSE(row.isNotBlank() && isBlank) << testing::PrintToString(text) << " row " << i;
+        }
+    }
+}
+
+TEST(CSVParsing, KnowsTheTidyRowsOfAllShortTexts) {
+    AllTexts::forEach({"a", " ", ",", "\"", "\n", "\t"}, 6, expectTrueSayings);
+}
+
+TEST(CSVParsing, KnowsTheTidyRowsOfRandomTexts) {
+    const AllTexts::Alphabet alphabet = {
+        "a", "b", "cdefgh", " ", ",", ",", "\",", ",\"", "\"\"", "\r\n", "\u00A0", "\u3000"};
+    std::mt19937 source(7);
+    for (int i = 0; i < 20'000; ++i) {
+        expectTrueSayings(AllTexts::random(alphabet, 60, source));
+    }
+}
+
+TEST(CSVParsing, KnowsARowThatStartsWithContent) {
+    const CellGrid grid = CSV::parse(Bytes("a,b\n,b\n ,\n\"a\",b\n\u3000\n"sv), ',');
+    ASSERT_EQ(grid.rowCount(), 5U);
+    EXPECT_TRUE(grid.row(0).isNotBlank());
+    EXPECT_FALSE(grid.row(1).isNotBlank());  // it says nothing
+    EXPECT_FALSE(grid.row(2).isNotBlank());
+    EXPECT_FALSE(grid.row(4).isNotBlank());
 }
 
 TEST(CSVParsing, PlainAndSimplyQuotedCellsAreNotCopied) {

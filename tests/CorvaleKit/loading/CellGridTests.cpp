@@ -39,6 +39,60 @@ TEST(CellGrid, KeepsRaggedRowsAsTheyAre) {
     EXPECT_EQ(grid.row(3)[2], "é");
 }
 
+CellGrid gridOf(const std::vector<std::pair<std::uint64_t, std::uint64_t>>& cells, std::string_view buffer) {
+    CellGridBuilder builder;
+    for (const auto& [offset, length] : cells) {
+        builder.addCell(offset, length);
+    }
+    builder.endRow();
+    return builder.finish(Bytes(buffer));
+}
+
+TEST(CellGrid, RowsAreAlikeThatLieAlikeWithTheSameTexts) {
+    const CellGrid one = gridOf({{0, 2}, {3, 0}, {4, 1}}, "ab,,c");
+    const CellGrid behind = gridOf({{2, 2}, {5, 0}, {6, 1}}, "x\nab,,c");
+    EXPECT_TRUE(CellRow::areAlike(one.row(0), 0, behind.row(0), 0, 3));
+    EXPECT_TRUE(CellRow::areAlike(one.row(0), 1, behind.row(0), 1, 2));
+    EXPECT_FALSE(CellRow::areAlike(one.row(0), 0, behind.row(0), 1, 2));
+    EXPECT_FALSE(CellRow::areAlike(one.row(0), 0, behind.row(0), 0, 4));
+
+    const CellGrid otherText = gridOf({{0, 2}, {3, 0}, {4, 1}}, "ab,,d");
+    const CellGrid otherCut = gridOf({{0, 1}, {2, 1}, {4, 1}}, "ab,,c");
+    const CellGrid backwards = gridOf({{3, 2}, {2, 0}, {0, 1}}, "c,,ab");
+    const CellGrid farApart = gridOf({{0, 2}, {3, 0}, {8, 1}}, "ab,     c");
+    for (const CellGrid* other : {&otherText, &otherCut, &backwards, &farApart}) {
+        EXPECT_FALSE(CellRow::areAlike(one.row(0), 0, other->row(0), 0, 3));
+    }
+    EXPECT_FALSE(CellRow::areAlike(backwards.row(0), 0, backwards.row(0), 0, 3));
+    EXPECT_FALSE(CellRow::areAlike(farApart.row(0), 0, farApart.row(0), 0, 3));
+}
+
+TEST(CellGrid, NothingIsSaidOfRowsThatNobodySpokeOf) {
+    const CellGrid grid = CellGrid::fromTexts({{"a", " b"}, {}});
+    for (std::size_t row = 0; row < grid.rowCount(); ++row) {
+        EXPECT_FALSE(grid.row(row).isTidy());
+        EXPECT_FALSE(grid.row(row).isNotBlank());
+    }
+}
+
+TEST(CellGrid, WhatIsSaidOfARowLeavesItsCellsAlone) {
+    CellGridBuilder builder;
+    builder.markTidy();
+    builder.addCell(0, 1);
+    builder.addCell(1, 1);
+    EXPECT_EQ(builder.pendingCells(), 2U);
+    builder.endRow();
+    builder.addCell(2, 1);
+    builder.markNotBlank();
+    builder.endRow();
+    const CellGrid grid = builder.finish(Bytes(std::string_view("abc")));
+    EXPECT_EQ(texts(grid), (Rows{{"a", "b"}, {"c"}}));
+    EXPECT_TRUE(grid.row(0).isTidy());
+    EXPECT_FALSE(grid.row(0).isNotBlank());
+    EXPECT_FALSE(grid.row(1).isTidy());
+    EXPECT_TRUE(grid.row(1).isNotBlank());
+}
+
 TEST(CellGrid, ScatteredCellsReadAsTheRowTheyMake) {
     struct Case {
         PlacedTexts cells;

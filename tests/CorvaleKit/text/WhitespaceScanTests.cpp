@@ -7,7 +7,7 @@
 
 #include "CorvaleKit/base/Bytes.h"
 #include "CorvaleKit/engine/Normalizer.h"
-#include "CorvaleKit/engine/WhitespaceScan.h"
+#include "CorvaleKit/text/WhitespaceScan.h"
 #include "tests/support/AllTexts.h"
 #include "tests/support/SlowNormalizer.h"
 
@@ -67,6 +67,45 @@ TEST(WhitespaceScan, BlocksAreUncleanInTheObviousFormAndInTheFastOne) {
         }
         ASSERT_EQ(WhitespaceScan::blockIsUnclean(block.data()), WhitespaceScan::blockIsUncleanPlain(block.data()))
             << testing::PrintToString(block);
+    }
+}
+
+// Both forms of the look at a stretch of cells against the rule, cell by cell.
+void expectCellsAgree(const std::string& text) {
+    for (const char delimiter : {',', '\t'}) {
+        bool expected = true;
+        for (std::size_t start = 0; start <= text.size();) {
+            const std::size_t end = std::min(text.find(delimiter, start), text.size());
+            expected = expected && !SlowNormalizer::needsWhitespaceNormalization(text.substr(start, end - start));
+            start = end + 1;
+        }
+        // Neighbours that would be found if they counted.
+        const Bytes padded(" " + text + "  \t\xC2");
+        const auto cells = padded.view().substr(1, text.size());
+        ASSERT_EQ(WhitespaceScan::areTidyCells(cells, delimiter), expected) << testing::PrintToString(text);
+        ASSERT_EQ(WhitespaceScan::areTidyCellsPlain(cells, delimiter), expected) << testing::PrintToString(text);
+    }
+}
+
+TEST(WhitespaceScan, TellsTidyCellsOfAllShortStretches) {
+    AllTexts::forEach({"a", " ", ",", "\t", "\u00A0", "é", std::string_view("\0", 1)}, 5, expectCellsAgree);
+}
+
+TEST(WhitespaceScan, TellsTidyCellsOfLongStretches) {
+    const std::vector<std::string> marks = {" ", "  ", ", ", " ,", ",,", "\t", "\xC2", ",\t", " \t"};
+    for (std::size_t size = 0; size < 70; ++size) {
+        for (const auto& mark : marks) {
+            for (std::size_t place = 0; place + mark.size() <= size; ++place) {
+                std::string text(size, 'x');
+                text.replace(place, mark.size(), mark);
+                expectCellsAgree(text);
+            }
+        }
+    }
+    const AllTexts::Alphabet alphabet = {"a", "b", "c", "d,", "e", "f", "x y", "é", "g,h"};
+    std::mt19937 source(3);
+    for (int i = 0; i < 20'000; ++i) {
+        expectCellsAgree(AllTexts::random(alphabet, 50, source));
     }
 }
 

@@ -128,4 +128,53 @@ inline bool paddedNeedsNormalization(std::string_view text) {
 #endif
 }
 
+// True when no cell of a stretch of cells needs normalization, told without looking for the cells: there is no tab, no
+// byte C2 and no space beside another, beside a delimiter or at an end. The stretch has no line breaks; 16 readable
+// bytes follow it.
+inline bool areTidyCellsPlain(std::string_view cells, char delimiter) {
+    bool tidy = true;
+    char before = delimiter;
+    for (const char c : cells) {
+        const bool isEdge = c == ' ' || c == delimiter;
+        const bool wasEdge = before == ' ' || before == delimiter;
+        tidy &= !(isEdge && wasEdge && (c == ' ' || before == ' ')) && (c != '\t' || c == delimiter) && c != '\xC2';
+        before = c;
+    }
+    return tidy && before != ' ';
+}
+
+#if defined(__SSE2__)
+inline bool areTidyCells(std::string_view cells, char delimiter) {
+    if (cells.empty()) {
+        return true;
+    }
+    const auto equals = [](__m128i bytes, char c) { return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(c)); };
+    const auto load = [](const char* at) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(at)); };
+    const auto untidyAt = [&](const char* at) {
+        const __m128i bytes = load(at);
+        const __m128i next = load(at + 1);
+        const __m128i spaces = equals(bytes, ' ');
+        const __m128i nextSpaces = equals(next, ' ');
+        const __m128i delimiters = equals(bytes, delimiter);
+        const __m128i besides = _mm_or_si128(_mm_and_si128(spaces, _mm_or_si128(nextSpaces, equals(next, delimiter))),
+                                             _mm_and_si128(delimiters, nextSpaces));
+        const __m128i never = _mm_or_si128(_mm_andnot_si128(delimiters, equals(bytes, '\t')), equals(bytes, '\xC2'));
+        return _mm_or_si128(besides, never);
+    };
+    // Of the last byte there is no pair; its neighbour is not one of ours.
+    const char* at = cells.data();
+    const char* const last = at + cells.size() - 1;
+    __m128i untidy = _mm_setzero_si128();
+    for (; last - at >= static_cast<std::ptrdiff_t>(blockSize); at += blockSize) {
+        untidy = _mm_or_si128(untidy, untidyAt(at));
+    }
+    const auto left = static_cast<unsigned>(last - at);
+    const auto tail = static_cast<unsigned>(_mm_movemask_epi8(untidyAt(at))) & ((1U << left) - 1);
+    const bool endsUntidily = *last == ' ' || *last == '\xC2' || (*last == '\t' && delimiter != '\t');
+    return _mm_movemask_epi8(untidy) == 0 && tail == 0 && !endsUntidily && cells.front() != ' ';
+}
+#else
+inline bool areTidyCells(std::string_view cells, char delimiter) { return areTidyCellsPlain(cells, delimiter); }
+#endif
+
 }  // namespace corvale::WhitespaceScan
