@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -43,44 +44,69 @@ inline std::uint64_t matches(const char* block, char a, char b, char c) { return
 #endif
 
 // Walks a text from one of three bytes to the next. The text is followed by at least one readable block, as Bytes is.
+// It looks ahead: bytes behind the last match given may change, those before it not.
 class Finder {
 public:
     Finder(const char* text, std::size_t size, char a, char b, char c)
-        : m_text(text), m_size(size), m_a(a), m_b(b), m_c(c) {
-        load(0);
-    }
+        : m_text(text), m_size(size), m_a(a), m_b(b), m_c(c) {}
 
-    // The first match at or after `from`, or the size. Calls go forward: `from` never lies before the last block looked
-    // at.
+    // The first match at or after `from`, or the size. Calls go forward: `from` lies behind the last match given.
     std::size_t next(std::size_t from) {
-        if (from - m_block >= blockSize) {
-            if (from >= m_size) {
-                return m_size;
-            }
-            load(from & ~(blockSize - 1));
+        if (from >= m_scanned) {
+            m_scanned = from & ~(blockSize - 1);
+            m_next = m_count = 0;
         }
-        m_left = m_matches & (~std::uint64_t{0} << (from & (blockSize - 1)));
-        return following();
+        std::size_t found = following();
+        while (found < from) {
+            found = following();
+        }
+        return found;
     }
 
     // The first match after the one given last, or the size.
     std::size_t following() {
-        while (m_left == 0) {
-            if (m_block + blockSize >= m_size) {
+        if (m_next == m_count) [[unlikely]] {
+            lookAhead();
+            if (m_count == 0) {
                 return m_size;
             }
-            load(m_block + blockSize);
         }
-        const std::size_t found = m_block + static_cast<std::size_t>(std::countr_zero(m_left));
-        m_left &= m_left - 1;
-        return found < m_size ? found : m_size;
+        return m_found[m_next++];
     }
 
 private:
-    void load(std::size_t block) {
-        m_block = block;
-        m_matches = matches(m_text + block, m_a, m_b, m_c);
-        m_left = m_matches;
+    static constexpr std::uint32_t capacity = 512;
+    // Of most blocks all matches are written without a branch on their number, which nobody could foretell.
+    static constexpr std::uint32_t usualMatches = 8;
+
+    void lookAhead() {
+        m_next = m_count = 0;
+        while (m_scanned < m_size && m_count <= capacity - blockSize) {
+            take(matches(m_text + m_scanned, m_a, m_b, m_c));
+            m_scanned += blockSize;
+        }
+        while (m_count > 0 && m_found[m_count - 1] >= m_size) {
+            --m_count;
+        }
+    }
+
+    void take(std::uint64_t block) {
+        const auto count = static_cast<std::uint32_t>(std::popcount(block));
+        std::size_t* const target = m_found.data() + m_count;
+        for (std::uint32_t i = 0; i < usualMatches; ++i) {
+            target[i] = m_scanned + firstBit(block);
+            block &= block - 1;
+        }
+        for (std::uint32_t i = usualMatches; i < count; ++i) {
+            target[i] = m_scanned + firstBit(block);
+            block &= block - 1;
+        }
+        m_count += count;
+    }
+
+    // Any place where there is none.
+    static std::size_t firstBit(std::uint64_t bits) {
+        return static_cast<std::size_t>(std::countr_zero(bits | std::uint64_t{1} << (blockSize - 1)));
     }
 
     const char* m_text;
@@ -88,9 +114,10 @@ private:
     char m_a;
     char m_b;
     char m_c;
-    std::size_t m_block = 0;
-    std::uint64_t m_matches = 0;
-    std::uint64_t m_left = 0;  // those after the last one given
+    std::size_t m_scanned = 0;  // matches before it are found
+    std::uint32_t m_next = 0;   // of those found, the one to give next
+    std::uint32_t m_count = 0;  // found
+    std::array<std::size_t, capacity> m_found{};
 };
 
 }  // namespace corvale::ByteScan

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "CorvaleKit/engine/DiffOptions.h"
-#include "CorvaleKit/loading/CellGrid.h"
+#include "CorvaleKit/loading/CellRows.h"
 #include "CorvaleKit/text/WhitespaceScan.h"
 
 namespace corvale {
@@ -27,8 +27,9 @@ struct CellReduction {
         return !cell.empty() && (number || lowercase || (whitespace && WhitespaceScan::paddedNeedsNormalization(cell)));
     }
 
-    // The same of all cells of a row at once.
+    // The same of all cells of a row, or of all rows, at once.
     bool mayChange(const CellRow& row) const { return number || lowercase || (whitespace && !row.isTidy()); }
+    bool mayChange(const CellRows& rows) const { return number || lowercase || (whitespace && !rows.areTidy()); }
 
     // For a cell that may change. True when the reduced text differs from `cell` or may do so; it is then appended to
     // `target`. False, and nothing appended, when `cell` is its own reduced text.

@@ -17,11 +17,20 @@ ComparisonTexts::ComparisonTexts(DataTable table, std::vector<std::size_t> colum
         m_positions[m_columns[position]] = position;
         m_areAdjacent = m_areAdjacent && m_columns[position] == m_columns.front() + position;
     }
-    const CellRows& rows = m_table.rows();
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        if (i % rowsPerPoll == 0 && onRow) {
-            onRow(i);
+    const bool mayChange = reduction.mayChange(m_table.rows());
+    for (std::size_t begin = 0; begin < rowCount(); begin += rowsPerPoll) {
+        if (onRow) {
+            onRow(begin);
         }
+        if (mayChange) {
+            reduceRows(begin, std::min(begin + rowsPerPoll, rowCount()), reduction);
+        }
+    }
+}
+
+void ComparisonTexts::reduceRows(std::size_t begin, std::size_t end, const CellReduction& reduction) {
+    const CellRows& rows = m_table.rows();
+    for (std::size_t i = begin; i < end; ++i) {
         const std::size_t before = m_rewritten.size();
         if (const CellRow row = rows[i]; reduction.mayChange(row)) {
             reduceRow(row, reduction);

@@ -47,6 +47,7 @@ private:
         std::uint32_t position = 0;
     };
 
+    void reduceRows(std::size_t begin, std::size_t end, const CellReduction& reduction);
     void reduceRow(const CellRow& cells, const CellReduction& reduction);
     void rewrite(std::size_t position, std::string_view cell, const CellReduction& reduction);
 

@@ -40,8 +40,14 @@ public:
         append(separators.substr(0, count));
     }
 
-    // Of absl's own view: where that is another type than the standard's, only it is hashed with a seed.
-    std::size_t finish() const { return absl::HashOf(m_state, absl::string_view(m_block.data(), m_length)); }
+    std::size_t finish() const { return ofBlock(m_state, {m_block.data(), m_length}); }
+
+    static constexpr std::size_t blockSize = 1024;
+    // `before` is the hash of the blocks before it, 0 for the first one.
+    static std::size_t ofBlock(std::size_t before, std::string_view block) {
+        // Of absl's own view: where that is another type than the standard's, only it is hashed with a seed.
+        return absl::HashOf(before, absl::string_view(block.data(), block.size()));
+    }
 
 private:
     static constexpr auto separatorBlock = [] {
@@ -56,7 +62,7 @@ private:
         m_length += text.size();
     }
 
-    std::array<char, 1024> m_block;
+    std::array<char, blockSize> m_block;
     std::size_t m_length = 0;
     std::size_t m_state = 0;
 };
@@ -75,6 +81,9 @@ std::string joined(const ComparisonTexts::Row& row) {
 }  // namespace
 
 std::size_t JoinedText::hash(const ComparisonTexts::Row& row) {
+    if (row.size() == 1) {
+        return hash(row[0]);
+    }
     PiecewiseHash hash;
     if (!row.isThin()) {
         for (std::size_t position = 0; position < row.size(); ++position) {
@@ -98,6 +107,9 @@ std::size_t JoinedText::hash(const ComparisonTexts::Row& row) {
 }
 
 std::size_t JoinedText::hash(std::string_view joined) {
+    if (joined.size() <= PiecewiseHash::blockSize) {
+        return PiecewiseHash::ofBlock(0, joined);
+    }
     PiecewiseHash hash;
     hash.append(joined);
     return hash.finish();

@@ -98,16 +98,14 @@ private:
 
     // Leaves the position where the last of them ends: at the end of the row, of the text, or before a quoted cell.
     void readPlainCells() {
-        ByteScan::Finder ends = m_ends;  // stays in registers
         std::size_t start = m_position;
-        std::size_t end = ends.next(start);
+        std::size_t end = m_ends.next(start);
         m_grid.addCell(start, end - start);
         while (end + 1 < m_size && m_text[end] == m_delimiter && m_text[end + 1] != '"') {
             start = end + 1;
-            end = ends.following();
+            end = m_ends.following();
             m_grid.addCell(start, end - start);
         }
-        m_ends = ends;
         m_position = end;
     }
 

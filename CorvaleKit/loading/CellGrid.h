@@ -82,6 +82,8 @@ public:
     std::size_t rowCount() const { return m_rowStarts.size() - 1; }
     // As wide as the source has it, trailing empty cells included.
     CellRow row(std::size_t index) const;
+    // True when all rows are known to be tidy.
+    bool isTidy() const { return m_tidyRows == rowCount(); }
 
     // The 8 bytes of a cell: the offset in the upper 40 bits, the length in the lower 24. A longer cell keeps its place
     // in m_longCells as offset.
@@ -116,6 +118,7 @@ private:
     std::vector<std::uint64_t> m_cells;
     std::vector<std::uint64_t> m_rowStarts;  // one more than rows; with the flags of each row
     std::vector<LongCell> m_longCells;
+    std::size_t m_tidyRows = 0;
 };
 
 inline std::size_t CellRow::sourceWidth() const {

@@ -17,8 +17,11 @@ public:
 
     // Appends a cell at the right end of the current row.
     void addCell(std::uint64_t offset, std::uint64_t length) { m_grid.m_cells.push_back(packed(offset, length)); }
-    // Says of the current row that normalising white space would leave all its cells as they are.
-    void markTidy() { m_grid.m_rowStarts.back() |= CellGrid::tidyFlag; }
+    // Says of the current row, once, that normalising white space would leave all its cells as they are.
+    void markTidy() {
+        m_grid.m_rowStarts.back() |= CellGrid::tidyFlag;
+        ++m_grid.m_tidyRows;
+    }
     // Says of the current row that it is more than white space.
     void markNotBlank() { m_grid.m_rowStarts.back() |= CellGrid::notBlankFlag; }
     // Ends the current row, which may have no cells.

@@ -34,6 +34,8 @@ public:
     std::optional<std::size_t> exactWidth() const {
         return m_widths == Widths::exact ? std::optional(m_width) : std::nullopt;
     }
+    // True when normalising white space is known to leave every cell as it is; false says nothing.
+    bool areTidy() const { return m_grid->isTidy(); }
     // `index` is below size().
     CellRow operator[](std::size_t index) const;
     Iterator begin() const { return {*this, 0}; }
