@@ -119,10 +119,12 @@ void expectMenus(const AppModel& model, const MainWindow& window) {
 }
 
 // A menu whose button is gone lists what is gone too.
-void expectPopupsButton() {
+void expectMenuOfButton() {
     const auto* const menu = qobject_cast<const PopupMenu*>(QApplication::activePopupWidget());
-    EXPECT_TRUE(menu == nullptr || menu->parentWidget()->isVisible())
-        << menu->parentWidget()->accessibleName().toStdString();
+    if (menu != nullptr) {
+        EXPECT_TRUE(menu->parentWidget()->isVisible()) << menu->parentWidget()->accessibleName().toStdString();
+        EXPECT_FALSE(menu->size().isEmpty()) << menu->parentWidget()->accessibleName().toStdString();
+    }
 }
 
 template <typename Widget>
@@ -165,7 +167,7 @@ void expectWindowAsModel(CorvaleApp& app) {
     if (window.isVisible()) {
         EXPECT_EQ(!alert.isHidden(), model.problem().has_value());
         EXPECT_EQ(!partOf<WelcomeView>(window).isHidden(), model.sheet().has_value());
-        expectPopupsButton();
+        expectMenuOfButton();
     }
     if (model.result()) {
         expectGrid(model, window.view().grid());
