@@ -57,8 +57,11 @@ FileCard::FileCard(Side side, AppModel& model, Theme& theme, QWidget* parent)
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     setAccessibleName(caption());
     setAcceptDrops(true);
-    connect(
-        &model, side == Side::before ? &AppModel::beforeChanged : &AppModel::afterChanged, this, &FileCard::refresh);
+    const auto fileChanged = side == Side::before ? &AppModel::beforeChanged : &AppModel::afterChanged;
+    connect(&model, fileChanged, this, &FileCard::refresh);
+    // What they list is of the file that was.
+    connect(&model, fileChanged, m_sheet->menu(), &QMenu::close);
+    connect(&model, fileChanged, m_headerRow->menu(), &QMenu::close);
     connect(&model, &AppModel::loadingChanged, this, &FileCard::refresh);
     connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
     refresh();

@@ -72,9 +72,12 @@ QPoint PopupMenu::place() const {
     const int below = screen.bottom() - button.bottom() - distance;
     const int above = button.top() - screen.top() - distance;
     const bool goesBelow = size.height() <= below || below >= above;
+    // Of a window that reaches beyond the screen, the button may lie below its edge. Were the menu to open there, Qt
+    // would shrink it, as it scrolls, until nothing is left.
+    const int bottom = std::min(button.top(), screen.bottom()) - distance;
     const int left = m_button->layoutDirection() == Qt::RightToLeft ? button.right() + 1 - size.width() : button.left();
     return {std::clamp(left, screen.left(), std::max(screen.left(), screen.right() - size.width())),
-            goesBelow ? button.bottom() + distance : std::max(screen.top(), button.top() - distance - size.height())};
+            goesBelow ? button.bottom() + distance : std::max(screen.top(), bottom - size.height())};
 }
 
 bool PopupMenu::toggle(QAction* action) {

@@ -155,8 +155,9 @@ Hands::Spot Hands::anySpot() {
     if (windows.isEmpty()) {
         return {};
     }
+    // Qt leaves nothing of a menu of its own, as that of a text, that would open below the screen.
     QWidget* const popup = QApplication::activePopupWidget();
-    QWidget* const window = popup != nullptr && !chance(4)
+    QWidget* const window = popup != nullptr && windows.contains(popup) && !chance(4)
                                 ? popup
                                 : windows[static_cast<qsizetype>(below(static_cast<std::size_t>(windows.size())))];
     QList<QWidget*> parts{window};

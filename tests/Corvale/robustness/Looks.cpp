@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
 #include <algorithm>
@@ -15,6 +16,7 @@
 #include "Corvale/window/ChipLabel.h"
 #include "Corvale/window/MainView.h"
 #include "Corvale/window/MatchBar.h"
+#include "Corvale/window/PopupMenu.h"
 #include "Corvale/window/ProblemAlert.h"
 #include "Corvale/window/SummaryStrip.h"
 #include "Corvale/window/Wording.h"
@@ -116,6 +118,15 @@ void expectMenus(const AppModel& model, const MainWindow& window) {
     EXPECT_EQ(seen, enabled.size() + ticked.size());
 }
 
+// A menu whose button is gone lists what is gone too.
+void expectMenuOfButton() {
+    const auto* const menu = qobject_cast<const PopupMenu*>(QApplication::activePopupWidget());
+    if (menu != nullptr) {
+        EXPECT_TRUE(menu->parentWidget()->isVisible()) << menu->parentWidget()->accessibleName().toStdString();
+        EXPECT_FALSE(menu->size().isEmpty()) << menu->parentWidget()->accessibleName().toStdString();
+    }
+}
+
 template <typename Widget>
 Widget& partOf(const QWidget& window) {
     auto* const part = window.findChild<Widget*>();
@@ -156,6 +167,7 @@ void expectWindowAsModel(CorvaleApp& app) {
     if (window.isVisible()) {
         EXPECT_EQ(!alert.isHidden(), model.problem().has_value());
         EXPECT_EQ(!partOf<WelcomeView>(window).isHidden(), model.sheet().has_value());
+        expectMenuOfButton();
     }
     if (model.result()) {
         expectGrid(model, window.view().grid());

@@ -7,7 +7,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QTest>
-#include <QTimer>
 #include <array>
 #include <iostream>
 
@@ -66,6 +65,8 @@ Monkey::Monkey(unsigned seed)
       m_store(pathIn(m_pantry, "store.ini"), QSettings::IniFormat),
       m_platform(std::make_unique<QSettings>(pathIn(m_pantry, "settings.ini"), QSettings::IniFormat)),
       m_watchdog(patience) {
+    m_turn.setSingleShot(true);
+    QObject::connect(&m_turn, &QTimer::timeout, &m_receiver, [this] { next(); });
     // Closing the last window is not to end the tests.
     QApplication::setQuitOnLastWindowClosed(false);
     startApplication();
@@ -95,7 +96,7 @@ void Monkey::work(int actions) {
     m_left = actions;
     QEventLoop loop;
     m_loop = &loop;
-    QTimer::singleShot(0, &m_receiver, [this] { next(); });
+    m_turn.start();
     loop.exec();
     m_loop = nullptr;
     if (!testing::Test::HasFailure()) {
@@ -117,12 +118,15 @@ void Monkey::next() {
         m_loop->quit();
         return;
     }
-    QTimer::singleShot(0, &m_receiver, [this] { next(); });
+    m_turn.start();
     ++m_depth;
     isOver ? m_hands.letGo() : act();
     --m_depth;
     if (m_depth == 0 && !isOver && m_left % actionsBetweenLooks == 0) {
+        // Looking turns the event loop, and what is looked at is to stay as it is meanwhile.
+        m_turn.stop();
         look();
+        m_turn.start();
     }
 }
 

@@ -3,6 +3,7 @@
 #include <QEventLoop>
 #include <QObject>
 #include <QSettings>
+#include <QTimer>
 #include <cstddef>
 #include <deque>
 #include <memory>
@@ -43,7 +44,7 @@ private:
         int starts = 0;
         int popups = 0;
         int addresses = 0;  // asked to be opened, by a browser or a mail program
-        int nested = 0;  // actions within an event loop of a drag
+        int nested = 0;     // actions within an event loop of a drag
     };
 
     std::size_t below(std::size_t count) { return std::uniform_int_distribution<std::size_t>(0, count - 1)(m_random); }
@@ -77,6 +78,7 @@ private:
     BusyQtPlatform m_platform;
     std::unique_ptr<CorvaleApp> m_app;
     QObject m_receiver;
+    QTimer m_turn;  // for the next action
     QEventLoop* m_loop = nullptr;
     int m_left = 0;
     int m_depth = 0;  // of event loops within actions

@@ -1,5 +1,6 @@
 #include <QAccessible>
 #include <QApplication>
+#include <QScreen>
 #include <QTest>
 
 #include "Corvale/window/Button.h"
@@ -90,6 +91,23 @@ TEST(Button, FillsItsMenuOnceAtEveryOpening) {
         button.menu()->open();
         EXPECT_EQ(fills, opening);
         EXPECT_EQ(button.menu()->actions().size(), 1);
+        button.menu()->close();
+    }
+}
+
+TEST(Button, ItsMenuOpensOnTheScreenThoughItLiesBelow) {
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    QWidget window;
+    window.setGeometry(screen.left(), screen.top(), 400, 3 * screen.height());
+    Button button(Button::Face::bordered, theme(), &window);
+    button.setMenu(PopupMenu::Checking::closes,
+                   [](PopupMenu& opened) { opened.addItem({.text = QStringLiteral("One"), .action = [] {}}); });
+    window.show();
+    for (const int beyond : {-40, -1, 0, 1, 200, screen.height()}) {
+        button.move(0, screen.height() + beyond);
+        button.menu()->open();
+        EXPECT_EQ(button.menu()->size(), button.menu()->sizeHint()) << beyond;
+        EXPECT_TRUE(screen.contains(button.menu()->geometry())) << beyond;
         button.menu()->close();
     }
 }

@@ -154,6 +154,19 @@ TEST_F(FileCardTest, TheHeaderRowMenuOffersTheFirstRows) {
     EXPECT_EQ(inCard<Button>(Side::after, "Header row of the After file").toolTip(), menu.toolTip());
 }
 
+TEST_F(FileCardTest, ItsMenusGoWithTheFileThatTheyList) {
+    open(workbookOfTwoSheets(), Side::before, "stock.xlsx");
+    open("ID,Name\n1,Pen\n", Side::after, "after.csv");
+    PopupMenu& sheets = *inCard<Button>(Side::before, "Sheet: Stock").menu();
+    PopupMenu& rows = *inCard<Button>(Side::after, "Header row of the After file").menu();
+    sheets.open();
+    m_model.close(Side::before);
+    EXPECT_FALSE(sheets.isVisible());
+    rows.open();
+    open("ID\n2\n", Side::after, "after.csv");
+    EXPECT_FALSE(rows.isVisible());
+}
+
 TEST_F(FileCardTest, ALongNameLosesItsMiddle) {
     const std::string name = std::string(200, 'x') + " November.csv";
     open("a,b\n1,2\n", Side::before, name);
