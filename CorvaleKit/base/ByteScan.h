@@ -57,7 +57,7 @@ public:
             m_next = m_count = 0;
         }
         std::size_t found = following();
-        while (found < from) {
+        while (found < from && found < m_size) {
             found = following();
         }
         return found;
