@@ -31,8 +31,8 @@ struct TablePair {
     LoadedTable after;
 };
 
-// Reads both files at the same time where it can. When neither can be loaded, it is Before's failure that is thrown; what its path
-// alone gives away, before anything of After is read.
+// Reads both files at the same time where it can. When neither can be loaded, it is Before's failure that is thrown;
+// what its path alone gives away, before anything of After is read.
 TablePair loadPair(const PairChoice& files);
 
 // In workbook order.

@@ -1,5 +1,6 @@
 #include "Corvale/platform/Workers.h"
 
+#include <new>
 #include <system_error>
 #include <utility>
 
@@ -13,6 +14,8 @@ Workers::Workers(std::size_t wanted) {
         }
     } catch (const std::system_error&) {
         // Fewer do the same, later.
+    } catch (const std::bad_alloc&) {
+        // Likewise.
     }
 }
 

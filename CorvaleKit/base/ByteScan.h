@@ -44,13 +44,13 @@ inline std::uint64_t matches(const char* block, char a, char b, char c) { return
 #endif
 
 // Walks a text from one of three bytes to the next. The text is followed by at least one readable block, as Bytes is.
-// It looks ahead: bytes behind the last match given may change, those before it not.
+// It looks ahead: only bytes at lower offsets than that of the last match given may change meanwhile.
 class Finder {
 public:
     Finder(const char* text, std::size_t size, char a, char b, char c)
         : m_text(text), m_size(size), m_a(a), m_b(b), m_c(c) {}
 
-    // The first match at or after `from`, or the size. Calls go forward: `from` lies behind the last match given.
+    // The first match at or after `from`, or the size. Calls go forward: `from` is greater than the last match given.
     std::size_t next(std::size_t from) {
         if (from >= m_scanned) {
             m_scanned = from & ~(blockSize - 1);

@@ -11,8 +11,9 @@ namespace corvale {
 
 // absl's hash tables where memory may run out. Theirs believe in the places of a larger table before they have its
 // memory: when that is refused, they go on to read and free what is not theirs. These have the memory before the table
-// changes, so that std::bad_alloc leaves it whole. Keys must move and values must be made without throwing. The
-// functions are those of absl, of which there are as many as we need; none takes anything out but clear().
+// changes, so that std::bad_alloc leaves it whole. Keys must move, and be hashed and compared, without throwing
+// while a table grows, and values must be made so. The functions are those of absl, of which there are as many as we
+// need; none takes anything out but clear().
 template <typename Table>
 class SafelyGrowing {
 public:

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -69,6 +70,13 @@ public:
     }
     std::size_t size() const { return m_texts->m_columns.size(); }
     const CellRow& cells() const { return m_cells; }
+
+    // The texts joined with `separator`, where that is one copy of the row's bytes and fits; otherwise none.
+    std::optional<std::size_t> copyJoined(char separator, std::span<char> target) const {
+        return m_texts->m_areAdjacent && m_rewritten.empty() && size() > 0
+                   ? m_cells.copyJoined(m_texts->m_columns.front(), size(), separator, target)
+                   : std::nullopt;
+    }
 
     // True when both rows are known at a look at their bytes to have the same texts; false says nothing. Of few columns
     // a comparison one by one is as quick.

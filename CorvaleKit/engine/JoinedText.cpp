@@ -84,6 +84,10 @@ std::size_t JoinedText::hash(const ComparisonTexts::Row& row) {
     if (row.size() == 1) {
         return hash(row[0]);
     }
+    std::array<char, PiecewiseHash::blockSize> block;
+    if (const auto length = row.copyJoined(separator, block)) {
+        return PiecewiseHash::ofBlock(0, {block.data(), *length});
+    }
     PiecewiseHash hash;
     if (!row.isThin()) {
         for (std::size_t position = 0; position < row.size(); ++position) {

@@ -78,6 +78,30 @@ bool CellRow::areAlike(const CellRow& a, std::size_t firstOfA, const CellRow& b,
     return isAlike && std::memcmp(a.m_grid->text(*cellsOfA).data(), b.m_grid->text(*cellsOfB).data(), end - start) == 0;
 }
 
+std::optional<std::size_t> CellRow::copyJoined(std::size_t first, std::size_t count, char separator,
+                                               std::span<char> target) const {
+    if (m_sparse || m_stored < first + count || count == 0) {
+        return std::nullopt;
+    }
+    const std::span<const std::uint64_t> cells(m_cells + first, count);
+    const std::uint64_t start = cells.front() >> CellGrid::lengthBits;
+    std::uint64_t end = start - 1;
+    bool isApart = true;
+    for (const std::uint64_t cell : cells) {
+        const std::uint64_t length = cell & CellGrid::longLength;
+        isApart &= (cell >> CellGrid::lengthBits == end + 1) & (length != CellGrid::longLength);
+        end = (cell >> CellGrid::lengthBits) + length;
+    }
+    if (!isApart || end - start > target.size()) {
+        return std::nullopt;
+    }
+    std::memcpy(target.data(), m_grid->text(cells.front()).data(), end - start);
+    for (const std::uint64_t cell : cells.subspan(1)) {
+        target[(cell >> CellGrid::lengthBits) - 1 - start] = separator;
+    }
+    return end - start;
+}
+
 bool operator==(const CellRow& a, const CellRow& b) {
     return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin());
 }

@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,12 +34,16 @@ public:
     std::size_t storedCells() const { return m_sparse ? m_stored / 2 : m_stored; }
     // True when normalising white space is known to leave every cell as it is; false says nothing.
     bool isTidy() const { return m_tidy; }
-    // True when a cell is known to have more than white space; false says nothing.
+    // True when the first cell is known to have more than white space; false says nothing.
     bool isNotBlank() const { return m_notBlank; }
     // True when `count` cells of both rows, from their first ones on, are known to have the same texts because they lie
     // alike in the sources; false says nothing.
     static bool areAlike(const CellRow& a, std::size_t firstOfA, const CellRow& b, std::size_t firstOfB,
                          std::size_t count);
+    // Copies `count` cells from `first` on to `target`, with the separator between them, and says how many bytes that
+    // took. Only where they lie one byte apart, as in a file without quotes, and fit; otherwise none.
+    std::optional<std::size_t> copyJoined(std::size_t first, std::size_t count, char separator,
+                                          std::span<char> target) const;
     // Calls visit(column, text) for the cells that the source has, in column order: a thin row of a wide table costs
     // only those.
     template <typename Visit>

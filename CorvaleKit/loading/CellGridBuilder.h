@@ -22,7 +22,7 @@ public:
         m_grid.m_rowStarts.back() |= CellGrid::tidyFlag;
         ++m_grid.m_tidyRows;
     }
-    // Says of the current row that it is more than white space.
+    // Says of the current row that its first cell is more than white space.
     void markNotBlank() { m_grid.m_rowStarts.back() |= CellGrid::notBlankFlag; }
     // Ends the current row, which may have no cells.
     void endRow() {

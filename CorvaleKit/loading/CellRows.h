@@ -68,6 +68,7 @@ inline CellRow CellRows::operator[](std::size_t index) const {
     CellRow row = m_grid->row(m_positions ? (*m_positions)[index] : m_first + index);
     if (m_widths == Widths::exact || (m_widths == Widths::cut && row.m_width > m_width)) {
         row.m_width = m_width;
+        row.m_notBlank = row.m_notBlank && m_width > 0;  // which is said of the first cell
     }
     return row;
 }

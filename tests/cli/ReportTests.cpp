@@ -323,7 +323,7 @@ TEST_F(InterruptedReport, AKilledOneLeavesTheOldFileOrTheWholeNewOne) {
             m_folder.write(name, "old");
             Process process(TestFiles::program("corvale-cli"), arguments, settings());
             const std::size_t enough = std::uniform_int_distribution<std::size_t>(0, whole.size())(random);
-            while (unfinishedSize() < enough && content(name) == "old") {
+            while (unfinishedSize() < enough && content(name) == "old" && !process.hasEnded()) {
                 std::this_thread::yield();
             }
             process.send(SIGKILL);

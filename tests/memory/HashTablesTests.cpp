@@ -1,7 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <set>
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "CorvaleKit/base/HashTables.h"
 #include "tests/memory/FailingAllocations.h"
@@ -46,13 +47,13 @@ TEST(HashTables, AreEmptyAfterClearing) {
 }
 
 // Made larger at every size at which they grow, and refused it there: they stay what they were, and go on later.
-TEST(HashTables, StayWholeWhereTheyCannotGrow) {
+void expectWholeWhereItCannotGrow(const std::function<void(HashMap<int, int>&, int)>& add) {
     HashMap<int, int> map;
     int failures = 0;
     for (int i = 0; i < 5000; ++i) {
         try {
             const FailingAllocations failing(1, FailingAllocations::Mode::fromThenOn);
-            map.try_emplace(i, i);
+            add(map, i);
         } catch (const std::bad_alloc&) {
             ++failures;
             ASSERT_EQ(map.size(), static_cast<std::size_t>(i));
@@ -60,11 +61,21 @@ TEST(HashTables, StayWholeWhereTheyCannotGrow) {
                 ASSERT_EQ(map.find(known)->second, known);
             }
             ASSERT_FALSE(map.contains(i));
-            map.try_emplace(i, i);
+            add(map, i);
         }
     }
     EXPECT_GT(failures, 10);
     EXPECT_EQ(map.size(), 5000U);
+}
+
+TEST(HashTables, StayWholeWhereTheyCannotGrow) {
+    using Map = HashMap<int, int>;
+    expectWholeWhereItCannotGrow([](Map& map, int i) { map.try_emplace(i, i); });
+    expectWholeWhereItCannotGrow([](Map& map, int i) { map.insert(std::pair(i, i)); });
+    expectWholeWhereItCannotGrow([](Map& map, int i) { map.insert_or_assign(i, i); });
+    expectWholeWhereItCannotGrow([](Map& map, int i) { map[i] = i; });
+    expectWholeWhereItCannotGrow(
+        [](Map& map, int i) { map.lazy_emplace(i, [i](const auto& construct) { construct(i, i); }); });
 }
 
 TEST(HashTables, StayWholeWhereRoomIsRefused) {

@@ -76,7 +76,10 @@ void runAndKill(const std::function<void()>& work, const std::function<bool()>& 
     const pid_t child = ::fork();
     require(child >= 0);
     if (child == 0) {
-        work();
+        resultOf([&work] {
+            work();
+            return std::string();
+        });
         ::_exit(0);
     }
     const auto hasEnded = [child] {

@@ -161,6 +161,11 @@ void Process::readPiece(Channel& channel) {
     }
 }
 
+bool Process::hasEnded() const {
+    siginfo_t ended{};
+    return ::waitid(P_PID, static_cast<id_t>(m_id), &ended, WEXITED | WNOHANG | WNOWAIT) != 0 || ended.si_pid != 0;
+}
+
 void Process::killWhenLate() {
     if (!m_wasKilled && std::chrono::steady_clock::now() > m_deadline) {
         ::kill(m_id, SIGKILL);

@@ -42,6 +42,7 @@ public:
     Process& operator=(const Process&) = delete;
 
     void send(int signal) const;
+    bool hasEnded() const;
     // Reads on until `text` has come on standard error; false when the program ended first.
     bool waitForError(std::string_view text) { return waitFor(m_error, text); }
     // The same of standard output. What the program writes until finish() is called fills the pipe and then waits.

@@ -63,6 +63,25 @@ TEST(ByteScan, FinderGivesOneMatchAfterTheOther) {
     }
 }
 
+// More matches than it looks ahead for at once, a block of nothing else among them.
+TEST(ByteScan, FinderMissesNoneOfManyMatches) {
+    std::mt19937 random(5);
+    for (const std::string_view alphabet : {",", ",a", ",aaaa", ",aaaaaaaaaaaaaaaaaaaaaaaaaa"}) {
+        for (const std::size_t size : {447U, 448U, 449U, 511U, 512U, 513U, 576U, 5'000U, 50'000U}) {
+            const Bytes text(randomText(random, alphabet, size));
+            Finder finder(text.data(), text.size(), ',', ',', ',');
+            std::size_t found = finder.next(0);
+            for (std::size_t i = 0; i < size; ++i) {
+                if (text.view()[i] == ',') {
+                    ASSERT_EQ(found, i) << size << " bytes of " << alphabet;
+                    found = finder.following();
+                }
+            }
+            EXPECT_EQ(found, size);
+        }
+    }
+}
+
 TEST(ByteScan, FinderGoesForwardInAnySteps) {
     std::mt19937 random(3);
     for (int i = 0; i < 2'000; ++i) {

@@ -50,6 +50,22 @@ TEST(JoinedText, IsHashedAndComparedAsTheWholeTextWouldBe) {
     }
 }
 
+// Whether its bytes lie as they are joined, as without quotes, or not.
+TEST(JoinedText, IsHashedAlikeHoweverTheFileHasTheRow) {
+    JoinedText text;
+    const std::string longest(1024 - 4, 'x');
+    for (const std::string& cell : {std::string("b"), std::string(), longest, longest + "x", longest + "xx"}) {
+        const auto expected = JoinedText::hash(joined({"a", cell, "c"}));
+        for (const std::string& row : {"a," + cell + ",c", "a,\"" + cell + "\",c", "\"a\"," + cell + ",\"c\""}) {
+            EXPECT_EQ(text.hash(Tables::texts(Tables::table("A,B,C\n" + row + "\n")).row(0)), expected) << row;
+        }
+        const auto swapped = Tables::table("A,C,B\na,c,\"" + cell + "\"\n");
+        EXPECT_EQ(text.hash(ComparisonTexts(swapped, {0, 2, 1}, {}).row(0)), expected);
+        const auto amidst = Tables::table("O,A,B,C,Z\no,a," + cell + ",c,z\n");
+        EXPECT_EQ(text.hash(ComparisonTexts(amidst, {1, 2, 3}, {}).row(0)), expected);
+    }
+}
+
 TEST(JoinedText, IsNoBeginningOfAnother) {
     const auto texts = Tables::texts({{"a", "b"}}, 2);
     EXPECT_FALSE(JoinedText::isEqual(texts.row(0), "a"));

@@ -89,6 +89,35 @@ TEST(RowComparison, FindsTheDifferencesOfRowsAsAFileHasThem) {
     }
 }
 
+// Rows of the same bytes, of which other columns are compared with each other.
+TEST(RowComparison, OfEqualRowsComparesTheColumnsThatArePaired) {
+    const auto row = Tables::table("A,B,C,D\n1,2,3,4\n");
+    const ComparisonTexts inOrder(row, {0, 1, 2}, {});
+    EXPECT_EQ(differences(inOrder, ComparisonTexts(row, {0, 1, 2}, {})), Positions{});
+    EXPECT_EQ(differences(inOrder, ComparisonTexts(row, {0, 2, 1}, {})), (Positions{1, 2}));
+    EXPECT_EQ(differences(ComparisonTexts(row, {0, 2, 1}, {}), inOrder), (Positions{1, 2}));
+    EXPECT_EQ(differences(inOrder, ComparisonTexts(row, {0, 1, 3}, {})), Positions{2});
+    EXPECT_EQ(differences(inOrder, ComparisonTexts(row, {1, 2, 3}, {})), (Positions{0, 1, 2}));
+}
+
+TEST(RowComparison, OfRowsShorterThanTheHeaderFindsTheSame) {
+    const auto a = Tables::texts(Tables::table("A,B,C,D\n1,2\n"));
+    const auto b = Tables::texts(Tables::table("A,B,C,D\n1,2,,\n"));
+    const auto c = Tables::texts(Tables::table("A,B,C,D\n1,2,,4\n"));
+    EXPECT_EQ(differences(a, a), Positions{});
+    EXPECT_EQ(differences(a, b), Positions{});
+    EXPECT_EQ(differences(b, a), Positions{});
+    EXPECT_EQ(differences(a, c), Positions{3});
+}
+
+// Cells of 16 MiB and more are kept apart.
+TEST(RowComparison, OfEnormousCellsFindsADifferenceAtTheEnd) {
+    const std::string enormous((1U << 24U) - 1, 'x');
+    const auto row = [&](char last) { return Tables::texts({{"1", enormous + last, "3"}}, 3); };
+    EXPECT_EQ(differences(row('a'), row('a')), Positions{});
+    EXPECT_EQ(differences(row('a'), row('b')), Positions{1});
+}
+
 TEST(RowComparison, OfThinRowsFindsTheSame) {
     const auto order = countedUp(1000);
     const auto a = texts({{3, "x"}, {500, "same"}, {700, "gone"}, {999, "1"}}, order);
