@@ -119,7 +119,11 @@ NumberStyle QtPlatform::numberStyle() const {
 
 void QtPlatform::runInBackground(std::function<void()> work) {
     // A window that stands still while it works is better than one that never does.
-    m_workers.count() > 0 ? m_workers.start(std::move(work)) : runOnMain(std::move(work));
+    if (m_workers.count() > 0) {
+        m_workers.start(std::move(work));
+    } else {
+        runOnMain(std::move(work));
+    }
 }
 
 void QtPlatform::runOnMain(std::function<void()> work) {

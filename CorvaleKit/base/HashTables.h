@@ -93,7 +93,8 @@ private:
     void growTo(std::size_t count) {
         // Until it has its memory it has nothing to give back, and must not try to.
         alignas(Table) std::byte place[sizeof(Table)];
-        auto* const larger = ::new (static_cast<void*>(place)) Table(0, m_table.hash_function(), m_table.key_eq());
+        Table* const larger = std::construct_at(
+            reinterpret_cast<Table*>(place), std::size_t{0}, m_table.hash_function(), m_table.key_eq());
         larger->reserve(count);
         const std::unique_ptr<Table, void (*)(Table*)> guard(larger, [](Table* table) { table->~Table(); });
         larger->merge(m_table);
