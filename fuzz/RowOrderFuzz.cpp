@@ -85,10 +85,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Input input = inputOf({data, size});
     const auto before = Tables::texts(input.before, input.columns);
     const auto after = Tables::texts(input.after, input.columns);
-    const auto pairs = RowOrderAlignment::align(before, after, {});
+    const auto [pairs, areSame] = RowOrderAlignment::align(before, after, {});
     CORVALE_REQUIRE(Pairs::areComplete(pairs, input.before.size(), input.after.size()),
                     "a row is missing or out of order");
-    CORVALE_REQUIRE(areIdentical(RowOrderAlignment::align(before, before, {})),
+    for (std::size_t i = 0; i < pairs.size(); ++i) {
+        CORVALE_REQUIRE(!areSame[i] || input.before[pairs[i].left] == input.after[pairs[i].right],
+                        "rows are said to be the same that are not");
+    }
+    CORVALE_REQUIRE(areIdentical(RowOrderAlignment::align(before, before, {}).pairs),
                     "equal tables are not paired row by row");
     constexpr std::size_t slowArea = 50'000;
     if (input.before.size() * input.after.size() <= slowArea) {

@@ -77,9 +77,9 @@ public:
         resolveStyle(localeStyle);
         const ComparisonTexts before = texts(m_result.before, m_compared.before, 0);
         const ComparisonTexts after = texts(m_result.after, m_compared.after, m_result.before.rows().size());
-        const std::vector<RowPair> pairs = matchRows(before, after);
+        const auto rows = matchRows(before, after);
         report(matchedShare);
-        buildRows(pairs, before, after);
+        buildRows(rows, before, after);
         report(1.0);
         m_result.duration = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
         return std::move(m_result);
@@ -119,7 +119,7 @@ private:
                 }};
     }
 
-    std::vector<RowPair> matchRows(const ComparisonTexts& before, const ComparisonTexts& after) {
+    RowOrderAlignment::AlignedRows matchRows(const ComparisonTexts& before, const ComparisonTexts& after) {
         if (!m_result.match.isKey()) {
             return RowOrderAlignment::align(before, after, m_callbacks.isCancelled);
         }
@@ -137,10 +137,12 @@ private:
             m_result.blankKeys = std::move(matches.blankKeys);
         }
         m_rowKeys = {false, columns.before, columns.after};
-        return std::move(matches.pairs);
+        return {std::move(matches.pairs), {}};
     }
 
-    void buildRows(const std::vector<RowPair>& pairs, const ComparisonTexts& before, const ComparisonTexts& after) {
+    void buildRows(const RowOrderAlignment::AlignedRows& matched, const ComparisonTexts& before,
+                   const ComparisonTexts& after) {
+        const auto& pairs = matched.pairs;
         DiffRows::Builder rows(m_result.before, m_result.after, std::move(m_rowKeys), pairs.size());
         RowComparison comparison;
         std::vector<std::int64_t> changes(m_result.columns.size(), 0);
@@ -148,7 +150,8 @@ private:
             if (i % rowsPerPoll == 0) {
                 stopIfCancelled(m_callbacks.isCancelled);
             }
-            if (pairs[i].hasLeft() && pairs[i].hasRight()) {
+            const bool areSame = i < matched.areSame.size() && matched.areSame[i];
+            if (pairs[i].hasLeft() && pairs[i].hasRight() && !areSame) {
                 const auto left = before.row(pairs[i].left);
                 const auto right = after.row(pairs[i].right);
                 comparison.forEachDifference(left, right, [&](std::size_t position) {

@@ -72,6 +72,7 @@ public:
     }
 
     std::size_t idCount() const { return m_firsts.size(); }
+    bool sameIdMeansSameCells() const { return m_sameIdMeansSameCells; }
 
 private:
     static constexpr std::size_t rowsPerBlock = 32;
@@ -148,7 +149,12 @@ private:
             return false;
         }
         const auto first = firstRow(id);
-        return m_comparison.isSame(first, candidate.row) || JoinedText::isEqual(first, candidate.row);
+        if (m_comparison.isSame(first, candidate.row)) {
+            return true;
+        }
+        const bool joinsToTheSame = JoinedText::isEqual(first, candidate.row);
+        m_sameIdMeansSameCells = m_sameIdMeansSameCells && !joinsToTheSame;
+        return joinsToTheSame;
     }
 
     ComparisonTexts::Row firstRow(std::uint32_t id) const {
@@ -163,6 +169,7 @@ private:
     std::vector<First> m_firsts;  // by id
     JoinedText m_joinedText;
     mutable RowComparison m_comparison;
+    mutable bool m_sameIdMeansSameCells = true;
     IdSet m_beforeSet;
     IdSet m_afterSet;
 };
@@ -183,5 +190,7 @@ std::vector<std::uint32_t> RowInterner::internAfter(const std::function<void(std
 std::optional<std::uint32_t> RowInterner::find(std::string_view text) const { return m_index->find(text); }
 
 std::size_t RowInterner::idCount() const { return m_index->idCount(); }
+
+bool RowInterner::sameIdMeansSameCells() const { return m_index->sameIdMeansSameCells(); }
 
 }  // namespace corvale

@@ -35,6 +35,9 @@ public:
     // Ids given so far are 0 to idCount() - 1.
     std::size_t idCount() const;
 
+    // False when rows with other cells got one id, since a cell holds a separator itself.
+    bool sameIdMeansSameCells() const;
+
 private:
     class Index;
     std::unique_ptr<Index> m_index;

@@ -11,24 +11,30 @@ namespace corvale::RowOrderAlignment {
 
 namespace {
 
-RowAnchoring::RowIds idsOf(const ComparisonTexts& before, const ComparisonTexts& after, PollMeter& meter) {
+struct InternedRows {
+    RowAnchoring::RowIds ids;
+    bool sameIdMeansSameCells = false;
+};
+
+InternedRows intern(const ComparisonTexts& before, const ComparisonTexts& after, PollMeter& meter) {
     const auto poll = [&meter](std::size_t) { meter.poll(); };
     RowInterner interner(before, after);
-    RowAnchoring::RowIds ids;
-    ids.before = interner.internBefore(poll);
-    ids.after = interner.internAfter(poll);
-    ids.count = interner.idCount();
-    return ids;
+    InternedRows rows;
+    rows.ids.before = interner.internBefore(poll);
+    rows.ids.after = interner.internAfter(poll);
+    rows.ids.count = interner.idCount();
+    rows.sameIdMeansSameCells = interner.sameIdMeansSameCells();
+    return rows;
 }
 
 }  // namespace
 
-std::vector<RowPair> align(const ComparisonTexts& before, const ComparisonTexts& after,
-                           const CancelCheck& isCancelled) {
+AlignedRows align(const ComparisonTexts& before, const ComparisonTexts& after, const CancelCheck& isCancelled) {
     PollMeter meter(isCancelled);
-    const auto partners = RowAnchoring::partners(idsOf(before, after, meter), meter);
-    std::vector<RowPair> pairs;
-    pairs.reserve(std::max(before.rowCount(), after.rowCount()));
+    const auto interned = intern(before, after, meter);
+    const auto partners = RowAnchoring::partners(interned.ids, meter);
+    AlignedRows rows;
+    rows.pairs.reserve(std::max(before.rowCount(), after.rowCount()));
     GapFilling gaps(before, after, meter);
     RowStretch gap;
     for (const std::uint32_t partner : partners) {
@@ -37,13 +43,16 @@ std::vector<RowPair> align(const ComparisonTexts& before, const ComparisonTexts&
             continue;
         }
         gap.afterEnd = partner;
-        gaps.fill(gap, pairs);
-        pairs.push_back({gap.beforeEnd, partner});
+        gaps.fill(gap, rows.pairs);
+        rows.areSame.resize(rows.pairs.size(), false);
+        rows.pairs.push_back({gap.beforeEnd, partner});
+        rows.areSame.push_back(interned.sameIdMeansSameCells);
         gap = {gap.beforeEnd + 1, gap.beforeEnd + 1, partner + 1, partner + 1};
     }
     gap.afterEnd = static_cast<std::uint32_t>(after.rowCount());
-    gaps.fill(gap, pairs);
-    return pairs;
+    gaps.fill(gap, rows.pairs);
+    rows.areSame.resize(rows.pairs.size(), false);
+    return rows;
 }
 
 }  // namespace corvale::RowOrderAlignment

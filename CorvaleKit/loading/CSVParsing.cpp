@@ -50,6 +50,7 @@ private:
             m_grid.markNotBlank();
         }
         m_isTidy = true;
+        m_hasQuotes = false;
         m_stretch = m_position;
         do {
             if (m_text[m_position] == '"') {
@@ -58,6 +59,9 @@ private:
                 readPlainCells();
             }
         } while (takeDelimiter());
+        if (!m_hasQuotes) {
+            m_grid.markPlain();
+        }
         // While the row's bytes are at hand, its white space is looked at once for all comparisons to come.
         if (m_isTidy && isTidyUpTo(m_position)) {
             m_grid.markTidy();
@@ -134,6 +138,7 @@ private:
         m_grid.addCell(start, kept - start);
         m_isTidy = m_isTidy && !WhitespaceScan::needsNormalization({m_text + start, kept - start});
         m_stretch = m_position;
+        m_hasQuotes = true;
     }
 
     std::size_t find(char wanted, std::size_t from) const {
@@ -155,6 +160,7 @@ private:
     ByteScan::Finder m_ends;
     CellGridBuilder m_grid;
     std::size_t m_position = 0;
+    bool m_hasQuotes = false;   // a cell of the row so far
     bool m_isTidy = true;       // of the row so far, but for its last stretch of cells without quotes
     std::size_t m_stretch = 0;  // where that starts
 };

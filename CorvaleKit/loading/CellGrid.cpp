@@ -55,51 +55,66 @@ std::string_view CellRow::sparseCell(std::size_t column) const {
     return found ? m_grid->text(m_cells[2 * low + 1]) : std::string_view{};
 }
 
+namespace {
+
+using PackedCells = std::span<const std::uint64_t>;
+
+std::uint64_t offsetOf(std::uint64_t packed) { return packed >> CellGrid::lengthBits; }
+std::uint64_t endOf(std::uint64_t packed) { return offsetOf(packed) + (packed & CellGrid::longLength); }
+
+// Whether the cells of both have the same lengths and the same distances from each other.
+bool areCutAlike(PackedCells a, PackedCells b) {
+    const std::uint64_t distance = a.front() - b.front();
+    std::uint64_t other = distance & CellGrid::longLength;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        other |= (a[i] - b[i]) ^ distance;
+    }
+    return other == 0;
+}
+
+// Whether a row is worth comparing as a whole: its cells in order, with delimiters and quotes between them and no more.
+bool areClose(PackedCells cells) {
+    constexpr std::uint64_t widestGap = 3;
+    std::uint64_t end = offsetOf(cells.front());
+    bool areClose = true;
+    for (const std::uint64_t cell : cells) {
+        areClose &= (offsetOf(cell) - end <= widestGap) & ((cell & CellGrid::longLength) != CellGrid::longLength);
+        end = endOf(cell);
+    }
+    return areClose;
+}
+
+}  // namespace
+
 bool CellRow::areAlike(const CellRow& a, std::size_t firstOfA, const CellRow& b, std::size_t firstOfB,
                        std::size_t count) {
-    if (a.m_sparse || b.m_sparse || a.m_stored < firstOfA + count || b.m_stored < firstOfB + count || count == 0) {
+    if (!a.hasStored(firstOfA, count) || !b.hasStored(firstOfB, count)) {
         return false;
     }
-    // Delimiters and quotes: with more between its cells a row is not worth comparing as a whole.
-    constexpr std::uint64_t widestGap = 3;
-    const std::uint64_t* const cellsOfA = a.m_cells + firstOfA;
-    const std::uint64_t* const cellsOfB = b.m_cells + firstOfB;
-    const std::uint64_t start = *cellsOfA >> CellGrid::lengthBits;
-    const std::uint64_t distance = *cellsOfA - *cellsOfB;
-    std::uint64_t end = start;
-    bool isAlike = (distance & CellGrid::longLength) == 0;
-    for (std::size_t i = 0; i < count; ++i) {
-        const std::uint64_t offset = cellsOfA[i] >> CellGrid::lengthBits;
-        const std::uint64_t length = cellsOfA[i] & CellGrid::longLength;
-        isAlike &= (cellsOfA[i] - cellsOfB[i] == distance) & (length != CellGrid::longLength);
-        isAlike &= offset - end <= widestGap;
-        end = offset + length;
-    }
-    return isAlike && std::memcmp(a.m_grid->text(*cellsOfA).data(), b.m_grid->text(*cellsOfB).data(), end - start) == 0;
+    const PackedCells cellsOfA(a.m_cells + firstOfA, count);
+    const PackedCells cellsOfB(b.m_cells + firstOfB, count);
+    return areCutAlike(cellsOfA, cellsOfB) && ((a.m_plain && b.m_plain) || areClose(cellsOfA)) &&
+           std::memcmp(a.m_grid->text(cellsOfA.front()).data(),
+                       b.m_grid->text(cellsOfB.front()).data(),
+                       endOf(cellsOfA.back()) - offsetOf(cellsOfA.front())) == 0;
 }
 
 std::optional<std::size_t> CellRow::copyJoined(std::size_t first, std::size_t count, char separator,
                                                std::span<char> target) const {
-    if (m_sparse || m_stored < first + count || count == 0) {
+    if (!m_plain || !hasStored(first, count)) {
         return std::nullopt;
     }
-    const std::span<const std::uint64_t> cells(m_cells + first, count);
-    const std::uint64_t start = cells.front() >> CellGrid::lengthBits;
-    std::uint64_t end = start - 1;
-    bool isApart = true;
-    for (const std::uint64_t cell : cells) {
-        const std::uint64_t length = cell & CellGrid::longLength;
-        isApart &= (cell >> CellGrid::lengthBits == end + 1) & (length != CellGrid::longLength);
-        end = (cell >> CellGrid::lengthBits) + length;
-    }
-    if (!isApart || end - start > target.size()) {
+    const PackedCells cells(m_cells + first, count);
+    const std::uint64_t start = offsetOf(cells.front());
+    const std::uint64_t length = endOf(cells.back()) - start;
+    if (length > target.size()) {
         return std::nullopt;
     }
-    std::memcpy(target.data(), m_grid->text(cells.front()).data(), end - start);
+    std::memcpy(target.data(), m_grid->text(cells.front()).data(), length);
     for (const std::uint64_t cell : cells.subspan(1)) {
-        target[(cell >> CellGrid::lengthBits) - 1 - start] = separator;
+        target[offsetOf(cell) - 1 - start] = separator;
     }
-    return end - start;
+    return length;
 }
 
 bool operator==(const CellRow& a, const CellRow& b) {

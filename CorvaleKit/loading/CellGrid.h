@@ -41,7 +41,7 @@ public:
     static bool areAlike(const CellRow& a, std::size_t firstOfA, const CellRow& b, std::size_t firstOfB,
                          std::size_t count);
     // Copies `count` cells from `first` on to `target`, with the separator between them, and says how many bytes that
-    // took. Only where they lie one byte apart, as in a file without quotes, and fit; otherwise none.
+    // took. Only of a row that is known to have its cells one byte apart, and where they fit; otherwise none.
     std::optional<std::size_t> copyJoined(std::size_t first, std::size_t count, char separator,
                                           std::span<char> target) const;
     // Calls visit(column, text) for the cells that the source has, in column order: a thin row of a wide table costs
@@ -64,7 +64,12 @@ private:
     bool m_sparse = false;
     bool m_tidy = false;
     bool m_notBlank = false;
+    bool m_plain = false;
     std::size_t m_width = 0;
+
+    bool hasStored(std::size_t first, std::size_t count) const {
+        return !m_sparse && count > 0 && first + count <= m_stored;
+    }
 
     std::string_view sparseCell(std::size_t column) const;
     std::size_t sourceWidth() const;
@@ -117,7 +122,8 @@ private:
     static constexpr std::uint64_t sparseFlag = std::uint64_t{1} << 63U;
     static constexpr std::uint64_t tidyFlag = std::uint64_t{1} << 62U;
     static constexpr std::uint64_t notBlankFlag = std::uint64_t{1} << 61U;
-    static constexpr std::uint64_t cellIndex = notBlankFlag - 1;
+    static constexpr std::uint64_t plainFlag = std::uint64_t{1} << 60U;
+    static constexpr std::uint64_t cellIndex = plainFlag - 1;
 
     Bytes m_buffer;
     const char* m_base = nullptr;
@@ -141,6 +147,7 @@ inline CellRow CellGrid::row(std::size_t index) const {
     row.m_sparse = (start & sparseFlag) != 0;
     row.m_tidy = (start & tidyFlag) != 0;
     row.m_notBlank = (start & notBlankFlag) != 0;
+    row.m_plain = (start & plainFlag) != 0;
     row.m_width = row.sourceWidth();
     return row;
 }

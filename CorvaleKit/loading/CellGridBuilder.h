@@ -22,6 +22,12 @@ public:
         m_grid.m_rowStarts.back() |= CellGrid::tidyFlag;
         ++m_grid.m_tidyRows;
     }
+    // Says of the current row, when all its cells are added, that they lie in order and one byte apart.
+    void markPlain() {
+        if (m_grid.m_longCells.empty()) {
+            m_grid.m_rowStarts.back() |= CellGrid::plainFlag;
+        }
+    }
     // Says of the current row that its first cell is more than white space.
     void markNotBlank() { m_grid.m_rowStarts.back() |= CellGrid::notBlankFlag; }
     // Ends the current row, which may have no cells.

@@ -353,5 +353,20 @@ TEST(DiffEngine, ThinRowsOfWideTablesCompareLikeFullOnes) {
               (Lines{"changed 1 C3:value:>y", "changed 2 C39:value:l>k", "same 3"}));
 }
 
+// Row order takes both for one row, but their cells differ.
+TEST(DiffEngine, ByRowOrderFindsWhatASeparatorInACellHides) {
+    const DataTable before({"A", "B"}, {{"a\x1F", "b"}, {"c", "d"}}, "b.csv");
+    const DataTable after({"A", "B"},
+                          {{"a",
+                            "\x1F"
+                            "b"},
+                           {"c", "d"}},
+                          "a.csv");
+    const auto result = compare(before, after, {}, RowMatch::rowOrder());
+    EXPECT_EQ(result.summary.changed, 1);
+    EXPECT_EQ(result.summary.changedCells, 2);
+    EXPECT_EQ(result.summary.same, 1);
+}
+
 }  // namespace
 }  // namespace corvale

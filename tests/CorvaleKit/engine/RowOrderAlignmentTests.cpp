@@ -16,7 +16,7 @@ using Pairs::shown;
 using Tables::Rows;
 
 std::vector<RowPair> align(const Rows& before, const Rows& after, std::size_t columns) {
-    return RowOrderAlignment::align(Tables::texts(before, columns), Tables::texts(after, columns), {});
+    return RowOrderAlignment::align(Tables::texts(before, columns), Tables::texts(after, columns), {}).pairs;
 }
 
 std::string aligned(const Rows& before, const Rows& after) {
@@ -101,7 +101,28 @@ TEST(RowOrderAlignment, ReadsTheTextsAsReduced) {
     const CellReduction ignoringCase{false, false, true, NumberStyle::dotDecimal};
     const auto before = Tables::texts(Tables::table({{"A", "B"}, {"C", "D"}}, 2), ignoringCase);
     const auto after = Tables::texts(Tables::table({{"x", "y"}, {"a", "b"}, {"c", "d"}}, 2), ignoringCase);
-    EXPECT_EQ(shown(RowOrderAlignment::align(before, after, {})), "-:0 0:1 1:2");
+    EXPECT_EQ(shown(RowOrderAlignment::align(before, after, {}).pairs), "-:0 0:1 1:2");
+}
+
+TEST(RowOrderAlignment, TellsWhichPairsNeedNoComparison) {
+    const auto before = Tables::texts({{"a", "1"}, {"b", "2"}, {"c", "3"}}, 2);
+    const auto after = Tables::texts({{"a", "1"}, {"b", "5"}, {"n", "4"}, {"c", "3"}}, 2);
+    const auto [pairs, areSame] = RowOrderAlignment::align(before, after, {});
+    EXPECT_EQ(shown(pairs), "0:0 1:1 -:2 2:3");
+    EXPECT_EQ(areSame, (std::vector<bool>{true, false, false, true}));
+}
+
+// The rows are identical as texts, and yet each has a cell that is not the other's.
+TEST(RowOrderAlignment, ComparesPairsWhoseCellsHoldSeparators) {
+    const auto before = Tables::texts({{"a\x1F", "b"}, {"c", "d"}}, 2);
+    const auto after = Tables::texts({{"a",
+                                       "\x1F"
+                                       "b"},
+                                      {"c", "d"}},
+                                     2);
+    const auto [pairs, areSame] = RowOrderAlignment::align(before, after, {});
+    EXPECT_EQ(shown(pairs), "0:0 1:1");
+    EXPECT_EQ(areSame, (std::vector<bool>{false, false}));
 }
 
 TEST(RowOrderAlignment, AMovedBlockIsRemovedAndAdded) {
@@ -135,7 +156,11 @@ void expectSlowAnswers(const std::vector<Rows>& tables, std::size_t columns) {
     }
     for (std::size_t before = 0; before < tables.size(); ++before) {
         for (std::size_t after = 0; after < tables.size(); ++after) {
-            const auto pairs = RowOrderAlignment::align(texts[before], texts[after], {});
+            const auto [pairs, areSame] = RowOrderAlignment::align(texts[before], texts[after], {});
+            ASSERT_EQ(areSame.size(), pairs.size());
+            for (std::size_t i = 0; i < pairs.size(); ++i) {
+                ASSERT_TRUE(!areSame[i] || tables[before][pairs[i].left] == tables[after][pairs[i].right]);
+            }
             const auto expected = SlowRowOrder::align(tables[before], tables[after], columns);
             ASSERT_EQ(shown(pairs), shown(expected)) << columns << " columns, tables " << before << " and " << after;
             ASSERT_TRUE(Pairs::areComplete(pairs, tables[before].size(), tables[after].size()));

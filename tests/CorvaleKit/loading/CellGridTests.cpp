@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <random>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -65,6 +67,30 @@ TEST(CellGrid, RowsAreAlikeThatLieAlikeWithTheSameTexts) {
     }
     EXPECT_FALSE(CellRow::areAlike(backwards.row(0), 0, backwards.row(0), 0, 3));
     EXPECT_FALSE(CellRow::areAlike(farApart.row(0), 0, farApart.row(0), 0, 3));
+}
+
+TEST(CellGrid, CopiesTheCellsOfAPlainRowJoined) {
+    CellGridBuilder builder;
+    for (const auto& [offset, length] : std::vector<std::pair<std::uint64_t, std::uint64_t>>{{2, 2}, {5, 0}, {6, 1}}) {
+        builder.addCell(offset, length);
+    }
+    builder.markPlain();
+    builder.endRow();
+    builder.addCell(6, 1);
+    builder.endRow();
+    const CellGrid grid = builder.finish(Bytes(std::string_view("x,ab,,c")));
+    std::array<char, 5> target{};
+    const auto copied = [&](std::size_t row, std::size_t first, std::size_t count, std::size_t room) {
+        const auto length = grid.row(row).copyJoined(first, count, '|', std::span(target).first(room));
+        return length ? std::string(target.data(), *length) : "none";
+    };
+    EXPECT_EQ(copied(0, 0, 3, 5), "ab||c");
+    EXPECT_EQ(copied(0, 1, 2, 5), "|c");
+    EXPECT_EQ(copied(0, 0, 1, 5), "ab");
+    EXPECT_EQ(copied(0, 0, 3, 4), "none");
+    EXPECT_EQ(copied(0, 0, 4, 5), "none");
+    EXPECT_EQ(copied(0, 0, 0, 5), "none");
+    EXPECT_EQ(copied(1, 0, 1, 5), "none");
 }
 
 TEST(CellGrid, NothingIsSaidOfRowsThatNobodySpokeOf) {
