@@ -3,7 +3,7 @@
 #include <cstddef>
 
 #include "CorvaleKit/base/Require.h"
-#include "CorvaleKit/loading/CellGrid.h"
+#include "CorvaleKit/loading/CellRow.h"
 #include "CorvaleKit/text/Utf8.h"
 
 // What holds for the grid of any worksheet, whatever the file says.

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "CorvaleKit/loading/CellGrid.h"
+#include "CorvaleKit/loading/CellRow.h"
 #include "CorvaleKit/text/Text.h"
 
 // What the user knows a row by: its key cells trimmed of spaces and line breaks, joined with " · ".

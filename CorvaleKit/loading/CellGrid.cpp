@@ -1,7 +1,6 @@
 #include "CorvaleKit/loading/CellGrid.h"
 
 #include <algorithm>
-#include <cstring>
 #include <string>
 #include <utility>
 
@@ -40,87 +39,6 @@ std::string_view CellGrid::longText(std::uint64_t index) const {
     return {m_base + cell.offset, cell.length};
 }
 
-std::string_view CellRow::sparseCell(std::size_t column) const {
-    std::size_t low = 0;
-    std::size_t high = m_stored / 2;
-    while (low < high) {
-        const std::size_t middle = (low + high) / 2;
-        if (m_cells[2 * middle] < column) {
-            low = middle + 1;
-        } else {
-            high = middle;
-        }
-    }
-    const bool found = low < m_stored / 2 && m_cells[2 * low] == column;
-    return found ? m_grid->text(m_cells[2 * low + 1]) : std::string_view{};
-}
-
-namespace {
-
-using PackedCells = std::span<const std::uint64_t>;
-
-std::uint64_t offsetOf(std::uint64_t packed) { return packed >> CellGrid::lengthBits; }
-std::uint64_t endOf(std::uint64_t packed) { return offsetOf(packed) + (packed & CellGrid::longLength); }
-
-// Whether the cells of both have the same lengths and the same distances from each other.
-bool areCutAlike(PackedCells a, PackedCells b) {
-    const std::uint64_t distance = a.front() - b.front();
-    std::uint64_t other = distance & CellGrid::longLength;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        other |= (a[i] - b[i]) ^ distance;
-    }
-    return other == 0;
-}
-
-// Whether a row is worth comparing as a whole: its cells in order, with delimiters and quotes between them and no more.
-bool areClose(PackedCells cells) {
-    constexpr std::uint64_t widestGap = 3;
-    std::uint64_t end = offsetOf(cells.front());
-    bool areClose = true;
-    for (const std::uint64_t cell : cells) {
-        areClose &= (offsetOf(cell) - end <= widestGap) & ((cell & CellGrid::longLength) != CellGrid::longLength);
-        end = endOf(cell);
-    }
-    return areClose;
-}
-
-}  // namespace
-
-bool CellRow::areAlike(const CellRow& a, std::size_t firstOfA, const CellRow& b, std::size_t firstOfB,
-                       std::size_t count) {
-    if (!a.hasStored(firstOfA, count) || !b.hasStored(firstOfB, count)) {
-        return false;
-    }
-    const PackedCells cellsOfA(a.m_cells + firstOfA, count);
-    const PackedCells cellsOfB(b.m_cells + firstOfB, count);
-    return areCutAlike(cellsOfA, cellsOfB) && ((a.m_plain && b.m_plain) || areClose(cellsOfA)) &&
-           std::memcmp(a.m_grid->text(cellsOfA.front()).data(),
-                       b.m_grid->text(cellsOfB.front()).data(),
-                       endOf(cellsOfA.back()) - offsetOf(cellsOfA.front())) == 0;
-}
-
-std::optional<std::size_t> CellRow::copyJoined(std::size_t first, std::size_t count, char separator,
-                                               std::span<char> target) const {
-    if (!m_plain || !hasStored(first, count)) {
-        return std::nullopt;
-    }
-    const PackedCells cells(m_cells + first, count);
-    const std::uint64_t start = offsetOf(cells.front());
-    const std::uint64_t length = endOf(cells.back()) - start;
-    if (length > target.size()) {
-        return std::nullopt;
-    }
-    std::memcpy(target.data(), m_grid->text(cells.front()).data(), length);
-    for (const std::uint64_t cell : cells.subspan(1)) {
-        target[offsetOf(cell) - 1 - start] = separator;
-    }
-    return length;
-}
-
-bool operator==(const CellRow& a, const CellRow& b) {
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin());
-}
-
 void CellGridBuilder::reserve(std::size_t cells, std::size_t rows) {
     m_grid.m_cells.reserve(cells);
     Memory::preferHugePages(m_grid.m_cells.data(), cells * sizeof(std::uint64_t));
@@ -129,7 +47,7 @@ void CellGridBuilder::reserve(std::size_t cells, std::size_t rows) {
 
 std::uint64_t CellGridBuilder::packedLong(std::uint64_t offset, std::uint64_t length) {
     m_grid.m_longCells.push_back({offset, length});
-    return (m_grid.m_longCells.size() - 1) << CellGrid::lengthBits | CellGrid::longLength;
+    return (m_grid.m_longCells.size() - 1) << PackedCell::lengthBits | PackedCell::longLength;
 }
 
 void CellGridBuilder::addRow(const std::vector<PlacedCell>& cells) {

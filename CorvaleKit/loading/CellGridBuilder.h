@@ -39,7 +39,7 @@ public:
 
     struct PlacedCell {
         std::uint32_t column = 0;
-        std::uint64_t packed = 0;
+        std::uint64_t packed = 0;  // a PackedCell
     };
     // Appends a whole row of cells at increasing columns, in the form that takes less room.
     void addRow(const std::vector<PlacedCell>& cells);
@@ -55,9 +55,9 @@ public:
 
     // The reference of a text in the buffer, for addRow. Offsets go up to 2^40.
     std::uint64_t packed(std::uint64_t offset, std::uint64_t length) {
-        CORVALE_REQUIRE(offset >> (64 - CellGrid::lengthBits) == 0, "a cell starts beyond the first tebibyte");
-        if (length < CellGrid::longLength) [[likely]] {
-            return offset << CellGrid::lengthBits | length;
+        CORVALE_REQUIRE(offset >> (64 - PackedCell::lengthBits) == 0, "a cell starts beyond the first tebibyte");
+        if (length < PackedCell::longLength) [[likely]] {
+            return offset << PackedCell::lengthBits | length;
         }
         return packedLong(offset, length);
     }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CorvaleKit/base/JsonWriter.h"
-#include "CorvaleKit/loading/CellGrid.h"
+#include "CorvaleKit/loading/CellRow.h"
 
 namespace corvale {
 

@@ -9,6 +9,7 @@
 #include "CorvaleKit/base/IndexIterator.h"
 #include "CorvaleKit/base/Memory.h"
 #include "CorvaleKit/loading/CellGrid.h"
+#include "CorvaleKit/loading/CellRow.h"
 
 namespace corvale {
 

@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include "CorvaleKit/loading/CellGrid.h"
 #include "CorvaleKit/loading/CellGridBuilder.h"
+#include "CorvaleKit/loading/CellRow.h"
 #include "CorvaleKit/loading/CellRows.h"
 
 // Grids and their contents in the form that a test writes down.

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "CorvaleKit/base/Failures.h"
+#include "CorvaleKit/loading/CellRow.h"
 #include "CorvaleKit/loading/SharedStrings.h"
 #include "CorvaleKit/loading/SheetReader.h"
 #include "CorvaleKit/loading/XMLEvents.h"

@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "CorvaleKit/loading/CellGrid.h"
 #include "CorvaleKit/loading/CellGridBuilder.h"
+#include "CorvaleKit/loading/CellRow.h"
 #include "tests/support/Grids.h"
 
 namespace corvale {
