@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "CorvaleKit/loading/PackedCell.h"
 #include "CorvaleKit/loading/SheetCells.h"
 #include "tests/support/Grids.h"
 
@@ -81,7 +82,7 @@ TEST(SheetCells, TextsOfTheArenaArePlacedByOffset) {
 }
 
 TEST(SheetCells, LateCellsKeepVeryLongTexts) {
-    const std::string longText(CellGrid::longLength + 1, 'x');
+    const std::string longText(PackedCell::longLength + 1, 'x');
     EXPECT_TRUE(texts(gridOf({{1, 0, longText}, {0, 0, longText}, {0, 1, "a"}})) ==
                 (Rows{{longText, "a"}, {longText}}));
 }
