@@ -40,7 +40,8 @@ bool areClose(PackedCells cells) {
     std::uint64_t end = PackedCell::offset(cells.front());
     bool areClose = true;
     for (const std::uint64_t cell : cells) {
-        areClose &= (PackedCell::offset(cell) - end <= widestGap) & !PackedCell::isLong(cell);
+        areClose &= PackedCell::offset(cell) - end <= widestGap;
+        areClose &= !PackedCell::isLong(cell);
         end = PackedCell::end(cell);
     }
     return areClose;
