@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QSettings>
+#include <QWidget>
 #include <cstdlib>
 #include <fstream>
 #include <functional>
@@ -53,6 +54,13 @@ void limitMemory(std::uint64_t further) {
 void liftLimit() {
     const rlimit limit{RLIM_INFINITY, RLIM_INFINITY};
     ::setrlimit(RLIMIT_AS, &limit);
+}
+
+// Qt's painter goes on without the memory that it asked for, and nothing of ours can keep it from that.
+void letWindowsPaint(bool may) {
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        window->setUpdatesEnabled(may);
+    }
 }
 
 QUrl urlOf(const std::string& path) { return QUrl::fromLocalFile(QString::fromStdString(path)); }
@@ -110,10 +118,13 @@ private:
     }
 
     void within(std::uint64_t memory, const std::function<void()>& work) {
+        letWindowsPaint(false);
         limitMemory(memory);
         work();
         settle();
         liftLimit();
+        letWindowsPaint(true);
+        settle();
         if (const auto problem = m_app.model().problem()) {
             m_told.push_back(problem->toStdString());
             m_app.model().dismissProblem();
