@@ -1,6 +1,5 @@
 #include <QApplication>
 #include <QSettings>
-#include <csignal>
 #include <memory>
 
 #include "Corvale/commands/CorvaleApp.h"
@@ -8,20 +7,10 @@
 #include "Corvale/platform/Translation.h"
 #include "Corvale/style/Icons.h"
 #include "Corvale/style/Theme.h"
-
-namespace {
-
-// Where files may not grow beyond a limit, the write is to fail and be told of, not to end the process.
-void outliveFileSizeLimit() {
-#ifdef SIGXFSZ
-    std::signal(SIGXFSZ, SIG_IGN);
-#endif
-}
-
-}  // namespace
+#include "CorvaleKit/base/SystemFiles.h"
 
 int main(int argc, char** argv) {
-    outliveFileSizeLimit();
+    corvale::SystemFiles::outliveSizeLimit();
     QApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Corvale"));
     QApplication::setApplicationName(QStringLiteral("Corvale"));

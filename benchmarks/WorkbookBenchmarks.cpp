@@ -1,5 +1,4 @@
 #include <benchmark/benchmark.h>
-#include <libdeflate.h>
 
 #include <string>
 #include <string_view>
@@ -10,6 +9,7 @@
 #include "CorvaleKit/loading/Workbook.h"
 #include "CorvaleKit/loading/XMLEvents.h"
 #include "CorvaleKit/loading/ZipReader.h"
+#include "tests/support/ZipBuilder.h"
 
 namespace corvale::benchmarks {
 
@@ -67,25 +67,10 @@ void readSheet(benchmark::State& state, XMLEvents::Parser parse) {
 
 void parseGenerally(std::string_view part, XMLEvents::Handler& handler) { XMLEvents::parseGenerally(part, handler); }
 
-// A local file header without a name, and the deflated bytes; what extract reads of an archive.
-std::string localMember(const std::string& content) {
-    libdeflate_compressor* const compressor = libdeflate_alloc_compressor(6);
-    std::string packed(libdeflate_deflate_compress_bound(compressor, content.size()), '\0');
-    packed.resize(
-        libdeflate_deflate_compress(compressor, content.data(), content.size(), packed.data(), packed.size()));
-    libdeflate_free_compressor(compressor);
-    return "PK\x03\x04" + std::string(26, '\0') + packed;
-}
-
 void inflate(benchmark::State& state) {
     const std::string xml = sheetXml(static_cast<std::size_t>(state.range(0)));
-    const std::string archive = localMember(xml);
-    ZipReader::Entry entry;
-    entry.path = "sheet1.xml";
-    entry.method = 8;
-    entry.compressedSize = archive.size() - 30;
-    entry.size = xml.size();
-    entry.crc32 = libdeflate_crc32(0, xml.data(), xml.size());
+    const std::string archive = ZipBuilder::archive({{.path = "sheet1.xml", .content = xml}});
+    const ZipReader::Entry entry = ZipReader::entries(archive).front();
     for ([[maybe_unused]] auto run : state) {
         benchmark::DoNotOptimize(ZipReader::extract(entry, archive));
     }

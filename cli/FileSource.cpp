@@ -11,6 +11,8 @@
 #include <filesystem>
 #endif
 
+#include "CorvaleKit/base/SystemFiles.h"
+
 namespace corvale::Cli {
 
 #if __has_include(<unistd.h>)
@@ -27,14 +29,6 @@ struct stat statusOf(int descriptor) {
     return status;
 }
 
-timespec lastWrite(const struct stat& status) {
-#if defined(__APPLE__)
-    return status.st_mtimespec;
-#else
-    return status.st_mtim;
-#endif
-}
-
 }  // namespace
 
 FileSource::FileSource(const std::string& path)
@@ -45,8 +39,7 @@ FileSource::FileSource(const std::string& path)
     try {
         const struct stat status = statusOf(m_descriptor);
         m_size = static_cast<std::uint64_t>(status.st_size);
-        m_seconds = lastWrite(status).tv_sec;
-        m_nanoseconds = lastWrite(status).tv_nsec;
+        m_lastWrite = SystemFiles::lastWrite(m_descriptor);
     } catch (const std::system_error&) {
         ::close(m_descriptor);
         throw;
@@ -55,8 +48,7 @@ FileSource::FileSource(const std::string& path)
 
 bool FileSource::hasChanged() const {
     const struct stat status = statusOf(m_descriptor);
-    return static_cast<std::uint64_t>(status.st_size) != m_size || lastWrite(status).tv_sec != m_seconds ||
-           lastWrite(status).tv_nsec != m_nanoseconds;
+    return static_cast<std::uint64_t>(status.st_size) != m_size || SystemFiles::lastWrite(m_descriptor) != m_lastWrite;
 }
 
 FileSource::~FileSource() { ::close(m_descriptor); }

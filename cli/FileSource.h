@@ -2,7 +2,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <utility>
 
 #if !__has_include(<unistd.h>)
 #include <fstream>
@@ -32,9 +34,7 @@ private:
     std::uint64_t m_size = 0;
 #if __has_include(<unistd.h>)
     int m_descriptor = -1;
-    // When it was written to last.
-    std::int64_t m_seconds = 0;
-    std::int64_t m_nanoseconds = 0;
+    std::optional<std::pair<std::int64_t, std::int64_t>> m_lastWrite;
 #else
     std::ifstream m_file;
 #endif

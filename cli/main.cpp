@@ -1,4 +1,3 @@
-#include <csignal>
 #include <cstdio>
 #include <exception>
 #include <new>
@@ -6,6 +5,7 @@
 #include <string_view>
 
 #include "CorvaleKit/base/Failures.h"
+#include "CorvaleKit/base/SystemFiles.h"
 #include "cli/ArgumentParser.h"
 #include "cli/Commands.h"
 #include "cli/DisplayText.h"
@@ -21,18 +21,11 @@ int trouble(std::string_view message) {
     return corvale::Cli::ExitStatus::trouble;
 }
 
-// A limit on file sizes is told by the write that meets it, as a full disk is.
-void outliveFileSizeLimit() {
-#ifdef SIGXFSZ
-    std::signal(SIGXFSZ, SIG_IGN);
-#endif
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
     try {
-        outliveFileSizeLimit();
+        corvale::SystemFiles::outliveSizeLimit();
         corvale::Cli::Interrupt::install();
         corvale::Cli::Output output(stdout);
         corvale::Cli::run(corvale::Cli::parseArguments({argv + (argc > 0 ? 1 : 0), argv + argc}), output);

@@ -163,8 +163,6 @@ void DiffGrid::applyTheme() {
     viewport()->update();
 }
 
-// --- Where things are
-
 int DiffGrid::scroll() const { return horizontalScrollBar()->value(); }
 
 ViewMode DiffGrid::view() const { return m_model.settings().view; }
@@ -225,8 +223,6 @@ void DiffGrid::ensureLineOnScreen(std::int64_t line) {
 void DiffGrid::scrollToCell(std::size_t cell) {
     horizontalScrollBar()->setValue(m_contents.geometry.scrollToShow(cell, scroll()));
 }
-
-// --- Painting
 
 void DiffGrid::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());

@@ -39,8 +39,6 @@ public:
 
     void refresh();
 
-    // --- For the views beside it
-
     // Height of the header above the lines, which depends on the view.
     int headerHeight() const;
     // The lines that are on screen, in part or whole.
@@ -48,15 +46,11 @@ public:
     // Scrolls so that the line, moved into bounds, is in the middle.
     void centerOn(std::int64_t line);
 
-    // --- Commands
-
     // Goes to the next changed cell of the listed rows, in reading order, from the first one again after the last.
     void showNextChange();
     void showPreviousChange();
     // Puts the selected row on the clipboard: a tab-separated line a side that has it.
     void copySelectedRow();
-
-    // --- What is shown, for those who cannot see it
 
     std::int64_t lineCount() const;
     // `line` is below lineCount(). Valid until the model changes.
@@ -106,6 +100,8 @@ private:
     ViewMode view() const;
     std::optional<std::int64_t> lineAt(int y) const;
     Spot spotAt(const QPoint& position) const;
+    // Follows a tab to its cell; elsewhere the line there.
+    std::optional<std::int64_t> pressAt(const QPoint& position);
     void ensureLineOnScreen(std::int64_t line);
     void scrollToCell(std::size_t cell);
     void openDetails();

@@ -61,17 +61,21 @@ DiffGrid::Spot DiffGrid::spotAt(const QPoint& position) const {
     return spot;
 }
 
-// --- Mouse
+std::optional<std::int64_t> DiffGrid::pressAt(const QPoint& position) {
+    const Spot spot = spotAt(position);
+    if (spot.tabTarget) {
+        scrollToCell(*spot.tabTarget);
+        return std::nullopt;
+    }
+    return spot.line;
+}
 
 void DiffGrid::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) {
         return;
     }
-    const Spot spot = spotAt(event->pos());
-    if (spot.tabTarget) {
-        scrollToCell(*spot.tabTarget);
-    } else if (spot.line) {
-        selectLine(*spot.line);
+    if (const auto line = pressAt(event->pos())) {
+        selectLine(*line);
     }
 }
 
@@ -79,10 +83,7 @@ void DiffGrid::mouseDoubleClickEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) {
         return;
     }
-    const Spot spot = spotAt(event->pos());
-    if (spot.tabTarget) {
-        scrollToCell(*spot.tabTarget);
-    } else if (spot.line) {
+    if (pressAt(event->pos())) {
         openDetails();
     }
 }
@@ -144,8 +145,6 @@ QString DiffGrid::cellToolTip(std::int64_t line, std::size_t cell) const {
                             m_painter.cells().fits(width, content, m_painter.cellStyle(gridRow, cell));
     return showsWhole ? QString() : CellText::toolTip(RowTexts::cell(content, longestInToolTip));
 }
-
-// --- Keyboard
 
 bool DiffGrid::event(QEvent* event) {
     // Here the key for copying means the selected row, whatever command of the window has it too.
@@ -241,8 +240,6 @@ void DiffGrid::focusOutEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusOutEvent(event);
     viewport()->update();
 }
-
-// --- Commands
 
 void DiffGrid::copySelectedRow() {
     const auto selected = m_model.selectedRow();

@@ -1,11 +1,13 @@
 #include "Corvale/grid/RowField.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "Corvale/grid/CellText.h"
 #include "Corvale/grid/GridRow.h"
 #include "Corvale/grid/RowTexts.h"
+#include "Corvale/grid/ShownStretch.h"
 #include "Corvale/grid/TextDifference.h"
 #include "Corvale/grid/VisibleSpaces.h"
 
@@ -32,6 +34,43 @@ void showSpaces(FieldValue& value, std::string_view text) {
     VisibleSpaces spaces = VisibleSpaces::of(text);
     value.text = spaces.text;
     value.origins = std::move(spaces.origins);
+}
+
+// In a line of its own in front of the shown text, which stands for what of the original is not there.
+void noteLeftOutBefore(FieldValue& value, std::size_t characters) {
+    const QString note = RowTexts::leftOut(characters) + u'\n';
+    value.text.prepend(note);
+    value.origins.insert(value.origins.begin(), static_cast<std::size_t>(note.size()), 0);
+    value.markBegin += static_cast<int>(note.size());
+    value.markEnd += static_cast<int>(note.size());
+}
+
+void noteLeftOutBehind(FieldValue& value, std::size_t characters, int origin) {
+    const QString note = u'\n' + RowTexts::leftOut(characters);
+    value.text += note;
+    value.origins.insert(value.origins.end(), static_cast<std::size_t>(note.size()), origin);
+}
+
+// Of `piece`, the shown stretch of the text, to the same of the whole text.
+FieldValue inWhole(FieldValue piece, std::string_view text, const ShownStretch& shown) {
+    const auto unitsIn = [](const QString& some) { return static_cast<int>(some.size()); };
+    const int end = unitsIn(piece.original);
+    if (piece.origins.empty()) {
+        piece.origins.resize(static_cast<std::size_t>(end));
+        std::iota(piece.origins.begin(), piece.origins.end(), 0);
+    }
+    const QString head = CellText::whole(text.substr(0, shown.begin));
+    for (int& origin : piece.origins) {
+        origin += unitsIn(head);
+    }
+    piece.original = CellText::whole(text);
+    if (shown.begin > 0) {
+        noteLeftOutBefore(piece, characterCount(text.substr(0, shown.begin)));
+    }
+    if (shown.end < text.size()) {
+        noteLeftOutBehind(piece, characterCount(text.substr(shown.end)), unitsIn(head) + end);
+    }
+    return piece;
 }
 
 // `begin` and `end` are the stretch of the text that differs, in bytes.
@@ -61,6 +100,19 @@ FieldValue written(const RowField& field, std::string_view text, std::size_t beg
     return value;
 }
 
+// The same of as much as is shown, `place` among it.
+FieldValue shownPart(const RowField& field, std::string_view text, std::size_t begin, std::size_t end,
+                     std::size_t place) {
+    const auto shown = ShownStretch::of(text, place);
+    if (shown == ShownStretch{0, text.size()}) {
+        return written(field, text, begin, end);
+    }
+    const std::string_view piece = text.substr(shown.begin, shown.end - shown.begin);
+    const std::size_t first = std::clamp(begin, shown.begin, shown.end);
+    const std::size_t last = std::clamp(end, shown.begin, shown.end);
+    return inWhole(written(field, piece, first - shown.begin, last - shown.begin), text, shown);
+}
+
 FieldValue valueOf(const RowField& field, const std::optional<std::string_view>& text, bool isAfter) {
     if (!text || text->empty()) {
         FieldValue value;
@@ -69,10 +121,15 @@ FieldValue valueOf(const RowField& field, const std::optional<std::string_view>&
         return value;
     }
     if (field.kind == RowField::Kind::plain || !field.before || !field.after) {
-        return written(field, *text, 0, 0);
+        return shownPart(field, *text, 0, 0, 0);
     }
+    const auto differs = std::ranges::mismatch(*field.before, *field.after).in1 - field.before->begin();
     const auto difference = TextDifference::of(*field.before, *field.after);
-    return written(field, *text, difference.begin, isAfter ? difference.afterEnd : difference.beforeEnd);
+    return shownPart(field,
+                     *text,
+                     difference.begin,
+                     isAfter ? difference.afterEnd : difference.beforeEnd,
+                     static_cast<std::size_t>(differs));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "Corvale/grid/RowTexts.h"
 
+#include <QLocale>
 #include <QStringList>
 #include <algorithm>
 #include <limits>
@@ -165,6 +166,10 @@ QString RowTexts::blankKey() { return tr("(blank key)"); }
 QString RowTexts::emptyCell() { return tr("(empty)"); }
 
 QString RowTexts::notInThisFile() { return tr("(not in this file)"); }
+
+QString RowTexts::leftOut(std::size_t characters) {
+    return tr("[%1 characters left out]").arg(QLocale().toString(static_cast<qulonglong>(characters)));
+}
 
 QString RowTexts::sideName(Side side) { return side == Side::before ? tr("Before") : tr("After"); }
 

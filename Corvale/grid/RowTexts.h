@@ -50,6 +50,8 @@ public:
     static QString emptyCell();      // "(empty)"
     static QString blankKey();       // "(blank key)"
     static QString notInThisFile();  // "(not in this file)"
+    // "[2,967,233 characters left out]"
+    static QString leftOut(std::size_t characters);
     static QString sideName(DuplicateKey::Side side);
 };
 

@@ -48,8 +48,6 @@ public:
     AppModel(const AppModel&) = delete;
     AppModel& operator=(const AppModel&) = delete;
 
-    // --- State
-
     const std::optional<LoadedFile>& before() const { return file(Side::before); }
     const std::optional<LoadedFile>& after() const { return file(Side::after); }
     const std::optional<LoadedFile>& file(Side side) const { return m_files[static_cast<std::size_t>(side)]; }
@@ -94,8 +92,6 @@ public:
     // The row that the loader takes for them when none is chosen; none while the side is empty.
     std::optional<std::int64_t> automaticHeaderRow(Side side) const;
 
-    // --- Files
-
     // Asks the user for a file; for Before, several may be chosen and fill both sides.
     void choose(Side side);
     // One file fills `side`; of several, the first two fill Before and After.
@@ -113,8 +109,6 @@ public:
     // Fills both sides with a stock list of two months.
     void openSamples();
 
-    // --- Comparing
-
     void setMatch(const MatchChoice& choice);
     // Nothing happens while a side is missing. Waits until reading has ended.
     void compare();
@@ -124,8 +118,6 @@ public:
     // interrupted goes on.
     void cancel();
 
-    // --- Browsing
-
     void setFilter(const DiffFilter& filter);
     // An index into the result's rows; none, or one that it does not have, selects nothing.
     void select(std::optional<std::int64_t> row);
@@ -134,8 +126,6 @@ public:
     void selectPrevious();
     void toggleInspector();
     void setFocusSearch(bool wanted);
-
-    // --- Reports, settings, messages
 
     // Asks the user for a place and writes a report there. Nothing happens without a result, or while another report
     // is under way.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <exception>
 #include <functional>
 #include <memory>
@@ -96,7 +97,7 @@ private:
             } catch (const std::bad_alloc&) {
                 outcome.value.reset();
                 outcome.failure = std::current_exception();
-                std::this_thread::yield();
+                std::this_thread::sleep_for(std::chrono::milliseconds(1));
             }
         }
     }

@@ -6,15 +6,10 @@
 #include <QSaveFile>
 #include <cstdint>
 #include <new>
-#include <optional>
-#include <utility>
-
-#if defined(__linux__)
-#include <sys/stat.h>
-#endif
 
 #include "CorvaleKit/base/Failures.h"
 #include "CorvaleKit/base/Memory.h"
+#include "CorvaleKit/base/SystemFiles.h"
 
 namespace corvale::LocalFile {
 
@@ -78,17 +73,6 @@ void readExactly(QFile& file, Bytes& bytes, const QString& name) {
     }
 }
 
-// Seconds and nanoseconds of when somebody wrote to the open file last; none where the system doesn't tell.
-std::optional<std::pair<std::int64_t, std::int64_t>> lastWrite([[maybe_unused]] const QFile& file) {
-#if defined(__linux__)
-    struct stat status = {};
-    if (::fstat(file.handle(), &status) == 0) {
-        return std::pair<std::int64_t, std::int64_t>(status.st_mtim.tv_sec, status.st_mtim.tv_nsec);
-    }
-#endif
-    return std::nullopt;
-}
-
 void requireWritable(const QUrl& url) {
     requireRegular(url);
     const QFileInfo info(url.toLocalFile());
@@ -107,7 +91,7 @@ Bytes read(const QUrl& url) {
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         throw notOpened(name, file);
     }
-    const auto writtenBefore = lastWrite(file);
+    const auto writtenBefore = SystemFiles::lastWrite(file.handle());
     // The bytes and the table that is made of them are held at once.
     if (static_cast<std::uint64_t>(file.size()) > Memory::physicalSize() / 2) {
         throw std::bad_alloc();
@@ -119,7 +103,7 @@ Bytes read(const QUrl& url) {
         throw count < 0 ? notRead(name, file) : changed(name);
     }
     // Written anew in its place and to the same length, it would be half the old file and half the new one.
-    if (lastWrite(file) != writtenBefore) {
+    if (SystemFiles::lastWrite(file.handle()) != writtenBefore) {
         throw changed(name);
     }
     return bytes;

@@ -109,9 +109,6 @@ std::vector<CellValues> valuesOf(const DataTable& table, const std::vector<std::
             });
             continue;
         }
-        if (columns.size() == 1) {
-            table.rows().prefetchBelow(i, columns.front());
-        }
         for (std::size_t place = 0; place < columns.size(); ++place) {
             add(place, row[columns[place]]);
         }

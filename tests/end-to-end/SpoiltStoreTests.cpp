@@ -41,6 +41,12 @@ protected:
         const std::string onlyChange = "Before\t3\tA2\t5.00\nAfter\t3\tA2\t6.00";
         EXPECT_EQ(rowAfter(QStringLiteral("Home"), onlyChange), onlyChange);
     }
+    void expectItWorksUnstored() {
+        expectItCompares();
+        User::press(QStringLiteral("ctrl+2 ctrl+1"));
+        expectItCompares();
+        quit();
+    }
     void changeView() {
         User::press(QStringLiteral("ctrl+2"));
         waitUntil("it is stored", [this] { return settings().view == ViewMode::sideBySide; });
@@ -105,10 +111,7 @@ TEST_F(SpoiltStore, ThatCannotBeReadIsNoHindrance) {
     Files::create_directories(m_settingsFile.toStdString());
     startWithPair();
     dismissWelcome();
-    expectItCompares();
-    User::press(QStringLiteral("ctrl+2 ctrl+1"));
-    expectItCompares();
-    quit();
+    expectItWorksUnstored();
     EXPECT_TRUE(Files::is_directory(m_settingsFile.toStdString()));
 }
 
@@ -117,10 +120,7 @@ TEST_F(SpoiltStore, WithoutAPlaceIsNoHindrance) {
     m_folder.write("config", "a file where the folder should be");
     startWithPair();
     dismissWelcome();
-    expectItCompares();
-    User::press(QStringLiteral("ctrl+2 ctrl+1"));
-    expectItCompares();
-    quit();
+    expectItWorksUnstored();
     EXPECT_EQ(TestFiles::read(m_folder.at("config")), "a file where the folder should be");
 }
 

@@ -13,8 +13,6 @@ std::string run(const std::function<std::string()>& work);
 // Begins `work` there and kills it, without a chance to tidy up, as soon as `isTime` holds here or it has ended.
 void runAndKill(const std::function<void()>& work, const std::function<bool()>& isTime);
 
-// --- For use in there
-
 // Leaves no right beyond those of an ordinary user, whoever runs the tests.
 void stepDown();
 

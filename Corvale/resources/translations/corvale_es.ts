@@ -1113,6 +1113,10 @@
         <translation>(no está en este archivo)</translation>
     </message>
     <message>
+        <source>[%1 characters left out]</source>
+        <translation>[%1 caracteres omitidos]</translation>
+    </message>
+    <message>
         <source>Before</source>
         <translation>Antes</translation>
     </message>

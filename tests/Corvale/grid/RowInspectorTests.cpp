@@ -202,6 +202,61 @@ TEST(FieldValue, MarksWhichSpacesDiffer) {
     EXPECT_EQ(after.text.mid(after.markBegin, after.markEnd - after.markBegin), QStringLiteral("·→"));
 }
 
+// As after a lost quote.
+TEST_F(RowInspectorTest, OfARestOfAFileTheStretchThatDiffersShows) {
+    const std::string head(2'000'000, 'a');
+    const std::string tail(1'000'000, 'b');
+    open("ID,A\n1," + head + "old" + tail + "\n", "ID,A\n1," + head + "new" + tail + "\n");
+    select(0);
+    const QString note = QStringLiteral("[1,999,000 characters left out]\n");
+    ASSERT_TRUE(before(1).startsWith(note + QString(1000, u'a') + QStringLiteral("oldb")));
+    EXPECT_TRUE(after(1).startsWith(note + QString(1000, u'a') + QStringLiteral("newb")));
+    EXPECT_TRUE(after(1).endsWith(QStringLiteral("b\n[968,236 characters left out]")));
+    EXPECT_LT(after(1).size(), 33'000);
+    EXPECT_EQ(copied(m_details.fields().view(1)->after()).toStdString(), head + "new" + tail);
+}
+
+TEST_F(RowInspectorTest, ANoteOfWhatIsLeftOutIsCopiedAsThat) {
+    const QString text = QStringLiteral("é😀").repeated(30'000);
+    open("ID,A\n", "ID,A\n1," + text.toStdString() + "\n");
+    select(0);
+    ValueText& value = m_details.fields().view(1)->after();
+    const QString shown = text.left(32'767 / 2 * 3 + 1);
+    ASSERT_EQ(after(1), shown + QStringLiteral("\n[27,233 characters left out]"));
+    QTextCursor cursor = value.textCursor();
+    cursor.setPosition(static_cast<int>(shown.size()) - 1);
+    cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
+    value.setTextCursor(cursor);
+    value.copy();
+    EXPECT_EQ(QApplication::clipboard()->text(), text.mid(shown.size() - 1));
+}
+
+TEST(FieldValue, MarksWhatDiffersWithinALongOne) {
+    const std::string before = std::string(50'000, 'a') + "b" + std::string(50'000, 'c');
+    const std::string after = std::string(50'000, 'a') + "xy" + std::string(50'000, 'c');
+    RowField field;
+    field.kind = RowField::Kind::changed;
+    field.before = before;
+    field.after = after;
+    const FieldValue value = FieldValue::after(field);
+    EXPECT_EQ(value.text.mid(value.markBegin, value.markEnd - value.markBegin), QStringLiteral("xy"));
+    EXPECT_TRUE(value.text.startsWith(QStringLiteral("[49,000 characters left out]\naaa")));
+    EXPECT_EQ(value.text.size(), static_cast<qsizetype>(value.origins.size()));
+}
+
+TEST(FieldValue, ShowsTheSpacesOfALongOne) {
+    const std::string before(70'000, ' ');
+    const std::string after(70'001, ' ');
+    RowField field;
+    field.kind = RowField::Kind::formatOnly;
+    field.isSpacing = true;
+    field.before = before;
+    field.after = after;
+    const QString note = QStringLiteral("[69,000 characters left out]\n");
+    EXPECT_EQ(FieldValue::before(field).text.remove(u'·').remove(QChar(0x200B)), note);
+    EXPECT_EQ(FieldValue::after(field).text.count(u'·'), 1001);
+}
+
 TEST_F(RowInspectorTest, ANoteIsNotCopied) {
     open("ID,A\n1,x\n", "ID,A\n1,\n");
     select(0);

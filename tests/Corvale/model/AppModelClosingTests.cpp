@@ -9,8 +9,6 @@ using TestSupport::ModelTest;
 
 class AppModelClosingTest : public ModelTest {};
 
-// --- Closing
-
 TEST_F(AppModelClosingTest, ClosingASideClearsWhatThePairHad) {
     for (const Side side : {Side::before, Side::after}) {
         openPair();
@@ -88,8 +86,6 @@ TEST_F(AppModelClosingTest, ClosingEndsASuggestion) {
     m_platform.settle();
     EXPECT_EQ(compared(), "october.csv > december.csv");
 }
-
-// --- Cancelling what is read
 
 TEST_F(AppModelClosingTest, CancellingAReadLeavesTheFileThatWasThere) {
     openPair();

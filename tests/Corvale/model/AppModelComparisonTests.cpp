@@ -18,8 +18,6 @@ protected:
     }
 };
 
-// --- The match
-
 TEST_F(AppModelComparisonTest, AKeyThatBothStillHaveIsKept) {
     openPair();
     m_model.setMatch(MatchChoice::key("Name"));
@@ -119,8 +117,6 @@ TEST_F(AppModelComparisonTest, AMatchIsStoredThoughASideIsMissing) {
     EXPECT_EQ(m_model.match(), MatchChoice::key("Name"));
 }
 
-// --- A run
-
 TEST_F(AppModelComparisonTest, ARunHasAFlagANumberAndAProgress) {
     openPair();
     m_model.compare();
@@ -170,8 +166,6 @@ TEST_F(AppModelComparisonTest, NumbersThatFitBothStylesAreReadAsTheLocaleWritesT
         EXPECT_EQ(m_model.result()->numberStyle, style);
     }
 }
-
-// --- Runs that overtake each other
 
 TEST_F(AppModelComparisonTest, ANewerRunCancelsTheOlderOne) {
     openPair();
@@ -327,8 +321,6 @@ TEST_F(AppModelComparisonTest, ComparingWaitsForTheSuggestion) {
     EXPECT_EQ(m_model.compareGeneration(), 1U);
     EXPECT_EQ(m_model.result()->match, RowMatch::key({"ID"}));
 }
-
-// --- What the user looks at while a comparison runs
 
 TEST_F(AppModelComparisonTest, AFilterSetWhileComparingHoldsForTheNewResult) {
     for (const bool hasFinished : {false, true}) {

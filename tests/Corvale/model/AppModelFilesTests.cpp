@@ -10,8 +10,6 @@ using TestSupport::ScriptedPlatform;
 
 class AppModelFilesTest : public ModelTest {};
 
-// --- The open panel
-
 TEST_F(AppModelFilesTest, ThePanelForBeforeTakesSeveralFiles) {
     m_model.choose(Side::before);
     ASSERT_EQ(m_platform.openPanels.size(), 1U);
@@ -54,8 +52,6 @@ TEST_F(AppModelFilesTest, APanelThatIsDismissedDoesNothing) {
     EXPECT_EQ(loading(), "");
     EXPECT_EQ(m_watch.take(), "");
 }
-
-// --- Opening
 
 TEST_F(AppModelFilesTest, OneUrlFillsTheSideThatItIsFor) {
     m_model.open({ScriptedPlatform::url("october.csv")}, Side::after);
@@ -116,8 +112,6 @@ TEST_F(AppModelFilesTest, OneFileAloneIsNotCompared) {
     EXPECT_EQ(m_model.suggestedKey(), std::nullopt);
     EXPECT_EQ(m_model.match(), MatchChoice::rowOrder());
 }
-
-// --- Failures
 
 TEST_F(AppModelFilesTest, NamesThatCannotBeReadAreRefusedAtOnce) {
     const std::vector<std::pair<std::string, std::string>> cases = {
@@ -225,8 +219,6 @@ TEST_F(AppModelFilesTest, AnEmptySheetSaysWhereToPickAnother) {
     m_platform.settle();
     EXPECT_EQ(problem(), "That sheet is empty. Pick another sheet from the menu under the file name.");
 }
-
-// --- Samples
 
 TEST_F(AppModelFilesTest, TheSamplesFillBothSidesWithoutADisk) {
     m_model.openSamples();

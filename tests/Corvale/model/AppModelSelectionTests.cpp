@@ -18,8 +18,7 @@ protected:
     }
 };
 
-// --- The filter. All rows are 1 (same), 2 (changed), 3 (removed), 4 (added).
-
+// The rows of the pair are 1 (same), 2 (changed), 3 (removed), 4 (added).
 TEST_F(AppModelSelectionTest, TheFilterChoosesWhatIsListed) {
     const std::vector<std::pair<DiffFilter, std::string>> cases = {
         {{Show::all, {}, ""}, "1 2 3 4"},
@@ -154,8 +153,6 @@ TEST_F(AppModelSelectionTest, AfterASwapTheColumnIsFoundUnderTheNameThatTheOther
     EXPECT_EQ(listed(), "2");
 }
 
-// --- The selection
-
 TEST_F(AppModelSelectionTest, ARowOfTheResultCanBeSelectedAlthoughItIsNotListed) {
     m_model.select(0);
     EXPECT_EQ(selectedKey(), "1");
@@ -275,8 +272,6 @@ TEST_F(AppModelSelectionTest, SwapKeepsTheSelectedRowThoughItsNumbersChangeSides
         EXPECT_EQ(m_model.selectedRow(), row);
     }
 }
-
-// --- Row details and search field
 
 TEST_F(AppModelSelectionTest, RowDetailsFollowTheUsersChoice) {
     m_model.toggleInspector();

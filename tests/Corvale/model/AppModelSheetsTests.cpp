@@ -116,8 +116,6 @@ TEST_F(AppModelSheetsTest, SwapTakesASheetThatIsBeingReadAlong) {
     EXPECT_EQ(files(), "other.csv > book.xlsx");
 }
 
-// --- Choices that overtake each other
-
 TEST_F(AppModelSheetsTest, TheSheetChosenLastWinsWhicheverIsReadFirst) {
     for (const std::size_t first : {std::size_t{0}, std::size_t{1}}) {
         openBook();
@@ -207,8 +205,6 @@ TEST_F(AppModelSheetsTest, ASheetChosenWhileComparingIsComparedInstead) {
     m_platform.settle();
     EXPECT_EQ(m_model.result()->before.rows().size(), 3U);
 }
-
-// --- Compare Again
 
 TEST_F(AppModelSheetsTest, CompareAgainKeepsSheetAndHeaderRow) {
     openBook();

@@ -19,8 +19,6 @@ namespace corvale::TestSupport {
 // thread.
 class ScriptedPlatform : public Platform {
 public:
-    // --- What the test sets up
-
     // Files by name, under file:///. Reading one that is not here fails with "“NAME” couldn’t be opened: No such file
     // or directory".
     std::map<std::string, std::string> files;
@@ -30,8 +28,7 @@ public:
     // Writing fails with this reason.
     std::optional<std::string> writeFailure;
 
-    // --- What the test looks at
-
+    // What was asked for so far.
     int reads = 0;
     int stores = 0;
     std::vector<OpenPanel> openPanels;
@@ -52,8 +49,6 @@ public:
     void deliver();
     // Works and delivers until nothing is left to do.
     void settle();
-
-    // --- Platform
 
     void showOpenPanel(const OpenPanel& panel, std::function<void(const QList<QUrl>&)> whenChosen) override;
     void showSavePanel(const SavePanel& panel, std::function<void(const QUrl&)> whenChosen) override;

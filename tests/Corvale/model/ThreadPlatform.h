@@ -36,8 +36,6 @@ public:
     // Waits and delivers until nothing is left to do.
     void settle();
 
-    // --- Platform
-
     void showOpenPanel(const OpenPanel& panel, std::function<void(const QList<QUrl>&)> whenChosen) override;
     void showSavePanel(const SavePanel& panel, std::function<void(const QUrl&)> whenChosen) override;
     Bytes readFile(const QUrl& url) override;

@@ -349,8 +349,6 @@ std::string Monkey::showUpdateAlert() {
     return "an alert about updates";
 }
 
-// --- Looking
-
 void Monkey::look() {
     m_watchdog.goesOn("looking after " + (m_log.empty() ? std::string("the start") : m_log.back()));
     QApplication::processEvents();

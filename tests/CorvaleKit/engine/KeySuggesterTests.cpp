@@ -171,6 +171,26 @@ TEST(KeySuggester, KeepsBeforesOrderAmongEqualScores) {
     EXPECT_EQ(suggestedKey(table, table), "Column 0");
 }
 
+TEST(KeySuggester, SuggestsTheColumnFurtherLeftThatTiesWithAMorePromisingOne) {
+    Texts headers = {"Remark"};
+    for (int i = 1; i < 50; ++i) {
+        headers.push_back("Empty " + std::to_string(i));
+    }
+    headers.push_back("ID");
+    Rows rows;
+    for (int i = 0; i < 4; ++i) {
+        rows.emplace_back(headers.size());
+        rows.back().front() = std::to_string(i);
+        rows.back().back() = i < 3 ? std::to_string(i) : "";
+    }
+    const DataTable table(headers, rows, "t.csv");
+    const auto all = candidates(table, table);
+    ASSERT_EQ(all.size(), 2U);
+    ASSERT_EQ(all[0].score, all[1].score);
+    EXPECT_EQ(all[0].column, "Remark");
+    EXPECT_EQ(suggestedKey(table, table), "Remark");
+}
+
 TEST(KeySuggester, TestsOnlyTheBestCandidate) {
     // 94 distinct values of 100, but with the bonus it ranks first.
     Rows rows;
