@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QFocusFrame>
 #include <QLabel>
+#include <QLocale>
 #include <QScrollBar>
 #include <algorithm>
 
@@ -18,6 +19,11 @@ namespace {
 
 using TestSupport::wideTable;
 using Show = DiffFilter::Show;
+
+// "[1,999,000 characters left out]", as numbers are written here.
+QString leftOut(int characters) {
+    return QStringLiteral("[%1 characters left out]").arg(QLocale().toString(characters));
+}
 
 class RowInspectorTest : public TestSupport::GridScene {
 protected:
@@ -208,10 +214,10 @@ TEST_F(RowInspectorTest, OfARestOfAFileTheStretchThatDiffersShows) {
     const std::string tail(1'000'000, 'b');
     open("ID,A\n1," + head + "old" + tail + "\n", "ID,A\n1," + head + "new" + tail + "\n");
     select(0);
-    const QString note = QStringLiteral("[1,999,000 characters left out]\n");
+    const QString note = leftOut(1'999'000) + u'\n';
     ASSERT_TRUE(before(1).startsWith(note + QString(1000, u'a') + QStringLiteral("oldb")));
     EXPECT_TRUE(after(1).startsWith(note + QString(1000, u'a') + QStringLiteral("newb")));
-    EXPECT_TRUE(after(1).endsWith(QStringLiteral("b\n[968,236 characters left out]")));
+    EXPECT_TRUE(after(1).endsWith(QStringLiteral("b\n") + leftOut(968'236)));
     EXPECT_LT(after(1).size(), 33'000);
     EXPECT_EQ(copied(m_details.fields().view(1)->after()).toStdString(), head + "new" + tail);
 }
@@ -222,7 +228,7 @@ TEST_F(RowInspectorTest, ANoteOfWhatIsLeftOutIsCopiedAsThat) {
     select(0);
     ValueText& value = m_details.fields().view(1)->after();
     const QString shown = text.left(32'767 / 2 * 3 + 1);
-    ASSERT_EQ(after(1), shown + QStringLiteral("\n[27,233 characters left out]"));
+    ASSERT_EQ(after(1), shown + u'\n' + leftOut(27'233));
     QTextCursor cursor = value.textCursor();
     cursor.setPosition(static_cast<int>(shown.size()) - 1);
     cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
@@ -240,7 +246,7 @@ TEST(FieldValue, MarksWhatDiffersWithinALongOne) {
     field.after = after;
     const FieldValue value = FieldValue::after(field);
     EXPECT_EQ(value.text.mid(value.markBegin, value.markEnd - value.markBegin), QStringLiteral("xy"));
-    EXPECT_TRUE(value.text.startsWith(QStringLiteral("[49,000 characters left out]\naaa")));
+    EXPECT_TRUE(value.text.startsWith(leftOut(49'000) + QStringLiteral("\naaa")));
     EXPECT_EQ(value.text.size(), static_cast<qsizetype>(value.origins.size()));
 }
 
@@ -252,7 +258,7 @@ TEST(FieldValue, ShowsTheSpacesOfALongOne) {
     field.isSpacing = true;
     field.before = before;
     field.after = after;
-    const QString note = QStringLiteral("[69,000 characters left out]\n");
+    const QString note = leftOut(69'000) + u'\n';
     EXPECT_EQ(FieldValue::before(field).text.remove(u'·').remove(QChar(0x200B)), note);
     EXPECT_EQ(FieldValue::after(field).text.count(u'·'), 1001);
 }
