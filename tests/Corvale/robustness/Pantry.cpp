@@ -48,7 +48,7 @@ std::string workbook(const std::vector<std::pair<std::string, std::string>>& she
 // Reading and comparing it takes a while, so that something can come in between.
 std::string longList(int step) {
     std::string csv = "ID,Name,Price,Note\n";
-    for (int line = 0; line < 20'000; line += step) {
+    for (int line = 0; line < 10'000; line += step) {
         csv += std::to_string(line) + ",item " + std::to_string(line % 7) + "," + std::to_string(line % (step + 9)) +
                ".50,\"a “note”,\nof two lines\"\n";
     }
@@ -57,12 +57,12 @@ std::string longList(int step) {
 
 std::string wideList(int shift) {
     std::string csv = "ID";
-    for (int column = 0; column < 400; ++column) {
+    for (int column = 0; column < 150; ++column) {
         csv += ",Column " + std::to_string(column + shift);
     }
     for (int line = 0; line < 20; ++line) {
         csv += "\n" + std::to_string(line);
-        for (int column = 0; column < 400; ++column) {
+        for (int column = 0; column < 150; ++column) {
             csv += "," + std::to_string(column * (line + shift) % 17);
         }
     }
