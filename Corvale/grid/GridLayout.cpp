@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "CorvaleKit/engine/RowCells.h"
 #include "CorvaleKit/text/Text.h"
 
 namespace corvale {

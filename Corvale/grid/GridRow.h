@@ -8,6 +8,7 @@
 
 #include "Corvale/grid/GridGeometry.h"
 #include "CorvaleKit/engine/DiffResult.h"
+#include "CorvaleKit/engine/RowCells.h"
 
 namespace corvale {
 

@@ -10,6 +10,7 @@
 #include "Corvale/grid/ShownStretch.h"
 #include "Corvale/grid/TextDifference.h"
 #include "Corvale/grid/VisibleSpaces.h"
+#include "CorvaleKit/engine/RowCells.h"
 
 namespace corvale {
 

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "Corvale/grid/CellText.h"
+#include "CorvaleKit/engine/RowCells.h"
 
 namespace corvale {
 

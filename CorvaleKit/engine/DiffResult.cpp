@@ -1,5 +1,7 @@
 #include "CorvaleKit/engine/DiffResult.h"
 
+#include "CorvaleKit/engine/RowCells.h"
+
 namespace corvale {
 
 namespace {

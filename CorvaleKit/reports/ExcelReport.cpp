@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "CorvaleKit/engine/RowCells.h"
 #include "CorvaleKit/reports/ReportTexts.h"
 #include "CorvaleKit/reports/Reports.h"
 #include "CorvaleKit/reports/WorkbookPackage.h"

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "CorvaleKit/base/Memory.h"
+#include "CorvaleKit/engine/RowCells.h"
 #include "CorvaleKit/reports/Markup.h"
 #include "CorvaleKit/reports/ReportTexts.h"
 #include "CorvaleKit/reports/Reports.h"
