@@ -43,6 +43,7 @@ int heightAround(const QFont& nameFont) { return 2 * paddingY + nameHeight(nameF
 ValueText::Look lookOf(const Palette& palette, const RowField& field, const FieldValue& value, bool isAfter) {
     ValueText::Look look;
     look.color = palette.text;
+    look.noteColor = palette.text3;
     if (field.kind == RowField::Kind::changed) {
         look.color = isAfter ? palette.text : palette.changed.text;
         look.markFill = GridDrawing::mixed(palette.changed.edge, palette.changed.fill, markShare);
@@ -61,7 +62,7 @@ ValueText::Look lookOf(const Palette& palette, const RowField& field, const Fiel
     return look;
 }
 
-// Of what a value reads like, but for marks and visible spaces.
+// Of what a value reads like, but for visible spaces and notes of what is left out.
 int estimatedValueHeight(const QFont& font, const RowField& field, const std::optional<std::string_view>& text,
                          int width) {
     if (text && !text->empty()) {
@@ -79,10 +80,9 @@ void FieldView::setField(const RowField& field) {
     m_field = field;
     m_field.before.reset();
     m_field.after.reset();
-    const FieldValue before = FieldValue::before(field);
-    const FieldValue after = FieldValue::after(field);
-    m_before->setValue(before, lookOf(m_theme.palette(), field, before, false));
-    m_after->setValue(after, lookOf(m_theme.palette(), field, after, true));
+    const FieldValues values = FieldValues::of(field);
+    m_before->setValue(values.before, lookOf(m_theme.palette(), field, values.before, false));
+    m_after->setValue(values.after, lookOf(m_theme.palette(), field, values.after, true));
     m_before->setAccessibleName(field.name + u' ' + RowTexts::sideName(DuplicateKey::Side::before));
     m_after->setAccessibleName(field.name + u' ' + RowTexts::sideName(DuplicateKey::Side::after));
     update();

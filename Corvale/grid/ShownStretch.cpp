@@ -1,45 +1,38 @@
 #include "Corvale/grid/ShownStretch.h"
 
-#include <algorithm>
+#include "CorvaleKit/text/Utf8.h"
 
 namespace corvale {
 
 namespace {
 
-// Characters of the longest text that a workbook cell can hold.
-constexpr std::size_t longestShown = 32'767;
-// Bytes shown before the place in question, and the fewest worth leaving out.
-constexpr std::size_t context = 1000;
-
-bool beginsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }
+// In bytes.
+constexpr std::size_t shownBeforePlace = 100;
+constexpr std::size_t leastLeftOut = 1000;
 
 // Where a stretch that begins there ends.
 std::size_t endOf(std::string_view text, std::size_t begin) {
     std::size_t end = begin;
-    for (std::size_t characters = 0; end < text.size(); ++end) {
-        if (beginsCharacter(text[end]) && ++characters > longestShown) {
+    for (std::size_t scalars = 0; end < text.size(); ++end) {
+        if (!Utf8::isContinuation(text[end]) && ++scalars > ShownStretch::longest) {
             break;
         }
     }
-    return text.size() - end <= context ? text.size() : end;
+    return text.size() - end < leastLeftOut ? text.size() : end;
 }
 
 }  // namespace
 
 ShownStretch ShownStretch::of(std::string_view text, std::size_t place) {
     ShownStretch shown{0, endOf(text, 0)};
-    if (shown.end < text.size() && shown.end < place + context) {
-        shown.begin = place - context;
-        while (!beginsCharacter(text[shown.begin])) {
+    if (shown.end < text.size() && shown.end < place + shownBeforePlace) {
+        shown.begin = place - shownBeforePlace;
+        while (Utf8::isContinuation(text[shown.begin])) {
             --shown.begin;
         }
         shown.end = endOf(text, shown.begin);
     }
     return shown;
-}
-
-std::size_t characterCount(std::string_view text) {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), beginsCharacter));
 }
 
 }  // namespace corvale

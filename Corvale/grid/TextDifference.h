@@ -12,7 +12,7 @@ struct TextDifference {
     std::size_t beforeEnd = 0;
     std::size_t afterEnd = 0;
 
-    // Linear in the texts; a pair of texts longer than any workbook cell is taken as different throughout.
+    // Linear in the texts. In texts longer than any workbook cell, characters are single scalars of Unicode.
     static TextDifference of(std::string_view before, std::string_view after);
 
     friend bool operator==(const TextDifference&, const TextDifference&) = default;

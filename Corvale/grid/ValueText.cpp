@@ -12,6 +12,7 @@
 #include <cstddef>
 
 #include "Corvale/grid/CellText.h"
+#include "Corvale/grid/ShownStretch.h"
 
 namespace corvale {
 
@@ -80,7 +81,8 @@ int ValueText::estimatedHeight(const QFont& font, std::string_view text, int wid
     const int height = lineHeight(font);
     const QFontMetricsF metrics(font);
     if (text.size() > longestMeasured) {
-        const qreal lines = static_cast<qreal>(text.size()) * metrics.averageCharWidth() / std::max(width, 1);
+        const std::size_t shown = std::min(text.size(), ShownStretch::longest);
+        const qreal lines = static_cast<qreal>(shown) * metrics.averageCharWidth() / std::max(width, 1);
         return height * static_cast<int>(std::ceil(lines));
     }
     const QString whole = CellText::whole(text);
@@ -118,7 +120,20 @@ void ValueText::setValue(const FieldValue& value, const Look& look) {
         mark.setBackground(look.markFill);
         cursor.mergeCharFormat(mark);
     }
+    QTextCharFormat note;
+    note.setForeground(look.noteColor);
+    note.setFontItalic(true);
+    const auto end = static_cast<int>(value.text.size());
+    setFormat(0, value.noteBefore, note);
+    setFormat(end - value.noteBehind, end, note);
     moveCursor(QTextCursor::Start);
+}
+
+void ValueText::setFormat(int begin, int end, const QTextCharFormat& format) {
+    QTextCursor cursor(document());
+    cursor.setPosition(begin);
+    cursor.setPosition(end, QTextCursor::KeepAnchor);
+    cursor.setCharFormat(format);
 }
 
 int ValueText::heightIn(int width) {

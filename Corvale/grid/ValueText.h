@@ -4,7 +4,7 @@
 #include <QTextEdit>
 #include <string_view>
 
-#include "Corvale/grid/RowField.h"
+#include "Corvale/grid/FieldValue.h"
 
 namespace corvale {
 
@@ -15,7 +15,8 @@ class ValueText : public QTextEdit {
 public:
     struct Look {
         QColor color;
-        QColor markFill;  // behind the stretch that differs
+        QColor markFill;   // behind the stretch that differs
+        QColor noteColor;  // of what says that something is left out
         bool isBold = false;
         bool isStruck = false;
         bool isUnderlined = false;
@@ -36,6 +37,8 @@ protected:
     QMimeData* createMimeDataFromSelection() const override;
 
 private:
+    void setFormat(int begin, int end, const QTextCharFormat& format);
+
     FieldValue m_value;
 };
 

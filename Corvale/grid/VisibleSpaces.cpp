@@ -2,6 +2,7 @@
 
 #include "Corvale/grid/CellText.h"
 #include "CorvaleKit/text/Text.h"
+#include "CorvaleKit/text/Utf8.h"
 
 namespace corvale {
 
@@ -27,15 +28,33 @@ QChar visibleSpace(QChar character) {
     return Text::isSpace(unit) ? QChar(u'·') : character;
 }
 
+std::string_view withoutLeadingSpaces(std::string_view text) {
+    while (!text.empty()) {
+        const Utf8::Scalar scalar = Utf8::scalarAt(text, 0);
+        if (!Text::isSpaceOrLineBreak(scalar.value)) {
+            break;
+        }
+        text.remove_prefix(scalar.length);
+    }
+    return text;
+}
+
 }  // namespace
 
 bool differOnlyInSpaces(std::string_view a, std::string_view b) {
-    const auto withoutSpaces = [](std::string_view text) {
-        QString kept = CellText::whole(text);
-        kept.removeIf([](QChar c) { return Text::isSpaceOrLineBreak(c.unicode()); });
-        return kept;
-    };
-    return withoutSpaces(a) == withoutSpaces(b);
+    for (;;) {
+        a = withoutLeadingSpaces(a);
+        b = withoutLeadingSpaces(b);
+        if (a.empty() || b.empty()) {
+            return a.empty() && b.empty();
+        }
+        const std::size_t length = Utf8::scalarAt(a, 0).length;
+        if (a.substr(0, length) != b.substr(0, length)) {
+            return false;
+        }
+        a.remove_prefix(length);
+        b.remove_prefix(length);
+    }
 }
 
 VisibleSpaces VisibleSpaces::of(std::string_view original) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "CorvaleKit/base/Failures.h"
+#include "CorvaleKit/base/WorkbookLimits.h"
 #include "CorvaleKit/loading/CellGrid.h"
 
 // Worksheets of an Office Open XML workbook (ECMA-376) as rows of texts: the values a user would recognise, never the
@@ -42,7 +43,7 @@ struct NumberFormat {
 std::vector<Sheet> sheets(std::string_view bytes);
 
 // Of a worksheet, more is not read: the rows that a worksheet can have, and a bound on columns.
-inline constexpr std::int64_t mostRows = 1'048'576;
+inline constexpr std::int64_t mostRows = static_cast<std::int64_t>(WorkbookLimits::rows);
 inline constexpr std::int64_t mostColumns = 1'000;
 
 // The rows of the sheet at a 0-based index, ragged, empty rows included.

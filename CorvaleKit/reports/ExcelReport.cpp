@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "CorvaleKit/base/WorkbookLimits.h"
 #include "CorvaleKit/engine/RowCells.h"
 #include "CorvaleKit/reports/ReportTexts.h"
 #include "CorvaleKit/reports/Reports.h"
@@ -88,15 +89,12 @@ private:
         }
     }
 
-    // Spreadsheet programs drop what lies beyond their bounds, or refuse the workbook.
     void requireRoom() const {
-        constexpr std::size_t mostRows = 1'048'576;
-        constexpr std::size_t mostColumns = 16'384;
         constexpr std::size_t header = 1;
-        if (std::max({summaryRows(), m_listedRows + header, m_listedChanges + header}) > mostRows) {
+        if (std::max({summaryRows(), m_listedRows + header, m_listedChanges + header}) > WorkbookLimits::rows) {
             throw Failure("A workbook holds 1,048,576 rows at most. Save the report as an HTML page instead.");
         }
-        if (columnWidthsBefore.size() + m_result.columns.size() > mostColumns) {
+        if (columnWidthsBefore.size() + m_result.columns.size() > WorkbookLimits::columns) {
             throw Failure("A workbook holds 16,384 columns at most. Save the report as an HTML page instead.");
         }
     }

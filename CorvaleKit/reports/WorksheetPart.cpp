@@ -4,10 +4,12 @@
 #include <charconv>
 
 #include "CorvaleKit/base/Require.h"
+#include "CorvaleKit/base/WorkbookLimits.h"
 #include "CorvaleKit/reports/CellShape.h"
 #include "CorvaleKit/reports/ColumnLetters.h"
 #include "CorvaleKit/reports/StyleSheet.h"
 #include "CorvaleKit/reports/XMLText.h"
+#include "CorvaleKit/text/Utf8.h"
 
 namespace corvale {
 
@@ -43,6 +45,35 @@ std::size_t guessedSize(const WorksheetPart::Layout& layout) {
     constexpr std::size_t bytesOfCell = 24;
     const std::size_t cells = std::max<std::size_t>(layout.cellsOfFirstRow, 1);
     return layout.rows > largestGuess / cells / bytesOfCell ? largestGuess : layout.rows * cells * bytesOfCell + 512;
+}
+
+// What a cell holds of a longer text, without the mark that more follows.
+std::string_view cutToFit(std::string_view text, std::string_view mark) {
+    std::size_t units = Utf8::scalarCount(mark);
+    std::size_t end = 0;
+    while (end < text.size()) {
+        const Utf8::Scalar scalar = Utf8::scalarAt(text, end);
+        units += scalar.value > 0xFFFF ? 2 : 1;
+        if (units > WorkbookLimits::textLength) {
+            break;
+        }
+        end += scalar.length;
+    }
+    return text.substr(0, end);
+}
+
+bool fitsCell(std::string_view text) {
+    return text.size() <= WorkbookLimits::textLength || cutToFit(text, {}).size() == text.size();
+}
+
+void appendText(std::string& xml, std::string_view text) {
+    constexpr std::string_view mark = " […]";
+    if (fitsCell(text)) {
+        XMLText::appendEscaped(xml, text);
+    } else {
+        XMLText::appendEscaped(xml, cutToFit(text, mark));
+        xml += mark;
+    }
 }
 
 // Puts the few bytes of a cell together, so that the long string is appended to once instead of six times. The longest
@@ -119,7 +150,7 @@ void WorksheetPart::cell(std::string_view value, Style style, bool numeric) {
         m_xml += (start << styleAttribute(style) << "><v>" << value << "</v></c>").view();
     } else {
         m_xml += (start << styleAttribute(style) << " t=\"inlineStr\"><is><t xml:space=\"preserve\">").view();
-        XMLText::appendEscaped(m_xml, value);
+        appendText(m_xml, value);
         m_xml += "</t></is></c>";
     }
 }

@@ -30,6 +30,7 @@ public:
 
     void beginRow();
     // The next cell of the row. `value` is UTF-8; where `numeric` is set it may become a number or a date.
+    // Of a text longer than a cell holds, the start, and " […]".
     void cell(std::string_view value, Style style = Style::plain, bool numeric = false);
     void endRow();
 

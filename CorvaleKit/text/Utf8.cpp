@@ -1,5 +1,6 @@
 #include "CorvaleKit/text/Utf8.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 
@@ -10,8 +11,6 @@ namespace {
 constexpr char32_t replacement = 0xFFFD;
 
 std::uint8_t byteAt(std::string_view text, std::size_t i) { return static_cast<std::uint8_t>(text[i]); }
-
-bool isContinuation(std::uint8_t byte) { return (byte & 0xC0U) == 0x80U; }
 
 // What a lead byte promises: the sequence length, and the range its second byte may have (RFC 3629, section 4).
 struct Lead {
@@ -56,7 +55,8 @@ std::size_t wellFormedLength(std::string_view text, std::size_t position, const 
     std::size_t got = 1;
     for (; got < lead.length && position + got < text.size(); ++got) {
         const auto byte = byteAt(text, position + got);
-        const bool fits = got == 1 ? byte >= lead.secondLow && byte <= lead.secondHigh : isContinuation(byte);
+        const bool fits =
+            got == 1 ? byte >= lead.secondLow && byte <= lead.secondHigh : isContinuation(text[position + got]);
         if (!fits) {
             break;
         }
@@ -80,6 +80,10 @@ std::size_t asciiEnd(std::string_view text, std::size_t position) {
         ++position;
     }
     return position;
+}
+
+std::size_t scalarCount(std::string_view text) {
+    return text.size() - static_cast<std::size_t>(std::count_if(text.begin(), text.end(), isContinuation));
 }
 
 bool isAscii(std::string_view text) { return asciiEnd(text, 0) == text.size(); }
@@ -133,7 +137,7 @@ Scalar scalarAt(std::string_view text, std::size_t position) {
 
 Scalar scalarBefore(std::string_view text, std::size_t end) {
     for (std::size_t length = 1; length <= 4 && length <= end; ++length) {
-        if (!isContinuation(byteAt(text, end - length))) {
+        if (!isContinuation(text[end - length])) {
             const Scalar scalar = scalarAt(text.substr(0, end), end - length);
             return scalar.length == length ? scalar : Scalar{replacement, 1};
         }

@@ -15,6 +15,12 @@ struct Scalar {
 
 bool isAscii(std::string_view text);
 
+// Whether the byte goes on with a sequence that another one began.
+constexpr bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
+// The scalars of a well-formed text.
+std::size_t scalarCount(std::string_view text);
+
 // Where the run of ASCII bytes from `position` on ends; `position` is at most text.size().
 std::size_t asciiEnd(std::string_view text, std::size_t position);
 

@@ -45,11 +45,17 @@ TEST(TextDifference, IsWhatIsLeftBetweenCommonEnds) {
     }
 }
 
-TEST(TextDifference, FillsAWorkbookCellAndGivesUpBeyond) {
+TEST(TextDifference, FallsBetweenScalarsInTextsLongerThanAnyCell) {
     const std::string cell(16384, 'x');
     EXPECT_EQ(TextDifference::of(cell, cell + "y"), (TextDifference{16384, 16384, 16385}));
     const std::string text(200000, 'x');
-    EXPECT_EQ(TextDifference::of(text, text + "y"), (TextDifference{0, 200000, 200001}));
+    EXPECT_EQ(TextDifference::of(text, text + "y"), (TextDifference{200000, 200000, 200001}));
+    EXPECT_EQ(TextDifference::of(text, text), (TextDifference{200000, 200000, 200000}));
+    EXPECT_EQ(TextDifference::of(text, ""), (TextDifference{0, 200000, 0}));
+    // É and Ê have their first byte in common, € and ¬ their last one, of which none is a character.
+    EXPECT_EQ(TextDifference::of(text + "É" + text, text + "Ê" + text), (TextDifference{200000, 200002, 200002}));
+    EXPECT_EQ(TextDifference::of(text + "€" + text, text + "¬" + text), (TextDifference{200000, 200003, 200002}));
+    EXPECT_EQ(TextDifference::of(text + "é", text + "éé"), (TextDifference{200002, 200002, 200004}));
 }
 
 // The obvious way, on bytes.

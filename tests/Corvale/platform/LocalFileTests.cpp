@@ -280,7 +280,8 @@ TEST_F(LocalFileTest, KilledWhileItIsWrittenIsTheOldOneOrTheWholeNewOne) {
     const DiffResult result =
         DiffEngine::compare(table(90), table(91), RowMatch::key({"ID"}), {}, NumberStyle::dotDecimal);
     std::mt19937 random(7);
-    for (const auto& [name, kind] : {std::pair("r.html", ReportKind::html), std::pair("r.xlsx", ReportKind::excel)}) {
+    for (const std::string name : {"r.html", "r.xlsx"}) {
+        const ReportKind kind = name == "r.html" ? ReportKind::html : ReportKind::excel;
         const std::string whole = ReportExport::bytes(result, kind, true, "en");
         for (int attempt = 0; attempt < 10; ++attempt) {
             m_folder.write(name, "old");
