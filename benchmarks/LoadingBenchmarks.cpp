@@ -4,7 +4,6 @@
 #include <string>
 
 #include "CorvaleKit/loading/CSV.h"
-#include "CorvaleKit/loading/DataLoader.h"
 #include "CorvaleKit/loading/TableBuilder.h"
 #include "benchmarks/PairMaker.h"
 

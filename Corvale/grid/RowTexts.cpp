@@ -30,8 +30,30 @@ QString quotedForClipboard(std::string_view cell) {
 // One change alone is as short as a note that counts it.
 std::size_t changesListed(std::size_t changes) { return changes == listedChanges + 1 ? changes : listedChanges; }
 
+bool setsDirection(QChar character) {
+    switch (character.direction()) {
+        case QChar::DirR:
+        case QChar::DirAL:
+        case QChar::DirRLE:
+        case QChar::DirRLO:
+        case QChar::DirLRE:
+        case QChar::DirLRO:
+            return true;
+        default:
+            return false;
+    }
+}
+
+// A text in a sentence, whose words keep their order whatever the text's own is (UAX #9, isolates).
+QString isolated(const QString& text) {
+    constexpr QChar firstStrongIsolate(0x2068);
+    constexpr QChar popDirectionalIsolate(0x2069);
+    return std::any_of(text.begin(), text.end(), setsDirection) ? firstStrongIsolate + text + popDirectionalIsolate
+                                                                : text;
+}
+
 QString valueInSummary(std::string_view text) {
-    return text.empty() ? RowTexts::emptyCell() : CellText::shortened(text, longestInSummary);
+    return text.empty() ? RowTexts::emptyCell() : isolated(CellText::shortened(text, longestInSummary));
 }
 
 }  // namespace
@@ -91,7 +113,7 @@ QString RowTexts::summary(const DiffResult& result, const DiffRow& row) {
     for (const CellChange& change : row.changes.first(listed)) {
         const ColumnPair& column = result.columns[static_cast<std::size_t>(change.column)];
         parts += tr("%1: %2 to %3", "a changed cell: column, old value, new value")
-                     .arg(CellText::shortened(column.name, longestInSummary),
+                     .arg(isolated(CellText::shortened(column.name, longestInSummary)),
                           valueInSummary(cells.before(column)),
                           valueInSummary(cells.after(column)));
     }

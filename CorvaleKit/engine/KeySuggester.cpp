@@ -20,8 +20,10 @@ namespace corvale::KeySuggester {
 namespace {
 
 constexpr std::size_t sampleRows = 50'000;
-// Columns whose values are held at a time; bounds the memory taken for wide tables.
-constexpr std::size_t columnsAtOnce = 64;
+// Columns whose values are held at a time; bounds the memory taken for wide tables. More where most of their cells are
+// not there, since all rows are walked for each such lot.
+constexpr std::size_t fewestColumnsAtOnce = 64;
+constexpr std::size_t cellsAtOnce = fewestColumnsAtOnce * sampleRows;
 
 constexpr double uniquenessWeight = 3.0;
 constexpr double overlapWeight = 2.0;
@@ -84,13 +86,29 @@ bool looksLikeKeyName(std::string_view header) {
 
 std::size_t sampledRows(const DataTable& table) { return std::min(table.rows().size(), sampleRows); }
 
+std::size_t sampledCells(const DataTable& table) {
+    std::size_t cells = 0;
+    for (std::size_t i = 0; i < sampledRows(table); ++i) {
+        cells += table.rows()[i].storedCells();
+    }
+    return cells;
+}
+
+std::size_t columnsAtOnce(const DataTable& before, const DataTable& after) {
+    const std::size_t columns = std::max(before.headers().size(), after.headers().size());
+    const std::size_t cells = std::max({sampledCells(before), sampledCells(after), std::size_t{1}});
+    return std::max(fewestColumnsAtOnce, columns * cellsAtOnce / cells);
+}
+
 // The values of some columns of a table, each in row order. Rows are walked once, since that is how they lie in memory.
 std::vector<CellValues> valuesOf(const DataTable& table, const std::vector<std::size_t>& columns) {
     std::vector<CellValues> values(columns.size());
     // Two Before columns may share an After column, so a column can stand at several places.
     std::vector<std::vector<std::size_t>> placesByColumn(table.headers().size());
     for (std::size_t place = 0; place < columns.size(); ++place) {
-        values[place].reserve(sampledRows(table));
+        if (columns.size() <= fewestColumnsAtOnce) {
+            values[place].reserve(sampledRows(table));
+        }
         placesByColumn[columns[place]].push_back(place);
     }
     const auto add = [&values](std::size_t place, std::string_view cell) {
@@ -207,9 +225,10 @@ private:
 std::vector<Candidate> candidates(const DataTable& before, const DataTable& after) {
     Scoring scoring(before, after);
     const auto shared = sharedColumns(before, after);
+    const std::size_t atOnce = columnsAtOnce(before, after);
     std::vector<Candidate> ranked;
     for (std::span<const SharedColumn> left = shared; !left.empty();) {
-        const std::size_t count = std::min(columnsAtOnce, left.size());
+        const std::size_t count = std::min(atOnce, left.size());
         for (auto& candidate : scoring.candidates(left.first(count))) {
             if (candidate) {
                 ranked.push_back(std::move(*candidate));
@@ -252,7 +271,7 @@ std::optional<std::string> suggestedKey(const DataTable& before, const DataTable
             }
         }
         left = left.subspan(columns.size());
-        atOnce = columnsAtOnce;
+        atOnce = columnsAtOnce(before, after);
     }
     return best ? suggestedKey(std::vector<Candidate>{*best}) : std::nullopt;
 }

@@ -23,7 +23,8 @@ struct Candidate {
     }
 };
 
-// Best first; equal scores keep Before's column order. Reads at most 50,000 rows a side. Empty when no column is shared
+// Best first; equal scores keep Before's column order. Reads the cells of at most 50,000 rows a side, and cannot be
+// interrupted. Empty when no column is shared
 // and filled on both sides.
 std::vector<Candidate> candidates(const DataTable& before, const DataTable& after);
 

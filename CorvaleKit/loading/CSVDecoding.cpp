@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "CorvaleKit/loading/CSV.h"
-#include "CorvaleKit/text/Text.h"
 #include "CorvaleKit/text/Utf8.h"
 
 namespace corvale::CSV {

@@ -149,6 +149,16 @@ TEST_F(OutOfMemoryPair, GetsItsReportsOrNone) {
     refuseEverywhere([&] { return Reports::excelReport(result, strings, true) == book; });
 }
 
+// Reading them is another matter: what nlohmann's parser made takes memory to destroy. They are a few hundred bytes, read
+// once when the program starts.
+TEST(OutOfMemory, OptionsAreStoredOrNot) {
+    DiffOptions options;
+    options.ignoreCase = true;
+    options.ignoredColumns = {"Name", "a column with a name of some length"};
+    const std::string stored = StoredForms::encoded(options);
+    refuseEverywhere([&] { return StoredForms::encoded(options) == stored; });
+}
+
 TEST(OutOfMemory, TheSampleIsMadeOrNot) {
     const DataTable expected = SampleData::stock().after;
     refuseEverywhere([&] { return SampleData::stock().after == expected; });

@@ -13,7 +13,7 @@ namespace {
 using TestSupport::FailingAllocations;
 using TestSupport::ScriptedPlatform;
 
-// A model whose background work is refused memory from some allocation on; its main thread is not.
+// A model whose background work is refused memory at one allocation; its main thread is not.
 class OutOfMemoryModel : public testing::Test {
 protected:
     OutOfMemoryModel() {
@@ -22,7 +22,7 @@ protected:
 
     void openPair() { m_model.open({ScriptedPlatform::url("a.csv"), ScriptedPlatform::url("b.csv")}, Side::before); }
 
-    // Runs what waits, with memory refused in all of it. False when nothing was left to be refused.
+    // Runs what waits, with the allocation at that place in each piece of work refused. False when none had so many.
     bool settleFailing(std::int64_t place) {
         bool hasStruck = false;
         while (m_platform.waiting() > 0) {

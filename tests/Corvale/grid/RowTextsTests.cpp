@@ -74,6 +74,12 @@ TEST(RowTexts, SummaryCutsLongTexts) {
               QStringLiteral("A: ") + QString(60, u'x') + QStringLiteral("… to y"));
 }
 
+TEST(RowTexts, SummaryReadsInOrderWhateverDirectionAValueHas) {
+    const auto result = changed({"שלום", "\u202Eabc"}, {"Pen", "x"});
+    EXPECT_EQ(RowTexts::summary(result, result.rows[0]),
+              QStringLiteral("A: \u2068שלום\u2069 to Pen, B: \u2068\u202Eabc\u2069 to x"));
+}
+
 TEST(RowTexts, ALineIsSpokenWithStatusNumbersKeyAndChanges) {
     const auto result = GridResults::compared("ID,Price\nb,1\na,2\nsame,1\n", "ID,Price\na,3\nsame,1\nc,1\n");
     std::vector<QString> spoken;

@@ -70,9 +70,12 @@ std::string wideList(int shift) {
 }
 
 // Two ends of what a cell may be.
-std::string hugeLine() {
-    return "ID,Text\n1," + std::string(3'000'000, 'x') + "\n2," + std::string(70'000, ' ') + "\n";
+std::string hugeLine(char last) {
+    return "ID,Text\n1," + std::string(3'000'000, 'x') + last + "\n2," + std::string(70'000, ' ') + last + "\n";
 }
+
+// All behind the quote is one value.
+std::string lostQuote(int step) { return "ID,Name,Price,Note\n7,\"Pen,2,a\n" + longList(step); }
 
 std::string oddTexts() {
     return "ID,Name,Note\n1,\xF0\x9F\x91\xA9\xE2\x80\x8D\xF0\x9F\x91\xA9\xE2\x80\x8D\xF0\x9F\x91\xA7,Zoë\n"
@@ -91,7 +94,10 @@ std::vector<std::string> contents() {
             longList(2),
             wideList(0),
             wideList(3),
-            hugeLine(),
+            hugeLine('y'),
+            hugeLine('z'),
+            lostQuote(1),
+            lostQuote(2),
             oddTexts(),
             workbook({{"Stock", row({"ID", "Name"}) + row({"1", "Pen"}) + row({"2", "Cup"})},
                       {"Old &amp; new", row({"ID", "Name"}) + row({"2", "Cap"}) + row({"3", "Hat"})}}),

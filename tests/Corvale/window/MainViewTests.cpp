@@ -7,7 +7,6 @@
 #include "Corvale/grid/DiffGrid.h"
 #include "Corvale/grid/RowInspector.h"
 #include "Corvale/grid/ValueText.h"
-#include "Corvale/window/ChipLabel.h"
 #include "Corvale/window/EmptyState.h"
 #include "Corvale/window/FileCard.h"
 #include "Corvale/window/FilesBar.h"

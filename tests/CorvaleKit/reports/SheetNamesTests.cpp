@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "CorvaleKit/reports/SheetNames.h"
-#include "CorvaleKit/text/Text.h"
 
 namespace corvale {
 namespace {

@@ -65,6 +65,31 @@ TEST(WorksheetPart, APartInWhole) {
                   "</sheetData><autoFilter ref=\"A1:B2\"/></worksheet>");
 }
 
+std::string repeated(const std::string& text, int count) {
+    std::string all;
+    for (int i = 0; i < count; ++i) {
+        all += text;
+    }
+    return all;
+}
+
+std::string textOf(const std::string& value) {
+    return SheetXml::between(cell({value}), "<t xml:space=\"preserve\">", "</t>");
+}
+
+TEST(WorksheetPart, ATextLongerThanACellHoldsIsCutWithAMark) {
+    for (const std::string& fits :
+         {std::string(32'767, 'x'), repeated("é", 32'767), repeated("€", 32'767), "x" + repeated("😀", 16'383)}) {
+        EXPECT_TRUE(textOf(fits) == fits) << fits.substr(0, 4);
+    }
+    EXPECT_EQ(textOf(repeated("&", 32'767)), repeated("&amp;", 32'767));
+    EXPECT_TRUE(textOf(std::string(32'768, 'x')) == std::string(32'763, 'x') + " […]");
+    EXPECT_TRUE(textOf(std::string(3'000'000, 'x')) == std::string(32'763, 'x') + " […]");
+    EXPECT_TRUE(textOf(repeated("é", 32'768)) == repeated("é", 32'763) + " […]");
+    // Two units each, of which none is cut in two.
+    EXPECT_TRUE(textOf(repeated("😀", 16'384)) == repeated("😀", 16'381) + " […]");
+}
+
 TEST(WorksheetPart, WidthsHaveOneDecimal) {
     struct Case {
         double width;
