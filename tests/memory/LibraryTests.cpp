@@ -149,8 +149,8 @@ TEST_F(OutOfMemoryPair, GetsItsReportsOrNone) {
     refuseEverywhere([&] { return Reports::excelReport(result, strings, true) == book; });
 }
 
-// Reading them is another matter: what nlohmann's parser made takes memory to destroy. They are a few hundred bytes, read
-// once when the program starts.
+// Reading them is another matter: what nlohmann's parser made takes memory to destroy. They are a few hundred bytes,
+// read once when the program starts.
 TEST(OutOfMemory, OptionsAreStoredOrNot) {
     DiffOptions options;
     options.ignoreCase = true;
