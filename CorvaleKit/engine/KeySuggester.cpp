@@ -255,11 +255,12 @@ std::optional<std::string> suggestedKey(const DataTable& before, const DataTable
     Scoring scoring(before, after);
     std::optional<Candidate> best;
     std::size_t place = 0;
-    std::size_t atOnce = 1;
+    std::size_t atOnce = 0;
     for (std::span<const SharedColumn> left = shared; !left.empty();) {
         if (best && highest[left.front().before] < best->score) {
             break;
         }
+        atOnce = atOnce == 0 ? 1 : columnsAtOnce(before, after);
         const auto columns = left.first(std::min(atOnce, left.size()));
         auto scored = scoring.candidates(columns);
         for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -271,7 +272,6 @@ std::optional<std::string> suggestedKey(const DataTable& before, const DataTable
             }
         }
         left = left.subspan(columns.size());
-        atOnce = columnsAtOnce(before, after);
     }
     return best ? suggestedKey(std::vector<Candidate>{*best}) : std::nullopt;
 }
