@@ -141,6 +141,20 @@ std::string shortenedAtStart(std::string_view printable, std::size_t width) {
     return width == 0 ? std::string() : std::string(ellipsis) += fittingAtEnd(printable, width - 1);
 }
 
+std::string shortenedInMiddle(std::string_view printable, std::size_t width) {
+    if (fits(printable, width)) {
+        return std::string(printable);
+    }
+    if (width == 0) {
+        return {};
+    }
+    const std::size_t room = width - 1;
+    const std::string_view start = fitting(printable, room - room / 2);
+    // What a wide character left free at the start goes to the end.
+    const std::string_view end = fittingAtEnd(printable.substr(start.size()), room - Text::displayWidth(start));
+    return std::string(start).append(ellipsis).append(end);
+}
+
 Pair shortenedPair(std::string_view before, std::string_view after, std::size_t beforeWidth, std::size_t afterWidth) {
     const std::size_t difference = commonStart(before, after);
     return {shortenedAround(before, difference, beforeWidth), shortenedAround(after, difference, afterWidth)};

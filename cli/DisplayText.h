@@ -17,6 +17,9 @@ std::string shortened(std::string_view printable, std::size_t width);
 // The same, keeping the end; of a path that is the part that matters.
 std::string shortenedAtStart(std::string_view printable, std::size_t width);
 
+// The same, keeping both ends; keys may differ at either.
+std::string shortenedInMiddle(std::string_view printable, std::size_t width);
+
 // Both texts in at most `width` columns each. One that has to be cut is cut so that the first place where the two
 // differ stays in sight.
 struct Pair {

@@ -39,20 +39,6 @@ Mark markOf(DiffRow::Status status) {
     return {"?", Ink::plain};
 }
 
-bool contains(const std::vector<std::size_t>& columns, std::optional<std::int64_t> column) {
-    return column && std::find(columns.begin(), columns.end(), static_cast<std::size_t>(*column)) != columns.end();
-}
-
-std::vector<bool> keyColumns(const DiffResult& result) {
-    const auto before = KeyMatching::keyColumns(result.match.columns(), result.before);
-    const auto after = KeyMatching::keyColumns(result.match.columns(), result.after);
-    std::vector<bool> isKey;
-    for (const ColumnPair& column : result.columns) {
-        isKey.push_back(contains(before, column.left) || contains(after, column.right));
-    }
-    return isKey;
-}
-
 // The widest name of a column with changes, within what leaves room for the values.
 std::size_t nameWidth(const DiffResult& result, const std::vector<std::string>& names, const TextStyle& style) {
     const std::size_t most =
@@ -64,18 +50,10 @@ std::size_t nameWidth(const DiffResult& result, const std::vector<std::string>& 
     return std::min(width, most);
 }
 
-std::string blankKey(const RowMatch& match) {
-    std::string key;
-    for (std::size_t i = 1; i < match.columns().size(); ++i) {
-        key += DisplayKey::separator;
-    }
-    return key;
-}
-
 }  // namespace
 
 RowBlocks::RowBlocks(const DiffResult& result, const TextStyle& style)
-    : m_result(result), m_style(style), m_isKeyColumn(keyColumns(result)), m_blankKey(blankKey(result.match)) {
+    : m_result(result), m_style(style), m_isKeyColumn(KeyMatching::areKeyColumns(result)) {
     m_beforeColumns.resize(result.before.headers().size());
     m_afterColumns.resize(result.after.headers().size());
     for (std::size_t i = 0; i < result.columns.size(); ++i) {
@@ -107,7 +85,7 @@ void RowBlocks::append(std::string& target, const DiffRow& row) const {
 }
 
 std::string RowBlocks::keyText(std::string_view key) const {
-    return key == m_blankKey ? "(no key)" : DisplayText::printable(key);
+    return DisplayKey::isBlank(key, m_result.match.columns().size()) ? "(no key)" : DisplayText::printable(key);
 }
 
 std::string RowBlocks::rowLabel(const DiffRow& row) const {
@@ -127,11 +105,9 @@ void RowBlocks::appendTitle(std::string& target, const DiffRow& row) const {
     line.add(" ");
     // By row order the key is the row number, which the label tells.
     if (m_result.match.isKey()) {
-        const std::string key = keyText(row.key);
-        const std::size_t labelWidth = Text::displayWidth(label) + 2;
-        const std::size_t room = line.room() > labelWidth + 4 ? line.room() - labelWidth : 4;
-        line.add(line.isLimited() ? DisplayText::shortened(key, room) : key,
-                 row.status == DiffRow::Status::same ? Ink::faint : Ink::strong);
+        line.addKey(keyText(row.key),
+                    Text::displayWidth(label) + 2,
+                    row.status == DiffRow::Status::same ? Ink::faint : Ink::strong);
         line.add("  ");
     }
     line.add(label, Ink::faint);

@@ -34,7 +34,6 @@ private:
     std::vector<std::size_t> m_beforeColumns;  // of a Before column the place in the result
     std::vector<std::size_t> m_afterColumns;   // of an After column
     std::size_t m_nameWidth = 0;               // room for the names of columns with changes
-    std::string m_blankKey;                    // the key of a row whose key cells are empty
 };
 
 }  // namespace corvale::Cli

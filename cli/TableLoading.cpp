@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "CorvaleKit/loading/DataLoader.h"
+#include "CorvaleKit/loading/ZipReader.h"
 #include "cli/FileReading.h"
 #include "cli/NameChoice.h"
 
@@ -23,14 +24,34 @@ bool isNumber(std::string_view choice) {
 std::int64_t numberOf(std::string_view digits) {
     std::int64_t number = 0;
     if (std::from_chars(digits.data(), digits.data() + digits.size(), number).ec != std::errc()) {
-        throw SheetFailure("The workbook has no sheet " + std::string(digits) + ".");
+        throw XLSX::Failure("The workbook has no sheet " + std::string(digits) + ".");
     }
     return number;
 }
 
+FileFailure named(const std::string& path, const UserFailure& failure) {
+    return FileFailure(quotedPath(path) + ": " + failure.message());
+}
+
+// What is wrong inside a workbook is told without its name, which does for a file alone.
+LoadedTable loadOneOfTwo(const FileChoice& file) {
+    try {
+        return loadTable(file);
+    } catch (const XLSX::Failure& failure) {
+        throw named(file.path, failure);
+    } catch (const ZipReader::Failure& failure) {
+        throw named(file.path, failure);
+    } catch (const DataLoader::Failure& failure) {
+        if (failure.kind() == DataLoader::Failure::Kind::emptySheet) {
+            throw named(file.path, failure);
+        }
+        throw;
+    }
+}
+
 // At once and beside the caller, or, where the system has no further thread to give, when it is asked for.
 std::future<LoadedTable> startLoading(const FileChoice& file) {
-    const auto load = [&file] { return loadTable(file); };
+    const auto load = [&file] { return loadOneOfTwo(file); };
     try {
         return std::async(std::launch::async, load);
     } catch (const std::system_error&) {
@@ -93,7 +114,7 @@ LoadedTable loadTable(const FileChoice& file) {
 TablePair loadPair(const PairChoice& files) {
     refuseByPath(files.before.path);
     std::future<LoadedTable> after = startLoading(files.after);
-    LoadedTable before = loadTable(files.before);
+    LoadedTable before = loadOneOfTwo(files.before);
     return {std::move(before), after.get()};
 }
 

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "CorvaleKit/text/Text.h"
 #include "cli/DisplayText.h"
 #include "cli/TextLine.h"
 
@@ -84,6 +85,13 @@ std::string rowList(std::string_view side, const std::vector<std::int64_t>& numb
 
 std::string_view sideName(DuplicateKey::Side side) { return side == DuplicateKey::Side::before ? "Before" : "After"; }
 
+// What a list of rows gets of a line that it shares with a key.
+std::size_t roomForRows(std::string_view rows, std::size_t room) {
+    // The side and the first numbers.
+    constexpr std::size_t least = 20;
+    return std::min(Text::displayWidth(rows), std::max(room / 2, least));
+}
+
 void appendDuplicates(std::string& target, const std::vector<DuplicateKey>& duplicates, const TextStyle& style) {
     if (duplicates.empty()) {
         return;
@@ -93,8 +101,9 @@ void appendDuplicates(std::string& target, const std::vector<DuplicateKey>& dupl
     for (std::size_t i = 0; i < shown; ++i) {
         TextLine line(target, style);
         line.add("    ");
-        line.addFitting(DisplayText::printable(duplicates[i].key), Ink::strong);
-        line.addFitting("  " + rowList(sideName(duplicates[i].side), duplicates[i].rowNumbers));
+        const std::string rows = "  " + rowList(sideName(duplicates[i].side), duplicates[i].rowNumbers);
+        line.addKey(DisplayText::printable(duplicates[i].key), roomForRows(rows, line.room()), Ink::strong);
+        line.addFitting(rows);
         line.end();
     }
     if (shown < duplicates.size()) {

@@ -46,6 +46,12 @@ void TextLine::addFitting(std::string_view printable, Ink ink) {
     add(isLimited() ? DisplayText::shortened(printable, room()) : std::string(printable), ink);
 }
 
+void TextLine::addKey(std::string_view printable, std::size_t reserved, Ink ink) {
+    constexpr std::size_t least = 4;
+    const std::size_t width = room() > reserved + least ? room() - reserved : least;
+    add(isLimited() ? DisplayText::shortenedInMiddle(printable, width) : std::string(printable), ink);
+}
+
 void TextLine::padTo(std::size_t column) {
     if (column > m_used) {
         m_target.append(column - m_used, ' ');

@@ -25,6 +25,8 @@ public:
     void add(std::string_view printable, Ink ink = Ink::plain);
     // The same, cut to the room left.
     void addFitting(std::string_view printable, Ink ink = Ink::plain);
+    // A row's key, cut in the middle to leave `reserved` columns free, though not below four of its own.
+    void addKey(std::string_view printable, std::size_t reserved, Ink ink);
     // Spaces up to that column, counted from 0.
     void padTo(std::size_t column);
     // What is added next begins another line.

@@ -29,12 +29,10 @@ struct Insets {
     int valuesGap;  // between old and new value
 };
 
-constexpr Insets unifiedInsets{11, 11, 11, 4, 6};
-constexpr Insets sideInsets{6, 3, 4, 1, 3};
+constexpr Insets unifiedInsets{Metrics::gridCellPadding, Metrics::gridCellPadding, Metrics::gridCellPadding, 4, 6};
+constexpr Insets sideInsets{6, Metrics::gridCellPaddingRightSideBySide, 4, 1, 3};
 
 const Insets& insets(ViewMode view) { return view == ViewMode::unified ? unifiedInsets : sideInsets; }
-
-Qt::TextElideMode elideMode(const CellPainter::Style& style) { return style.isKey ? Qt::ElideMiddle : Qt::ElideRight; }
 
 quint64 pillName(QSize size, GridCell::Kind kind, bool isCurrent) {
     return static_cast<quint64>(size.width()) << 2U | (kind == GridCell::Kind::changed ? 2U : 0U) |
@@ -68,15 +66,14 @@ bool CellPainter::fits(int width, const GridCell& cell, const Style& style) cons
             return true;
         case GridCell::Kind::plain: {
             const int available = width - insets(style.view).left - insets(style.view).right;
-            const QString text = CellText::onOneLine(cell.text, available);
-            return plainFont(style).elided(text, available, elideMode(style)) == CellText::whole(cell.text);
+            return CellText::isAllOf(plainText(cell.text, available, style), cell.text);
         }
         case GridCell::Kind::changed:
         case GridCell::Kind::formatOnly:
             break;
     }
     const ChangeParts parts = changeParts(cell, width, style);
-    return parts.before == CellText::whole(cell.before) && parts.after == CellText::whole(cell.after);
+    return CellText::isAllOf(parts.before, cell.before) && CellText::isAllOf(parts.after, cell.after);
 }
 
 void CellPainter::paintPlain(QPainter& painter, const QRect& area, std::string_view text, const Style& style) const {
@@ -89,7 +86,14 @@ void CellPainter::paintPlain(QPainter& painter, const QRect& area, std::string_v
     painter.setPen(style.isQuiet ? m_theme.palette().text2 : m_theme.palette().text);
     font.draw(painter,
               QPointF(area.left() + inset.left, font.baseline(area.top(), textHeight)),
-              font.elided(CellText::onOneLine(text, width), width, elideMode(style)));
+              plainText(text, width, style));
+}
+
+QString CellPainter::plainText(std::string_view text, int width, const Style& style) const {
+    const GridFont& font = plainFont(style);
+    // Keys often differ at their ends.
+    return style.isKey ? font.elided(CellText::endsOnOneLine(text, width), width, Qt::ElideMiddle)
+                       : font.elided(CellText::onOneLine(text, width), width);
 }
 
 void CellPainter::paintChange(QPainter& painter, const QRect& area, const GridCell& cell, const Style& style) {

@@ -36,7 +36,7 @@ public:
 
     // `area` is the cell's place in a line. Draws nothing for a missing cell.
     void paint(QPainter& painter, const QRect& area, const GridCell& cell, const Style& style);
-    // False when something is elided or has line breaks, which a line cannot show.
+    // False when something is elided or has tabs or line breaks, which a line cannot show.
     bool fits(int width, const GridCell& cell, const Style& style) const;
 
 private:
@@ -48,6 +48,8 @@ private:
     };
 
     void paintPlain(QPainter& painter, const QRect& area, std::string_view text, const Style& style) const;
+    // What a plain cell shows.
+    QString plainText(std::string_view text, int width, const Style& style) const;
     void paintChange(QPainter& painter, const QRect& area, const GridCell& cell, const Style& style);
     void paintOldValue(QPainter& painter, QPointF baseline, const QString& text) const;
     void paintNewValue(QPainter& painter, QPointF baseline, const QString& text, bool isUnderlined) const;

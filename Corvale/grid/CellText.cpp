@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "CorvaleKit/text/Text.h"
+#include "CorvaleKit/text/Utf8.h"
 
 namespace corvale::CellText {
 
@@ -13,9 +14,14 @@ namespace {
 // A character takes two pixels or more, but marks piled on one may be many bytes.
 constexpr int pixelsPerCharacter = 2;
 constexpr std::size_t bytesPerCharacter = 8;
-constexpr qsizetype longestToolTip = 1000;
+constexpr std::size_t bytesPerUnit = 3;  // of UTF-16, at most
 constexpr int longestWord = 60;
 constexpr QChar breakHere(0x200B);
+
+bool isTabOrLineBreak(QChar character) {
+    const char16_t unit = character.unicode();
+    return unit == u'\t' || (Text::isSpaceOrLineBreak(unit) && !Text::isSpace(unit));
+}
 
 void breakNoLine(QString& text) {
     for (QChar& character : text) {
@@ -24,6 +30,25 @@ void breakNoLine(QString& text) {
             character = u' ';
         }
     }
+}
+
+std::size_t charactersIn(int width) { return static_cast<std::size_t>(std::max(width, 0) / pixelsPerCharacter) + 1; }
+
+// Cut before they are counted, or the marks on a single character could make it a long walk.
+std::string_view firstCharacters(std::string_view text, std::size_t characters) {
+    std::size_t end = std::min(characters * bytesPerCharacter, text.size());
+    while (end > 0 && end < text.size() && Utf8::isContinuation(text[end])) {
+        --end;
+    }
+    return Text::firstCharacters(text.substr(0, end), characters);
+}
+
+std::string_view lastScalars(std::string_view text, std::size_t scalars) {
+    std::size_t begin = text.size();
+    for (; scalars > 0 && begin > 0; --scalars) {
+        begin -= Utf8::scalarBefore(text, begin).length;
+    }
+    return text.substr(begin);
 }
 
 // A tooltip gets as wide as its longest word, which may be wider than the screen.
@@ -45,22 +70,41 @@ QString withBreaksInWords(const QString& text) {
 }  // namespace
 
 QString shortened(std::string_view text, std::size_t characters) {
-    // Cut first, or the marks on a single character could make it a long walk; a scalar cut in two is not shown.
-    const std::string_view near = text.substr(0, characters * bytesPerCharacter);
-    const std::string_view shown = Text::firstCharacters(near, characters);
+    const std::string_view shown = firstCharacters(text, characters);
     QString line = whole(shown);
     if (shown.size() < text.size()) {
-        while (line.endsWith(QChar::ReplacementCharacter)) {
-            line.chop(1);
-        }
         line += u'…';
     }
     breakNoLine(line);
     return line;
 }
 
-QString onOneLine(std::string_view text, int width) {
-    return shortened(text, static_cast<std::size_t>(std::max(width, 0) / pixelsPerCharacter) + 1);
+QString ends(std::string_view text, std::size_t characters) {
+    const std::string_view first = firstCharacters(text, characters);
+    const std::string_view last = lastScalars(text.substr(first.size()), characters);
+    QString line = whole(first);
+    if (first.size() + last.size() < text.size()) {
+        line += u'…';
+    }
+    line += whole(last);
+    breakNoLine(line);
+    return line;
+}
+
+QString onOneLine(std::string_view text, int width) { return shortened(text, charactersIn(width)); }
+
+QString endsOnOneLine(std::string_view text, int width) { return ends(text, charactersIn(width)); }
+
+bool isAllOf(const QString& line, std::string_view text) {
+    if (text.size() / bytesPerUnit > static_cast<std::size_t>(line.size())) {
+        return false;
+    }
+    QString shown = whole(text);
+    if (std::any_of(shown.begin(), shown.end(), isTabOrLineBreak)) {
+        return false;
+    }
+    breakNoLine(shown);
+    return shown == line;
 }
 
 QString cut(const QString& text, qsizetype units) {
@@ -69,6 +113,19 @@ QString cut(const QString& text, qsizetype units) {
     }
     const bool splitsPair = units > 0 && text[units].isLowSurrogate();
     return text.first(splitsPair ? units - 1 : units) + u'…';
+}
+
+QString cut(std::string_view text, qsizetype units) {
+    // One more than is shown tells that more follows.
+    const auto wanted = static_cast<std::size_t>(units) + 1;
+    if (text.size() / bytesPerUnit > wanted) {
+        std::size_t end = wanted * bytesPerUnit;
+        while (end < text.size() && Utf8::isContinuation(text[end])) {
+            ++end;
+        }
+        text = text.substr(0, end);
+    }
+    return cut(whole(text), units);
 }
 
 QString toolTip(const QString& text) {

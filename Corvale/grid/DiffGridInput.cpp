@@ -23,8 +23,12 @@ namespace {
 using Place = GridGeometry::Place;
 using RowSide = DuplicateKey::Side;
 
-// Of each value: both have to show.
-constexpr qsizetype longestInToolTip = 480;
+// Of a value in a tooltip. Where there are two, both have to show, with a few words between.
+qsizetype longestValue(const GridCell& cell) {
+    constexpr qsizetype roomForWords = 40;
+    const bool isOne = cell.kind == GridCell::Kind::plain || cell.side != GridGeometry::CellSide::both;
+    return isOne ? CellText::longestToolTip : (CellText::longestToolTip - roomForWords) / 2;
+}
 
 }  // namespace
 
@@ -130,7 +134,7 @@ QString DiffGrid::toolTipAt(const QPoint& position) const {
         return cellToolTip(*spot.line, *spot.cell);
     }
     const GridRow gridRow = row(*spot.line);
-    if (position.x() < 2 * Metrics::gridGutter) {
+    if (position.x() < GridGeometry::numbersWidth) {
         return RowTexts::labelledNumber(
             gridRow.result(), gridRow.row(), position.x() < Metrics::gridGutter ? RowSide::before : RowSide::after);
     }
@@ -143,7 +147,7 @@ QString DiffGrid::cellToolTip(std::int64_t line, std::size_t cell) const {
     const int width = m_contents.geometry.cells()[cell].width();
     const bool showsWhole = m_contents.geometry.shownWidth(cell, scroll()) == width &&
                             m_painter.cells().fits(width, content, m_painter.cellStyle(gridRow, cell));
-    return showsWhole ? QString() : CellText::toolTip(RowTexts::cell(content, longestInToolTip));
+    return showsWhole ? QString() : CellText::toolTip(RowTexts::cell(content, longestValue(content)));
 }
 
 bool DiffGrid::event(QEvent* event) {

@@ -17,7 +17,8 @@ namespace {
 
 constexpr QStringView lineBreakPair = u"\r\n";
 
-// What shows the text makes one line break of the two characters, and all places behind it would be one less.
+// What shows the text makes one line break of CR LF, and all places behind it would be one less. A CR that stays could
+// meet an LF that is put behind it.
 void joinLineBreaks(FieldValue& value) {
     const QStringView original = value.original;
     value.text.clear();
@@ -26,7 +27,7 @@ void joinLineBreaks(FieldValue& value) {
         if (original.mid(i).startsWith(lineBreakPair)) {
             ++i;
         }
-        value.text += original[i];
+        value.text += original[i] == u'\r' ? u'\n' : original[i];
     }
 }
 
@@ -56,7 +57,7 @@ FieldValue written(const MarkedText& marked, bool showsSpaces) {
     }
     if (showsSpaces) {
         showSpaces(value, marked.text);
-    } else if (value.original.contains(lineBreakPair)) {
+    } else if (value.original.contains(u'\r')) {
         joinLineBreaks(value);
     }
     if (!value.origins.empty()) {

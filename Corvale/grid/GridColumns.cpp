@@ -13,36 +13,16 @@ namespace {
 // A name is never cut short of what its tooltip can show.
 constexpr std::size_t longestName = 1000;
 
-// The key columns of both tables.
-class KeyIndexes {
-public:
-    explicit KeyIndexes(const DiffResult& result)
-        : m_before(KeyMatching::keyColumns(result.match.columns(), result.before)),
-          m_after(KeyMatching::keyColumns(result.match.columns(), result.after)) {}
-
-    bool contain(const ColumnPair& column) const {
-        return contains(m_before, column.left) || contains(m_after, column.right);
-    }
-
-private:
-    static bool contains(const std::vector<std::size_t>& keys, std::optional<std::int64_t> column) {
-        return column && std::find(keys.begin(), keys.end(), static_cast<std::size_t>(*column)) != keys.end();
-    }
-
-    std::vector<std::size_t> m_before;
-    std::vector<std::size_t> m_after;
-};
-
 }  // namespace
 
 GridColumns::GridColumns(const DiffResult& result) {
-    const KeyIndexes keys(result);
+    const std::vector<bool> areKeys = KeyMatching::areKeyColumns(result);
     m_traits.reserve(result.columns.size());
     for (const ColumnPair& column : result.columns) {
         Traits traits;
         traits.before = CellText::shortened(column.name, longestName);
         traits.after = column.renamedTo ? CellText::shortened(*column.renamedTo, longestName) : traits.before;
-        traits.isKey = keys.contain(column);
+        traits.isKey = areKeys[m_traits.size()];
         // No key column is compared, which need not be the user's doing.
         traits.isIgnored = column.ignored && (!traits.isKey || Columns::isIgnored(result.options, column.name));
         traits.hasChanges = result.summary.changesByColumn.contains(static_cast<std::int64_t>(m_traits.size()));

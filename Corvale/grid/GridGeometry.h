@@ -8,6 +8,7 @@
 
 #include "Corvale/grid/GridLayout.h"
 #include "Corvale/model/AppSettings.h"
+#include "Corvale/style/Metrics.h"
 #include "CorvaleKit/engine/DiffRow.h"
 
 namespace corvale {
@@ -50,6 +51,9 @@ public:
     };
 
     static constexpr int leadingWidth = static_cast<int>(GridLayout::leadingWidth);
+    static constexpr int numbersWidth = static_cast<int>(GridLayout::numbersWidth);
+    // Of the status and its header.
+    static constexpr int statusLeft = numbersWidth + Metrics::gridCellPadding;
 
     GridGeometry() = default;
     // `keyColumn` is the one that may be pinned, an index into DiffResult::columns.

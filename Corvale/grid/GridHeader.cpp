@@ -20,7 +20,6 @@ namespace {
 using CellSide = GridGeometry::CellSide;
 
 constexpr int keyIcon = 13;
-constexpr int statusLeft = static_cast<int>(GridLayout::numbersWidth) + Metrics::gridCellPadding;
 constexpr int titlePadding = 6;
 constexpr int titleGap = 6;
 constexpr int leastName = 30;  // before the note beside it gives way
@@ -183,7 +182,7 @@ void GridHeader::paintLeadingBlock(QPainter& painter) const {
     const QString row = tr("Row");
     painter.setPen(m_theme.palette().text2);
     font.draw(painter, QPointF(qRound((GridLayout::numbersWidth - font.width(row)) / 2), baseline), row);
-    font.draw(painter, QPointF(statusLeft, baseline), tr("Status"));
+    font.draw(painter, QPointF(GridGeometry::statusLeft, baseline), tr("Status"));
 }
 
 bool GridHeader::event(QEvent* event) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Corvale/model/AppSettings.h"
+#include "Corvale/style/Metrics.h"
 #include "CorvaleKit/engine/DiffResult.h"
 
 namespace corvale {
@@ -14,11 +15,11 @@ namespace corvale {
 // in points and depend on lengths of texts alone, not on a font.
 struct GridLayout {
     // What a line begins with: the two row numbers, then the status.
-    static constexpr double numbersWidth = 104;
+    static constexpr double numbersWidth = 2 * Metrics::gridGutter;
     static constexpr double statusWidth = 130;
     static constexpr double leadingWidth = numbersWidth + statusWidth;
     // Between the halves of a line, side by side.
-    static constexpr double gapWidth = 12;
+    static constexpr double gapWidth = Metrics::gridHalfGap;
 
     std::vector<std::int64_t> columns;        // unified, in display order
     std::vector<std::int64_t> beforeColumns;  // side by side on the left, in the order of the Before table

@@ -15,6 +15,9 @@ namespace {
 using Table = GridTableInterface;
 using CellSide = GridGeometry::CellSide;
 
+// In UTF-16 units: a reader takes a minute for it, and after a lost quote the rest of a file is one value.
+constexpr qsizetype longestValue = 1000;
+
 std::size_t cellOf(int column) { return static_cast<std::size_t>(column - Table::leadingColumns); }
 
 }  // namespace
@@ -104,17 +107,16 @@ QString GridPartInterface::cellText() const {
     if (m_column == Table::statusColumn) {
         return RowTexts::statusWord(line.row().status);
     }
-    return RowTexts::cell(line.cell(cellOf(m_column)));
+    return RowTexts::cell(line.cell(cellOf(m_column)), longestValue);
 }
 
 QRect GridPartInterface::areaInGrid() const {
-    constexpr int numbersWidth = static_cast<int>(GridLayout::numbersWidth);
     QRect area = isHeader() ? QRect(0, -m_grid->headerHeight(), m_grid->viewport()->width(), m_grid->headerHeight())
                             : m_grid->lineArea(m_row);
     if (m_column == Table::numbersColumn) {
-        area.setWidth(numbersWidth);
+        area.setWidth(GridGeometry::numbersWidth);
     } else if (m_column == Table::statusColumn) {
-        area.setLeft(numbersWidth);
+        area.setLeft(GridGeometry::numbersWidth);
         area.setRight(GridGeometry::leadingWidth - 1);
     } else if (!isLine()) {
         const QRect cell = m_grid->cellArea(0, cellOf(m_column));

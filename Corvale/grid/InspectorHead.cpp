@@ -3,8 +3,10 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
+#include <QResizeEvent>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <numeric>
 
 #include "Corvale/grid/CellText.h"
 #include "Corvale/grid/FieldView.h"
@@ -27,6 +29,7 @@ constexpr int paddingX = FieldView::padding;
 constexpr int paddingTop = 11;
 constexpr int paddingBottom = 10;
 constexpr int statusIcon = 14;
+constexpr std::size_t keyEndCharacters = 480;  // both ends have room in a tooltip
 constexpr int mostSummaryLines = 8;
 constexpr int numberGap = 14;
 constexpr int numberLineGap = 1;
@@ -84,7 +87,7 @@ void InspectorHead::addRows() {
 void InspectorHead::refresh() {
     const DiffResult& result = *m_model.result();
     const DiffRow row = result.rows[static_cast<std::size_t>(*m_model.selectedRow())];
-    m_keyText = CellText::shortened(RowTexts::title(result, row).toStdString(), 1000);
+    m_keyText = RowTexts::title(result, row, keyEndCharacters);
     m_before->setText(RowTexts::heading(result, row, RowSide::before));
     m_after->setText(RowTexts::heading(result, row, RowSide::after));
     updateColors();
@@ -136,11 +139,7 @@ void InspectorHead::showStatus(const DiffRow& row) {
 }
 
 void InspectorHead::showChanges(const DiffResult& result, const DiffRow& row) {
-    FieldValue summary;
-    summary.text = summary.original = RowTexts::summary(result, row);
-    ValueText::Look look;
-    look.color = m_theme.palette().text;
-    m_summary->setValue(summary, look);
+    m_summaryText = RowTexts::summary(result, row);
     m_summary->setVisible(!row.changes.empty());
 }
 
@@ -151,9 +150,35 @@ void InspectorHead::fitNumbers() {
     m_numbers->setSpacing(fit ? numberGap : numberLineGap);
 }
 
+// What is copied is all of it: the sign stands for the rest.
+void InspectorHead::showSummary(qsizetype units) {
+    FieldValue summary;
+    summary.original = m_summaryText;
+    summary.text = CellText::cut(m_summaryText, units);
+    summary.origins.resize(static_cast<std::size_t>(summary.text.size()));
+    std::iota(summary.origins.begin(), summary.origins.end(), 0);
+    ValueText::Look look;
+    look.color = m_theme.palette().text;
+    m_summary->setValue(summary, look);
+}
+
 void InspectorHead::fitSummary() {
     const int most = mostSummaryLines * ValueText::lineHeight(m_summary->font());
-    m_summary->setFixedHeight(std::min(most, m_summary->heightIn(width() - 2 * paddingX)));
+    const int available = width() - 2 * paddingX;
+    showSummary(m_summaryText.size());
+    const int needed = m_summary->heightIn(available);
+    if (needed > most) {
+        qsizetype fitting = 0;
+        for (qsizetype tooLong = m_summaryText.size(); tooLong - fitting > 1;) {
+            const qsizetype units = std::midpoint(fitting, tooLong);
+            showSummary(units);
+            (m_summary->heightIn(available) > most ? tooLong : fitting) = units;
+        }
+        showSummary(fitting);
+        m_summary->heightIn(available);
+    }
+    m_summary->setToolTip(needed > most ? CellText::toolTip(m_summaryText) : QString());
+    m_summary->setFixedHeight(std::min(most, needed));
 }
 
 void InspectorHead::setFieldWidth(int width) {
@@ -184,7 +209,10 @@ void InspectorHead::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     elideKey();
     fitNumbers();
-    fitSummary();
+    // Shown anew it would lose its selection.
+    if (event->size().width() != event->oldSize().width()) {
+        fitSummary();
+    }
 }
 
 void InspectorHead::changeEvent(QEvent* event) {
@@ -192,6 +220,7 @@ void InspectorHead::changeEvent(QEvent* event) {
     if (event->type() == QEvent::FontChange) {
         updateFonts();
         layout()->setContentsMargins(paddingX, paddingTop, paddingX, paddingBottom + titlesHeight());
+        fitSummary();
     }
 }
 

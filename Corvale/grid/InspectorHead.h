@@ -47,11 +47,13 @@ private:
     void elideKey();
     void fitNumbers();
     void fitSummary();
+    void showSummary(qsizetype units);
     int titlesHeight() const;
 
     AppModel& m_model;
     const Theme& m_theme;
     QString m_keyText;
+    QString m_summaryText;  // all of it
     QLabel* m_key;
     QLabel* m_symbol;
     QLabel* m_status;

@@ -22,8 +22,7 @@ using RowSide = DuplicateKey::Side;
 constexpr int contentHeight = LinePainter::lineHeight - 1;
 constexpr int gutterPadding = 7;
 constexpr int widestNumber = 41;  // beside the bar of the selected line
-constexpr int statusLeft = static_cast<int>(GridLayout::numbersWidth) + Metrics::gridCellPadding;
-constexpr int gapWidth = static_cast<int>(GridLayout::gapWidth);
+constexpr int gapWidth = Metrics::gridHalfGap;
 constexpr float shadowOpacity = 0.16F;
 constexpr qreal tintOfColoredHairline = 0.45;
 constexpr QSize tabSize(Metrics::edgeTabWidth, Metrics::edgeTabHeight);
@@ -196,10 +195,10 @@ void LinePainter::paintStatus(QPainter& painter, const DiffRow& row, int y) {
     if (symbol.isNull()) {
         symbol = Icons::pixmap(RowTexts::statusSymbol(row.status), color, Metrics::icon, m_pixelRatio);
     }
-    painter.drawPixmap(statusLeft, y + (contentHeight - Metrics::icon) / 2, symbol);
+    painter.drawPixmap(GridGeometry::statusLeft, y + (contentHeight - Metrics::icon) / 2, symbol);
     const GridFont& font =
         row.status == DiffRow::Status::same ? m_contents.fonts.unchangedStatus : m_contents.fonts.status;
-    constexpr int left = statusLeft + Metrics::icon + Metrics::gridStatusGap;
+    constexpr int left = GridGeometry::statusLeft + Metrics::icon + Metrics::gridStatusGap;
     painter.setPen(color);
     font.draw(painter,
               QPointF(left, font.baseline(y, contentHeight)),

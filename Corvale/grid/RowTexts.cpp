@@ -3,10 +3,10 @@
 #include <QLocale>
 #include <QStringList>
 #include <algorithm>
-#include <limits>
 #include <string_view>
 
 #include "Corvale/grid/CellText.h"
+#include "CorvaleKit/engine/DisplayKey.h"
 #include "CorvaleKit/engine/RowCells.h"
 
 namespace corvale {
@@ -99,11 +99,12 @@ QString RowTexts::labelledNumbers(const DiffResult& result, const DiffRow& row) 
     return labelledNumber(result, row, Side::before) + tr(", ") + labelledNumber(result, row, Side::after);
 }
 
-QString RowTexts::title(const DiffResult& result, const DiffRow& row) {
+QString RowTexts::title(const DiffResult& result, const DiffRow& row, std::size_t endCharacters) {
     if (!result.match.isKey()) {
         return tr("Row %1").arg(result.rowNumber(row));
     }
-    return row.key.empty() ? blankKey() : CellText::whole(row.key);
+    return DisplayKey::isBlank(row.key, result.match.columns().size()) ? blankKey()
+                                                                       : CellText::ends(row.key, endCharacters);
 }
 
 QString RowTexts::summary(const DiffResult& result, const DiffRow& row) {
@@ -124,9 +125,7 @@ QString RowTexts::summary(const DiffResult& result, const DiffRow& row) {
 }
 
 QString RowTexts::spoken(const DiffResult& result, const DiffRow& row) {
-    QStringList parts{statusWord(row.status),
-                      labelledNumbers(result, row),
-                      CellText::shortened(title(result, row).toStdString(), longestInSummary)};
+    QStringList parts{statusWord(row.status), labelledNumbers(result, row), title(result, row, longestInSummary / 2)};
     if (!row.changes.empty()) {
         parts += summary(result, row);
     }
@@ -149,12 +148,8 @@ QString RowTexts::copied(const DiffResult& result, const DiffRow& row) {
     return lines.join(u'\n');
 }
 
-QString RowTexts::cell(const GridCell& cell) { return RowTexts::cell(cell, std::numeric_limits<qsizetype>::max()); }
-
 QString RowTexts::cell(const GridCell& cell, qsizetype longestValue) {
-    const auto cut = [longestValue](std::string_view text) {
-        return CellText::cut(CellText::whole(text), longestValue);
-    };
+    const auto cut = [longestValue](std::string_view text) { return CellText::cut(text, longestValue); };
     switch (cell.kind) {
         case GridCell::Kind::missing:
             return notInThisFile();

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QString>
+#include <cstddef>
 
 #include "Corvale/grid/GridRow.h"
 #include "CorvaleKit/engine/DiffResult.h"
@@ -25,8 +26,9 @@ public:
     // Both: "Before: 8, After: 8".
     static QString labelledNumbers(const DiffResult& result, const DiffRow& row);
 
-    // What the row is known by: its key, "(blank key)", or "Row 8" where rows are matched by their order.
-    static QString title(const DiffResult& result, const DiffRow& row);
+    // What the row is known by, on one line: its key, of a long one the first and the last `endCharacters`; "(blank
+    // key)"; or "Row 8" where rows are matched by their order.
+    static QString title(const DiffResult& result, const DiffRow& row, std::size_t endCharacters);
 
     // The changes of a row on one line: "Price: 89.00 to 94.00, Qty: 5 to 8". Up to four are listed; of more,
     // three, and the others are counted. Long texts are cut. Empty where nothing changed.
@@ -39,9 +41,8 @@ public:
     // separated by tabs. A text with a tab, a line break or a quote in it stands in quotes.
     static QString copied(const DiffResult& result, const DiffRow& row);
 
-    // All that a cell has to show: its text, or "89.00 to 94.00" for one that shows a change.
-    static QString cell(const GridCell& cell);
-    // The same with each value cut after so many UTF-16 units.
+    // All that a cell has to show: its text, or "89.00 to 94.00" for one that shows a change. Each value is cut after
+    // so many UTF-16 units.
     static QString cell(const GridCell& cell, qsizetype longestValue);
 
     // The row number on a side as a heading, "Before: row 8" or "Before: (not in this file)".

@@ -12,6 +12,7 @@ namespace corvale {
 namespace {
 
 const std::string settingsKey = "settings";
+constexpr std::size_t signalCount = 21;  // of the model
 
 AppSettings storedSettings(Platform& platform) {
     const auto data = platform.storedData(settingsKey);
@@ -33,6 +34,8 @@ std::optional<AppModel::Sheet> sheetFor(const AppSettings& settings) {
 
 AppModel::AppModel(Platform& platform) : m_platform(platform), m_settings(storedSettings(platform)), m_jobs(platform) {
     m_sheet = sheetFor(m_settings);
+    // So that none is lost where memory ends.
+    m_changes.reserve(signalCount);
 }
 
 AppModel::~AppModel() {
@@ -129,6 +132,7 @@ void AppModel::tell(const QString& problem) {
 }
 
 void AppModel::announce() {
+    followOutdated();
     // Large values live until every receiver was told that they are gone. One of them may begin another operation,
     // which announces what is left here together with its own.
     auto retired = std::exchange(m_retired, {});

@@ -61,6 +61,9 @@ public:
     // The latest comparison that was not discarded; null when there is none. Whoever keeps it lets go of it when
     // resultChanged comes, so that the last reference is dropped off the main thread.
     const std::shared_ptr<const DiffResult>& result() const { return m_result; }
+    // The result is of other files or choices than those there are, and no comparison is to come: it was cancelled, or
+    // failed.
+    bool isResultOutdated() const { return m_isResultOutdated; }
     // 0 to 1 while a comparison runs.
     std::optional<double> progress() const { return m_progress; }
     const DiffFilter& filter() const { return m_filter; }
@@ -141,6 +144,7 @@ Q_SIGNALS:
     void matchChanged();
     void suggestedKeyChanged();
     void resultChanged();
+    void isResultOutdatedChanged();
     void progressChanged();
     void filterChanged();
     void visibleChanged();
@@ -200,6 +204,7 @@ private:
     void endComparison();
     void adopt(ShownResult shown);
     void clearResult();
+    void followOutdated();
     void replaceResult(std::shared_ptr<const DiffResult> result);
     ResultView resultView() const;
     void refilter();
@@ -220,6 +225,7 @@ private:
     MatchChoice m_match;
     std::optional<std::string> m_suggestedKey;
     std::shared_ptr<const DiffResult> m_result;
+    bool m_isResultOutdated = false;
     std::optional<double> m_progress;
     DiffFilter m_filter;
     std::vector<std::int64_t> m_visible;

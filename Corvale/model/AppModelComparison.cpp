@@ -171,6 +171,14 @@ void AppModel::replaceResult(std::shared_ptr<const DiffResult> result) {
     noteChange(&AppModel::resultChanged);
 }
 
+// Takes no memory: it runs where nobody could be told that there is none.
+void AppModel::followOutdated() {
+    const bool isOfAnother = m_result && hasBothFiles() &&
+                             !(m_result->before.isCopyOf(before()->table) && m_result->after.isCopyOf(after()->table) &&
+                               m_match.gives(m_result->match) && m_result->options == m_settings.options);
+    set(m_isResultOutdated, isOfAnother && isSettled() && !m_compareFlag, &AppModel::isResultOutdatedChanged);
+}
+
 void AppModel::setFilter(const DiffFilter& filter) {
     const Operation operation(*this);
     DiffFilter wanted = filter;

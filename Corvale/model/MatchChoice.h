@@ -24,6 +24,14 @@ public:
 
     RowMatch rowMatch() const { return m_column ? RowMatch::key({*m_column}) : RowMatch::rowOrder(); }
 
+    // Whether rowMatch() equals `match`; takes no memory.
+    bool gives(const RowMatch& match) const {
+        if (!m_column || !match.isKey()) {
+            return !m_column && !match.isKey();
+        }
+        return match.columns().size() == 1 && match.columns().front() == *m_column;
+    }
+
     friend bool operator==(const MatchChoice&, const MatchChoice&) = default;
 
 private:

@@ -42,14 +42,13 @@ RowIdentity identityInNext(const DiffResult& result, const DiffRow& row, const N
     return identity;
 }
 
-bool isInOneSamePlace(const DiffRow& row, const RowIdentity& wanted) {
+bool isAtSamePlace(const DiffRow& row, const RowIdentity& wanted) {
     return (row.left && row.left == wanted.left) || (row.right && row.right == wanted.right);
 }
 
-// The row at the same place in both files, else in one of them; else the first with that key, for repeated keys move
-// together, but rows without a key have nothing in common.
+// The row at the same place in a file, which is one row unless a pair is two now: then the first of these. Else the
+// first with that key, for repeated keys move together, but rows without a key have nothing in common.
 std::optional<std::int64_t> rowLike(const DiffRows& rows, const RowIdentity& wanted) {
-    std::optional<std::int64_t> nearby;
     std::optional<std::int64_t> first;
     std::int64_t index = -1;
     for (const DiffRow row : rows) {
@@ -57,17 +56,14 @@ std::optional<std::int64_t> rowLike(const DiffRows& rows, const RowIdentity& wan
         if (wanted.key && row.key != *wanted.key) {
             continue;
         }
-        if (row.left == wanted.left && row.right == wanted.right) {
+        if (isAtSamePlace(row, wanted)) {
             return index;
-        }
-        if (!nearby && isInOneSamePlace(row, wanted)) {
-            nearby = index;
         }
         if (!first && wanted.key && !row.key.empty()) {
             first = index;
         }
     }
-    return nearby ? nearby : first;
+    return first;
 }
 
 }  // namespace

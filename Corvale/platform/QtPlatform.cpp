@@ -5,6 +5,9 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLocale>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
 #include <algorithm>
 #include <thread>
 #include <utility>
@@ -30,21 +33,44 @@ QString patterns(const QStringList& extensions) {
     return patterns.join(u' ');
 }
 
-// Qt adds an extension only to names without a dot, and people write "report v1.2". It is added before the dialog asks
-// whether a file of that name may be replaced.
+// Qt adds an extension only to names without a dot, and people write "report v1.2".
+QString withExtension(const QString& name, const QString& extension) {
+    const bool lacksIt = !name.isEmpty() && !name.endsWith(u'.' + extension, Qt::CaseInsensitive);
+    return lacksIt ? name + u'.' + extension : name;
+}
+
+// Adds it before the dialog asks whether a file of that name may be replaced.
 class SaveDialog : public QFileDialog {
 public:
     using QFileDialog::QFileDialog;
 
     void accept() override {
-        const QString extension = u'.' + defaultSuffix();
         const QString name = selectedFiles().value(0);
-        if (!name.isEmpty() && !QFileInfo(name).isDir() && !name.endsWith(extension, Qt::CaseInsensitive)) {
-            selectFile(name + extension);
+        if (const QString whole = withExtension(name, defaultSuffix()); whole != name && !QFileInfo(name).isDir()) {
+            selectFile(whole);
         }
         QFileDialog::accept();
     }
 };
+
+// Calls whenAnswered(whether it may be) unless `context` is gone by then.
+void askToReplace(const QString& path, QWidget* parent, const QObject& context,
+                  std::function<void(bool)> whenAnswered) {
+    auto* const question =
+        new QMessageBox(QMessageBox::Question,
+                        Texts::tr("Export Report"),
+                        Texts::tr("“%1” exists already. Do you want to replace it?").arg(QFileInfo(path).fileName()),
+                        QMessageBox::Cancel,
+                        parent);
+    question->setAttribute(Qt::WA_DeleteOnClose);
+    question->setTextFormat(Qt::PlainText);
+    const QPushButton* const replace = question->addButton(Texts::tr("Replace"), QMessageBox::AcceptRole);
+    question->setDefaultButton(QMessageBox::Cancel);
+    QObject::connect(question, &QDialog::finished, &context, [=, whenAnswered = std::move(whenAnswered)] {
+        whenAnswered(question->clickedButton() == replace);
+    });
+    question->open();
+}
 
 // Deletes itself when it closes.
 template <typename Dialog>
@@ -83,9 +109,23 @@ void QtPlatform::showSavePanel(const SavePanel& panel, std::function<void(const 
     dialog->setDefaultSuffix(panel.extension);
     dialog->setNameFilters({QStringLiteral("*.") + panel.extension});
     dialog->selectFile(panel.defaultName);
-    show(dialog, [whenChosen = std::move(whenChosen)](const QList<QUrl>& urls) {
-        whenChosen(urls.isEmpty() ? QUrl() : urls.front());
-    });
+    show(dialog,
+         [this,
+          extension = panel.extension,
+          parent = QPointer<QWidget>(dialog->parentWidget()),
+          whenChosen = std::move(whenChosen)](const QList<QUrl>& urls) {
+             const QString chosen = urls.value(0).toLocalFile();
+             const QString path = withExtension(chosen, extension);
+             const QUrl url = path.isEmpty() ? QUrl() : QUrl::fromLocalFile(path);
+             // The desktop's own dialog takes no other name from us, and asked about the one that was typed.
+             if (path == chosen || !QFileInfo::exists(path)) {
+                 whenChosen(url);
+             } else {
+                 askToReplace(path, parent, m_main, [url, whenChosen](bool mayReplace) {
+                     whenChosen(mayReplace ? url : QUrl());
+                 });
+             }
+         });
 }
 
 void QtPlatform::show(QFileDialog* dialog, std::function<void(const QList<QUrl>&)> whenChosen) {

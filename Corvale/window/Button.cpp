@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QButtonGroup>
+#include <QHideEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -157,6 +158,14 @@ void Button::nextCheckState() {
     if (group() != nullptr) {
         QAbstractButton::nextCheckState();
     }
+}
+
+// Its menu goes with it, or would stay over a window that has no use for it any more.
+void Button::hideEvent(QHideEvent* event) {
+    if (m_menu != nullptr) {
+        m_menu->close();
+    }
+    QAbstractButton::hideEvent(event);
 }
 
 void Button::keyPressEvent(QKeyEvent* event) {

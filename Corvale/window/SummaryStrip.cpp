@@ -62,9 +62,11 @@ SummaryStrip::SummaryStrip(AppModel& model, Theme& theme, QWidget* parent)
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
 
+    connect(m_outdated, &Button::clicked, &model, &AppModel::compare);
     connect(m_duplicates, &Button::clicked, this, &SummaryStrip::openDuplicates);
     connect(m_duplicateList, &DuplicateList::closed, m_duplicates, [this] { m_duplicates->setDown(false); });
     connect(&model, &AppModel::resultChanged, this, &SummaryStrip::refresh);
+    connect(&model, &AppModel::isResultOutdatedChanged, this, &SummaryStrip::refresh);
     connect(&model, &AppModel::filterChanged, this, &SummaryStrip::refreshChips);
     connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
     refresh();
@@ -91,17 +93,25 @@ QWidget* SummaryStrip::makeNotes() {
         flow->addWidget(note);
         return note;
     };
+    m_outdated = addWarning(*notes);
+    m_outdated->setLabel(tr("Results out of date"));
+    m_outdated->setHelp(tr("These are the results from before your last change. Click to compare again."));
     const auto quiet = [](const Palette& palette) { return palette.text2; };
     m_newColumns = add({}, quiet);
     m_removedColumns = add({}, quiet);
     m_orderChanged = add({}, quiet);
     m_emptyKeys = add({}, quiet);
     m_formatOnly = add(QStringLiteral("info.circle"), [](const Palette& palette) { return palette.formatOnly.text; });
-    m_duplicates = new Button(Button::Face::warning, m_theme, notes);
-    m_duplicates->setSymbol(QStringLiteral("exclamationmark.triangle.fill"), 14);
+    m_duplicates = addWarning(*notes);
     m_duplicates->setHelp(tr("Keys on more than one row: repeats are paired in order. Click to see them."));
-    flow->addWidget(m_duplicates);
     return notes;
+}
+
+Button* SummaryStrip::addWarning(QWidget& notes) {
+    auto* const warning = new Button(Button::Face::warning, m_theme, &notes);
+    warning->setSymbol(QStringLiteral("exclamationmark.triangle.fill"), 14);
+    notes.layout()->addWidget(warning);
+    return warning;
 }
 
 bool SummaryStrip::showDuplicates() const { return m_duplicateList->isVisible(); }
@@ -120,7 +130,7 @@ void SummaryStrip::refreshChips() {
     }
     const DiffSummary& summary = m_model.result()->summary;
     const bool differ = summary.hasDifferences();
-    m_verdict->setVisible(!differ);
+    m_verdict->setVisible(!differ && !m_model.isResultOutdated());
     const std::array<std::int64_t, 4> counts{summary.added, summary.removed, summary.changed, summary.same};
     for (std::size_t i = 0; i < m_chips.size(); ++i) {
         const auto& [chip, show] = m_chips[i];
@@ -146,6 +156,7 @@ void SummaryStrip::refreshNotes() {
     showNote(*m_formatOnly,
              formatOnly,
              tr("%1 cells differ only in number format, case or spacing").arg(Wording::count(formatOnly)));
+    m_outdated->setVisible(m_model.isResultOutdated());
     m_duplicates->setLabel(tr("%1 duplicate keys").arg(Wording::count(duplicates)));
     m_duplicates->setVisible(duplicates > 0);
 }

@@ -39,6 +39,8 @@ private:
 
     Chip makeChip(ChipLabel::Kind kind, DiffFilter::Show show);
     QWidget* makeNotes();
+    // At the end of the notes.
+    Button* addWarning(QWidget& notes);
     void refreshChips();
     void refreshNotes();
     void toggle(DiffFilter::Show show);
@@ -49,6 +51,7 @@ private:
     Theme& m_theme;
     SymbolLabel* m_verdict;
     std::array<Chip, 4> m_chips;
+    Button* m_outdated = nullptr;
     SymbolLabel* m_newColumns = nullptr;
     SymbolLabel* m_removedColumns = nullptr;
     SymbolLabel* m_orderChanged = nullptr;

@@ -1,13 +1,35 @@
 #include "CorvaleKit/engine/ComparisonTexts.h"
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
+#include "CorvaleKit/base/HashTables.h"
 #include "CorvaleKit/base/Require.h"
 #include "CorvaleKit/engine/Callbacks.h"
 
 namespace corvale {
+
+// Reduces a long text once: a million cells of a workbook may show the same string, so that a few kilobytes of file
+// could become gigabytes of reduced texts.
+class ComparisonTexts::SharedTexts {
+public:
+    template <typename Reduce>
+    Rewritten reduced(std::string_view cell, Reduce reduce) {
+        constexpr std::size_t leastShared = 128;  // in bytes
+        if (cell.size() < leastShared) {
+            return reduce();
+        }
+        if (const auto known = m_byPlace.find(cell.data()); known != m_byPlace.end()) {
+            return known->second;
+        }
+        const Rewritten text = reduce();
+        m_byPlace.try_emplace(cell.data(), text);
+        return text;
+    }
+
+private:
+    HashMap<const char*, Rewritten> m_byPlace;
+};
 
 ComparisonTexts::ComparisonTexts(DataTable table, std::vector<std::size_t> columns, const CellReduction& reduction,
                                  const std::function<void(std::size_t)>& onRow)
@@ -18,22 +40,24 @@ ComparisonTexts::ComparisonTexts(DataTable table, std::vector<std::size_t> colum
         m_areAdjacent = m_areAdjacent && m_columns[position] == m_columns.front() + position;
     }
     const bool mayChange = reduction.mayChange(m_table.rows());
+    SharedTexts shared;
     for (std::size_t begin = 0; begin < rowCount(); begin += rowsPerPoll) {
         if (onRow) {
             onRow(begin);
         }
         if (mayChange) {
-            reduceRows(begin, std::min(begin + rowsPerPoll, rowCount()), reduction);
+            reduceRows(begin, std::min(begin + rowsPerPoll, rowCount()), reduction, shared);
         }
     }
 }
 
-void ComparisonTexts::reduceRows(std::size_t begin, std::size_t end, const CellReduction& reduction) {
+void ComparisonTexts::reduceRows(std::size_t begin, std::size_t end, const CellReduction& reduction,
+                                 SharedTexts& shared) {
     const CellRows& rows = m_table.rows();
     for (std::size_t i = begin; i < end; ++i) {
         const std::size_t before = m_rewritten.size();
         if (const CellRow row = rows[i]; reduction.mayChange(row)) {
-            reduceRow(row, reduction);
+            reduceRow(row, reduction, shared);
         }
         if (m_rowStarts.empty() && m_rewritten.size() > before) {
             m_rowStarts.reserve(rows.size() + 1);
@@ -45,20 +69,17 @@ void ComparisonTexts::reduceRows(std::size_t begin, std::size_t end, const CellR
     }
 }
 
-void ComparisonTexts::reduceRow(const CellRow& cells, const CellReduction& reduction) {
+void ComparisonTexts::reduceRow(const CellRow& cells, const CellReduction& reduction, SharedTexts& shared) {
     if (m_hasRepeats || m_columns.size() <= 2 * cells.storedCells()) {
         for (std::size_t position = 0; position < m_columns.size(); ++position) {
-            const std::string_view cell = cells[m_columns[position]];
-            if (reduction.mayChange(cell)) {
-                rewrite(position, cell, reduction);
-            }
+            reduceCell(position, cells[m_columns[position]], reduction, shared);
         }
         return;
     }
     const auto first = static_cast<std::ptrdiff_t>(m_rewritten.size());
     cells.forEachStored([&](std::size_t column, std::string_view cell) {
-        if (m_positions[column] != absent && reduction.mayChange(cell)) {
-            rewrite(m_positions[column], cell, reduction);
+        if (m_positions[column] != absent) {
+            reduceCell(m_positions[column], cell, reduction, shared);
         }
     });
     std::sort(m_rewritten.begin() + first, m_rewritten.end(), [](const Rewritten& a, const Rewritten& b) {
@@ -66,14 +87,24 @@ void ComparisonTexts::reduceRow(const CellRow& cells, const CellReduction& reduc
     });
 }
 
-void ComparisonTexts::rewrite(std::size_t position, std::string_view cell, const CellReduction& reduction) {
-    const std::size_t offset = m_texts.size();
-    if (!reduction.appendRewritten(m_texts, cell)) {
-        return;
+void ComparisonTexts::reduceCell(std::size_t position, std::string_view cell, const CellReduction& reduction,
+                                 SharedTexts& shared) {
+    Rewritten text = shared.reduced(cell, [&] { return reduced(cell, reduction); });
+    if (text.isThere()) {
+        text.position = static_cast<std::uint32_t>(position);
+        m_rewritten.push_back(text);
     }
-    const std::size_t length = m_texts.size() - offset;
-    CORVALE_REQUIRE(length <= std::numeric_limits<std::uint32_t>::max(), "a cell is longer than four gibibytes");
-    m_rewritten.push_back({offset, static_cast<std::uint32_t>(length), static_cast<std::uint32_t>(position)});
+}
+
+ComparisonTexts::Rewritten ComparisonTexts::reduced(std::string_view cell, const CellReduction& reduction) {
+    Rewritten text;
+    text.offset = m_texts.size();
+    if (reduction.mayChange(cell) && reduction.appendRewritten(m_texts, cell)) {
+        const std::size_t length = m_texts.size() - text.offset;
+        CORVALE_REQUIRE(length < Rewritten::none, "a cell is longer than four gibibytes");
+        text.length = static_cast<std::uint32_t>(length);
+    }
+    return text;
 }
 
 std::string_view ComparisonTexts::Row::rewrittenOrCell(std::size_t position) const {

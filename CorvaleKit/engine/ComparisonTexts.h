@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <optional>
 #include <span>
 #include <string>
@@ -43,14 +44,21 @@ public:
 
 private:
     struct Rewritten {
-        std::uint64_t offset = 0;
-        std::uint32_t length = 0;
-        std::uint32_t position = 0;
-    };
+        static constexpr std::uint32_t none = std::numeric_limits<std::uint32_t>::max();
 
-    void reduceRows(std::size_t begin, std::size_t end, const CellReduction& reduction);
-    void reduceRow(const CellRow& cells, const CellReduction& reduction);
-    void rewrite(std::size_t position, std::string_view cell, const CellReduction& reduction);
+        std::uint64_t offset = 0;
+        std::uint32_t length = none;
+        std::uint32_t position = 0;
+
+        bool isThere() const { return length != none; }
+    };
+    class SharedTexts;
+
+    void reduceRows(std::size_t begin, std::size_t end, const CellReduction& reduction, SharedTexts& shared);
+    void reduceRow(const CellRow& cells, const CellReduction& reduction, SharedTexts& shared);
+    void reduceCell(std::size_t position, std::string_view cell, const CellReduction& reduction, SharedTexts& shared);
+    // Without a position; not there when the cell is its own reduced text.
+    Rewritten reduced(std::string_view cell, const CellReduction& reduction);
 
     DataTable m_table;
     std::vector<std::size_t> m_columns;

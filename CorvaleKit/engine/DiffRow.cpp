@@ -94,6 +94,9 @@ DiffRows::Builder::Builder(DataTable before, DataTable after, RowKeys keys, std:
     if (!m_storage->keysAreCells) {
         m_storage->keyStarts.reserve(expectedRows + 1);
     }
+    if (m_storage->keys.areRowNumbers) {
+        m_storage->keyTexts.reserve(expectedRows * std::to_string(expectedRows).size());
+    }
 }
 
 DiffRows::Builder::~Builder() = default;

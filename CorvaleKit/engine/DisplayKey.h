@@ -23,4 +23,12 @@ inline void append(std::string& target, const CellRow& row, const std::vector<st
     }
 }
 
+// True of the key of a row whose cells in all of the `columnCount` key columns are blank, and of an empty text.
+inline bool isBlank(std::string_view key, std::size_t columnCount) {
+    for (std::size_t i = 1; i < columnCount && key.starts_with(separator); ++i) {
+        key.remove_prefix(separator.size());
+    }
+    return key.empty();
+}
+
 }  // namespace corvale::DisplayKey

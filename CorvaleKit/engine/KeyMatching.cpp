@@ -174,6 +174,10 @@ KeyIndexes indexKeys(const DataTable& before, const DataTable& after, const KeyC
             interner.idCount()};
 }
 
+bool contains(const std::vector<std::size_t>& columns, std::optional<std::int64_t> column) {
+    return column && std::find(columns.begin(), columns.end(), static_cast<std::size_t>(*column)) != columns.end();
+}
+
 }  // namespace
 
 std::vector<std::size_t> keyColumns(const std::vector<std::string>& names, const DataTable& table) {
@@ -191,6 +195,17 @@ std::vector<std::size_t> keyColumns(const std::vector<std::string>& names, const
         }
     }
     return columns;
+}
+
+std::vector<bool> areKeyColumns(const DiffResult& result) {
+    const auto before = keyColumns(result.match.columns(), result.before);
+    const auto after = keyColumns(result.match.columns(), result.after);
+    std::vector<bool> areKeys;
+    areKeys.reserve(result.columns.size());
+    for (const ColumnPair& column : result.columns) {
+        areKeys.push_back(contains(before, column.left) || contains(after, column.right));
+    }
+    return areKeys;
 }
 
 Matches matchByKey(const DataTable& before, const DataTable& after, const KeyColumns& columns,

@@ -17,6 +17,9 @@ namespace corvale::KeyMatching {
 // trimmed of spaces and tabs. A name without a header is left out.
 std::vector<std::size_t> keyColumns(const std::vector<std::string>& names, const DataTable& table);
 
+// For each column of a result, whether rows are matched by it on either side; none is where they are matched by order.
+std::vector<bool> areKeyColumns(const DiffResult& result);
+
 struct Matches {
     std::vector<RowPair> pairs;            // in display order
     std::vector<DuplicateKey> duplicates;  // Before entries first, each side by the first row of the key

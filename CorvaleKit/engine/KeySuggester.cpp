@@ -22,7 +22,7 @@ namespace {
 constexpr std::size_t sampleRows = 50'000;
 // Columns whose values are held at a time; bounds the memory taken for wide tables. More where most of their cells are
 // not there, since all rows are walked for each such lot.
-constexpr std::size_t fewestColumnsAtOnce = 64;
+constexpr std::size_t fewestColumnsAtOnce = 8;
 constexpr std::size_t cellsAtOnce = fewestColumnsAtOnce * sampleRows;
 
 constexpr double uniquenessWeight = 3.0;
@@ -255,12 +255,8 @@ std::optional<std::string> suggestedKey(const DataTable& before, const DataTable
     Scoring scoring(before, after);
     std::optional<Candidate> best;
     std::size_t place = 0;
-    std::size_t atOnce = 0;
+    std::size_t atOnce = 1;
     for (std::span<const SharedColumn> left = shared; !left.empty();) {
-        if (best && highest[left.front().before] < best->score) {
-            break;
-        }
-        atOnce = atOnce == 0 ? 1 : columnsAtOnce(before, after);
         const auto columns = left.first(std::min(atOnce, left.size()));
         auto scored = scoring.candidates(columns);
         for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -272,6 +268,13 @@ std::optional<std::string> suggestedKey(const DataTable& before, const DataTable
             }
         }
         left = left.subspan(columns.size());
+        if (best) {
+            const auto canWin = [&](const SharedColumn& column) { return highest[column.before] >= best->score; };
+            left = left.first(static_cast<std::size_t>(std::ranges::partition_point(left, canWin) - left.begin()));
+        }
+        if (atOnce == 1 && !left.empty()) {
+            atOnce = columnsAtOnce(before, after);
+        }
     }
     return best ? suggestedKey(std::vector<Candidate>{*best}) : std::nullopt;
 }

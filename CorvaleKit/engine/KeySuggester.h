@@ -24,8 +24,7 @@ struct Candidate {
 };
 
 // Best first; equal scores keep Before's column order. Reads the cells of at most 50,000 rows a side, and cannot be
-// interrupted. Empty when no column is shared
-// and filled on both sides.
+// interrupted. Empty when no column is shared and filled on both sides.
 std::vector<Candidate> candidates(const DataTable& before, const DataTable& after);
 
 // The best candidate's column when it is unique enough and the sides share enough of it; none means row order.

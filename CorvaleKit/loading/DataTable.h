@@ -59,6 +59,9 @@ public:
     // The source row number of a data row; for a row that has none, the one it would have below a header in row 1.
     std::int64_t rowNumber(std::size_t row) const;
 
+    // Whether it shares its storage with `other`: equal, and known to be at a look.
+    bool isCopyOf(const DataTable& other) const { return m_parts == other.m_parts; }
+
     // The stored form, JSON without what only serves while a file is open: topRows, and the automatic header row.
     std::string encoded() const;
     // Throws DecodingError.

@@ -5,7 +5,8 @@
 #include <optional>
 #include <string_view>
 
-// Which texts a spreadsheet may hold as a number or a date without showing them in another way.
+// Which texts a report holds as numbers and dates, so that spreadsheet programs can reckon with them and sort them. A
+// date they show as the text was; a number may look otherwise: 1.50 as 1.5, and what has 16 digits loses the last.
 namespace corvale::CellShape {
 
 // The day number of a date as a cell holds it.

@@ -15,6 +15,7 @@
 #include "CorvaleKit/reports/WorkbookPackage.h"
 #include "CorvaleKit/reports/WorksheetPart.h"
 #include "CorvaleKit/text/Text.h"
+#include "CorvaleKit/text/Utf8.h"
 
 namespace corvale::Reports {
 
@@ -36,6 +37,56 @@ void textRow(WorksheetPart& sheet, const std::vector<std::string_view>& texts, S
     }
     sheet.endRow();
 }
+
+// A list that a cell cannot hold ends behind a whole number.
+std::string rowNumbersThatFit(const std::vector<std::int64_t>& numbers) {
+    std::string all = ReportTexts::rowNumbers(numbers);
+    if (!WorksheetPart::fitsCell(all)) {
+        constexpr std::string_view separator = ", ";
+        const std::size_t room = WorkbookLimits::textLength - Utf8::scalarCount(WorksheetPart::leftOutMark);
+        all.resize(all.rfind(separator, room - separator.size()) + separator.size());
+        all += WorksheetPart::leftOutMark;
+    }
+    return all;
+}
+
+// Two values as their cells show them: where both starts that would fit are the same, without them, so that the
+// difference is seen.
+class DifferingValues {
+public:
+    DifferingValues(std::string_view before, std::string_view after) : m_before(before), m_after(after) {
+        constexpr std::size_t shownBehindDifference = 1000;  // in bytes
+        constexpr std::size_t shownBeforeDifference = 100;
+        if (WorksheetPart::fitsCell(before) && WorksheetPart::fitsCell(after)) {
+            return;
+        }
+        auto start = static_cast<std::size_t>(std::ranges::mismatch(before, after).in1 - before.begin());
+        if (start + shownBehindDifference < WorkbookLimits::textLength) {
+            return;
+        }
+        start -= shownBeforeDifference;
+        while (start > 0 && Utf8::isContinuation(before[start])) {
+            --start;
+        }
+        for (std::string* const shown : {&m_shownBefore, &m_shownAfter}) {
+            *shown = WorksheetPart::leftOutMark;
+            *shown += ' ';
+        }
+        m_before = m_shownBefore += before.substr(start);
+        m_after = m_shownAfter += after.substr(start);
+    }
+    DifferingValues(const DifferingValues&) = delete;
+    DifferingValues& operator=(const DifferingValues&) = delete;
+
+    std::string_view before() const { return m_before; }
+    std::string_view after() const { return m_after; }
+
+private:
+    std::string m_shownBefore;
+    std::string m_shownAfter;
+    std::string_view m_before;
+    std::string_view m_after;
+};
 
 Style rowStyle(DiffRow::Status status) {
     switch (status) {
@@ -179,7 +230,7 @@ void ExcelReport::duplicates(WorksheetPart& sheet) const {
         textRow(sheet,
                 {ReportTexts::sideLabel(duplicate.side, m_strings),
                  duplicate.key,
-                 ReportTexts::rowNumbers(duplicate.rowNumbers)});
+                 rowNumbersThatFit(duplicate.rowNumbers)});
     }
 }
 
@@ -210,7 +261,7 @@ void ExcelReport::changesRow(WorksheetPart& sheet, const DiffRow& row) const {
     sheet.beginRow();
     sheet.cell(ReportTexts::statusLabel(row.status, m_strings),
                row.status == DiffRow::Status::changed ? Style::changed : style);
-    sheet.cell(ReportTexts::keyText(row.key, m_strings), style);
+    sheet.cell(ReportTexts::keyText(row.key, m_result.match, m_strings), style);
     rowNumber(sheet, Side::before, row, style);
     rowNumber(sheet, Side::after, row, style);
     auto change = row.changes.begin();
@@ -252,11 +303,12 @@ std::string ExcelReport::cellChangesSheet() const {
 
 void ExcelReport::cellChange(WorksheetPart& sheet, const DiffRow& row, const CellChange& change) const {
     const ColumnPair& column = m_result.columns[static_cast<std::size_t>(change.column)];
+    const DifferingValues values(m_result.cellBefore(row, column), m_result.cellAfter(row, column));
     sheet.beginRow();
-    sheet.cell(ReportTexts::keyText(row.key, m_strings));
+    sheet.cell(ReportTexts::keyText(row.key, m_result.match, m_strings));
     sheet.cell(column.name);
-    sheet.cell(m_result.cellBefore(row, column), Style::plain, true);
-    sheet.cell(m_result.cellAfter(row, column), Style::plain, true);
+    sheet.cell(values.before(), Style::plain, true);
+    sheet.cell(values.after(), Style::plain, true);
     sheet.cell(ReportTexts::kindLabel(change.kind, m_strings),
                change.kind == ChangeKind::value ? Style::plain : Style::typeOnly);
     sheet.endRow();

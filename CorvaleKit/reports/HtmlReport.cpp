@@ -202,7 +202,7 @@ void HtmlReport::duplicates() {
     for (std::size_t i = 0; i < count && i < shownDuplicates; ++i) {
         const DuplicateKey& duplicate = m_result.duplicates[i];
         m_page.literal(i > 0 ? "; " : "")
-            .text(ReportTexts::keyText(duplicate.key, m_strings))
+            .text(ReportTexts::keyText(duplicate.key, m_result.match, m_strings))
             .literal(" (")
             .text(ReportTexts::sideLabel(duplicate.side, m_strings))
             .literal(" · ")
@@ -260,7 +260,7 @@ void HtmlReport::row(const DiffRow& row) {
                    : row.status == Status::removed ? "<tr class=\"r\"><td>"
                                                    : "<tr><td>");
     m_page.text(ReportTexts::statusLabel(row.status, m_strings)).literal("</td><td>");
-    m_page.text(ReportTexts::keyText(row.key, m_strings)).literal("</td>");
+    m_page.text(ReportTexts::keyText(row.key, m_result.match, m_strings)).literal("</td>");
     const RowCells cells(m_result, row);
     auto change = row.changes.begin();
     for (std::size_t c = 0; c < m_result.columns.size(); ++c) {

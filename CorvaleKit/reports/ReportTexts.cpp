@@ -2,6 +2,8 @@
 
 #include <cstddef>
 
+#include "CorvaleKit/engine/DisplayKey.h"
+
 namespace corvale::ReportTexts {
 
 namespace {
@@ -81,8 +83,8 @@ std::string columnHeading(const ColumnPair& column) {
     return column.right ? column.name : "− " + column.name;
 }
 
-std::string_view keyText(std::string_view key, const ReportStrings& strings) {
-    return key.empty() ? std::string_view(strings.blankKey) : key;
+std::string_view keyText(std::string_view key, const RowMatch& match, const ReportStrings& strings) {
+    return DisplayKey::isBlank(key, match.columns().size()) ? std::string_view(strings.blankKey) : key;
 }
 
 std::string rowNumbers(const std::vector<std::int64_t>& numbers) {

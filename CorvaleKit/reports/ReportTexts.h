@@ -24,8 +24,8 @@ const std::string& sideLabel(DuplicateKey::Side side, const ReportStrings& strin
 // Tells what became of the column: "old → new", "+ " for one that only After has, "− " for one that only Before has.
 std::string columnHeading(const ColumnPair& column);
 
-// The key, or the words for a blank one.
-std::string_view keyText(std::string_view key, const ReportStrings& strings);
+// The key, or the words for one that is blank in all its columns.
+std::string_view keyText(std::string_view key, const RowMatch& match, const ReportStrings& strings);
 
 // "2, 5, 9"
 std::string rowNumbers(const std::vector<std::int64_t>& numbers);

@@ -47,6 +47,9 @@ std::size_t guessedSize(const WorksheetPart::Layout& layout) {
     return layout.rows > largestGuess / cells / bytesOfCell ? largestGuess : layout.rows * cells * bytesOfCell + 512;
 }
 
+constexpr std::string_view markBehind = " […]";
+static_assert(markBehind.substr(1) == WorksheetPart::leftOutMark);
+
 // What a cell holds of a longer text, without the mark that more follows.
 std::string_view cutToFit(std::string_view text, std::string_view mark) {
     std::size_t units = Utf8::scalarCount(mark);
@@ -62,17 +65,12 @@ std::string_view cutToFit(std::string_view text, std::string_view mark) {
     return text.substr(0, end);
 }
 
-bool fitsCell(std::string_view text) {
-    return text.size() <= WorkbookLimits::textLength || cutToFit(text, {}).size() == text.size();
-}
-
 void appendText(std::string& xml, std::string_view text) {
-    constexpr std::string_view mark = " […]";
-    if (fitsCell(text)) {
+    if (WorksheetPart::fitsCell(text)) {
         XMLText::appendEscaped(xml, text);
     } else {
-        XMLText::appendEscaped(xml, cutToFit(text, mark));
-        xml += mark;
+        XMLText::appendEscaped(xml, cutToFit(text, markBehind));
+        xml += markBehind;
     }
 }
 
@@ -93,7 +91,12 @@ private:
 
 }  // namespace
 
-WorksheetPart::WorksheetPart(const Layout& layout) : m_announcedRows(layout.rows), m_autoFilter(layout.autoFilter) {
+bool WorksheetPart::fitsCell(std::string_view text) {
+    return text.size() <= WorkbookLimits::textLength || cutToFit(text, {}).size() == text.size();
+}
+
+WorksheetPart::WorksheetPart(const Layout& layout)
+    : m_announcedRows(layout.rows), m_mostBytes(layout.mostBytes), m_autoFilter(layout.autoFilter) {
     m_xml.reserve(guessedSize(layout));
     m_xml += worksheetStart;
     if (layout.freezeHeader && layout.rows >= 2) {
@@ -165,6 +168,10 @@ const std::string& WorksheetPart::columnStart(std::size_t column) {
 void WorksheetPart::endRow() {
     m_widestRow = std::max(m_widestRow, m_column);
     m_xml += "</row>";
+    if (m_xml.size() > m_mostBytes) {
+        // Thin rows of a wide table become many times their own size: it must not grow on until memory ends.
+        throw ZipWriter::TooLarge();
+    }
 }
 
 std::string WorksheetPart::finish() {

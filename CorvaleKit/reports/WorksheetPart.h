@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "CorvaleKit/reports/XLSXWriter.h"
+#include "CorvaleKit/reports/ZipWriter.h"
 
 namespace corvale {
 
@@ -24,7 +25,13 @@ public:
         std::span<const double> widths;   // used by the constructor alone
         bool freezeHeader = false;
         bool autoFilter = false;
+        std::size_t mostBytes = ZipWriter::largestMember;
     };
+
+    // Put where a part of a text is left out.
+    static constexpr std::string_view leftOutMark = "[…]";
+    // Whether a cell can show all of the text.
+    static bool fitsCell(std::string_view text);
 
     explicit WorksheetPart(const Layout& layout);
 
@@ -32,6 +39,7 @@ public:
     // The next cell of the row. `value` is UTF-8; where `numeric` is set it may become a number or a date.
     // Of a text longer than a cell holds, the start, and " […]".
     void cell(std::string_view value, Style style = Style::plain, bool numeric = false);
+    // Throws ZipWriter::TooLarge as soon as the part is larger than the layout allows.
     void endRow();
 
     // The part; the writer is spent afterwards.
@@ -47,6 +55,7 @@ private:
     std::array<char, 24> m_rowDigits{};  // with the closing quotation mark of the reference
     std::size_t m_rowDigitCount = 0;
     std::size_t m_announcedRows;
+    std::size_t m_mostBytes;
     std::size_t m_row = 0;     // 1-based, 0 before the first
     std::size_t m_column = 0;  // of the next cell
     std::size_t m_widestRow = 0;

@@ -29,7 +29,7 @@ void append32(std::string& target, std::uint32_t number) {
 }
 
 std::uint32_t checked32(std::size_t number) {
-    if (number > std::numeric_limits<std::uint32_t>::max()) {
+    if (number > ZipWriter::largestMember) {
         throw ZipWriter::TooLarge();
     }
     return static_cast<std::uint32_t>(number);

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -15,6 +17,9 @@ namespace corvale {
 // members make equal archives.
 class ZipWriter {
 public:
+    // In bytes, of a member and of the archive.
+    static constexpr std::size_t largestMember = std::numeric_limits<std::uint32_t>::max();
+
     // A member or the archive would need sizes that a plain ZIP archive cannot express.
     class TooLarge : public UserFailure {
     public:

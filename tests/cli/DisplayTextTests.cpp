@@ -51,6 +51,27 @@ TEST(DisplayText, APathKeepsItsEnd) {
     EXPECT_EQ(shortenedAtStart("data/2024/prices.csv", 11), "…prices.csv");
 }
 
+TEST(DisplayText, AKeyKeepsBothEnds) {
+    EXPECT_EQ(shortenedInMiddle("abcdefgh", 8), "abcdefgh");
+    EXPECT_EQ(shortenedInMiddle("abcdefgh", 7), "abc…fgh");
+    EXPECT_EQ(shortenedInMiddle("abcdefgh", 6), "abc…gh");
+    EXPECT_EQ(shortenedInMiddle("abcdefgh", 3), "a…h");
+    EXPECT_EQ(shortenedInMiddle("abcdefgh", 2), "a…");
+    EXPECT_EQ(shortenedInMiddle("abcdefgh", 1), "…");
+    EXPECT_EQ(shortenedInMiddle("abcdefgh", 0), "");
+    EXPECT_EQ(shortenedInMiddle("", 0), "");
+}
+
+TEST(DisplayText, WhatIsCutInTheMiddleIsMadeOfWholeCharacters) {
+    EXPECT_EQ(shortenedInMiddle("日本語日本語", 12), "日本語日本語");
+    EXPECT_EQ(shortenedInMiddle("日本語日本語", 9), "日本…本語");
+    EXPECT_EQ(shortenedInMiddle("日本語日本語", 8), "日本…語");
+    EXPECT_EQ(shortenedInMiddle("日本語日本語", 7), "日…本語");
+    EXPECT_EQ(shortenedInMiddle("e\u0301e\u0301e\u0301e\u0301", 3), "e\u0301…e\u0301");
+    EXPECT_EQ(shortenedInMiddle("👩‍🚀abc👩‍🚀", 9), "👩‍🚀…👩‍🚀");
+    EXPECT_EQ(shortenedInMiddle("👩‍🚀abc👩‍🚀", 8), "👩‍🚀…");
+}
+
 TEST(DisplayText, TheFirstDifferenceStaysInSight) {
     const std::string common(100, 'x');
     const Pair pair = shortenedPair(common + "OLD and more", common + "NEW and more", 30, 30);
@@ -82,6 +103,7 @@ TEST(DisplayText, NoWidthIsEverExceeded) {
                 EXPECT_LE(Text::displayWidth(pair.after), width) << before << " / " << after;
                 EXPECT_LE(Text::displayWidth(shortened(before, width)), width);
                 EXPECT_LE(Text::displayWidth(shortenedAtStart(before, width)), width);
+                EXPECT_LE(Text::displayWidth(shortenedInMiddle(before, width)), width);
             }
         }
     }

@@ -29,7 +29,7 @@ TEST(TableLoading, ASheetOfDigitsIsANumber) {
     EXPECT_EQ(sheetIndex(sheets, "b.xlsx", "002"), 1);
     EXPECT_EQ(sheetIndex(sheets, "b.xlsx", "0"), -1);
     EXPECT_EQ(sheetIndex(sheets, "b.xlsx", "7"), 6);
-    EXPECT_THROW(sheetIndex(sheets, "b.xlsx", "99999999999999999999"), SheetFailure);
+    EXPECT_THROW(sheetIndex(sheets, "b.xlsx", "99999999999999999999"), XLSX::Failure);
 }
 
 TEST(TableLoading, AnyOtherSheetIsAName) {

@@ -237,7 +237,7 @@ TEST(TextReport, ANarrowTerminalGetsShortLines) {
               "After    b.csv      2 rows, 3 columns\n"
               "Matched  by ID\n"
               "\n"
-              "~ a-very-long-key-that-goes-on-a…  row 2\n"
+              "~ a-very-long-key…-goes-on-and-on  row 2\n"
               "    A rather lon…: …lazy dog → …azy dogs\n"
               "    N:             1 → 2\n"
               "- 2  row 3\n"
@@ -248,6 +248,38 @@ TEST(TextReport, ANarrowTerminalGetsShortLines) {
               "\n"
               "Rows     1 added, 1 removed, 1 changed, 0 the same\n"
               "Cells    2 changed\n");
+}
+
+TEST(TextReport, LongKeysThatDifferAtTheirEndsStayApart) {
+    const std::string site = "https://example.org/very/long/path/to/item-";
+    Shown shown{{{"ID"}, {site + "0001"}}, {{"ID"}, {site + "0002"}}};
+    shown.style.width = 40;
+    const std::string text = shown.text();
+    EXPECT_NE(text.find("- https://example…th/to/item-0001  row 2\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("+ https://example…th/to/item-0002  row 2\n"), std::string::npos) << text;
+}
+
+TEST(TextReport, LongKeysLeaveRoomForTheRowsThatRepeatThem) {
+    const std::string key = "https://example.org/very/long/path/to/item-0001";
+    Shown shown{{{"ID"}, {key}, {key}, {"2"}, {"2"}}, {{"ID"}, {key}, {key}}};
+    shown.style.width = 40;
+    const std::string text = shown.text();
+    EXPECT_NE(text.find("Repeated keys, paired in order:\n"
+                        "    https://e…tem-0001  Before rows 2, 3\n"
+                        "    2  Before rows 4, 5\n"
+                        "    https://e…item-0001  After rows 2, 3\n"),
+              std::string::npos)
+        << text;
+}
+
+TEST(TextReport, ManyRowsThatRepeatALongKeyLeaveIt) {
+    Shown shown{{{"ID"}}, {{"ID"}}};
+    for (int i = 0; i < 8; ++i) {
+        shown.before.push_back({"https://example.org/very/long/path/to/item-0001"});
+    }
+    shown.style.width = 48;
+    EXPECT_NE(shown.text().find("    https://exa…/item-0001  Before rows 2, 3, 4…\n"), std::string::npos)
+        << shown.text();
 }
 
 std::size_t widestBlockLine(const std::string& text) {

@@ -41,12 +41,14 @@ std::string brokenPromise(const json& table) {
     return isSmall ? "" : "more than twelve top rows or cells";
 }
 
-void expectTableOrTrouble(const std::vector<std::string>& arguments) {
+// True when it was a table.
+bool expectTableOrTrouble(const std::vector<std::string>& arguments) {
     const auto result = SampleFiles::runBounded(arguments);
     EXPECT_EQ(SampleFiles::misbehaviour(result), "") << testing::PrintToString(arguments);
     if (result.status == 0) {
         EXPECT_EQ(brokenPromise(json::parse(result.output)), "") << testing::PrintToString(arguments);
     }
+    return result.status == 0;
 }
 
 std::size_t sheetCount(const std::string& path) {
@@ -68,20 +70,26 @@ std::vector<std::string> sourceFolders() {
 
 class SampleLoading : public testing::TestWithParam<std::string> {};
 
-// Each sheet of each file: the first eight stand for a workbook of more.
+// Each sheet of each file: the first eight stand for a workbook of more. Up to a third of a folder may be broken or
+// empty, and all of one with hardly a file.
 TEST_P(SampleLoading, EveryFileGivesATableOrOneSentence) {
     if (GetParam().empty()) {
         GTEST_SKIP() << "the CMake option CORVALE_SAMPLES names no folder of sample files";
     }
     constexpr std::size_t sheetsTried = 8;
+    constexpr std::size_t fewFiles = 3;
     const auto files = SampleFiles::files(GetParam());
     ASSERT_FALSE(files.empty());
+    std::size_t tables = 0;
     for (const auto& file : files) {
-        expectTableOrTrouble({"table", file.string()});
+        tables += expectTableOrTrouble({"table", file.string()}) ? 1 : 0;
         const std::size_t sheets = std::min(sheetCount(file.string()), sheetsTried);
         for (std::size_t sheet = 2; sheet <= sheets; ++sheet) {
             expectTableOrTrouble({"table", file.string(), "--sheet", std::to_string(sheet)});
         }
+    }
+    if (files.size() > fewFiles) {
+        EXPECT_GE(3 * tables, 2 * files.size()) << tables << " of " << files.size() << " files give a table";
     }
 }
 

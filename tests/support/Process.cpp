@@ -89,15 +89,19 @@ std::vector<char*> pointers(std::vector<std::string>& texts) {
     return result;
 }
 
-// A runner that was started in the background has SIGINT ignored, and would hand that on.
-void restoreSignals(posix_spawnattr_t& attributes) {
+// The program leads a group of its own, so that whatever it starts can be killed with it. A runner that was started in
+// the background has SIGINT ignored, and would hand that on.
+void setAttributes(posix_spawnattr_t& attributes) {
+    checkSpawn(::posix_spawnattr_setpgroup(&attributes, 0), "process group");
     sigset_t signals;
     sigemptyset(&signals);
     checkSpawn(::posix_spawnattr_setsigmask(&attributes, &signals), "signals");
     sigaddset(&signals, SIGINT);
     sigaddset(&signals, SIGPIPE);
     checkSpawn(::posix_spawnattr_setsigdefault(&attributes, &signals), "signals");
-    checkSpawn(::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK), "signals");
+    checkSpawn(
+        ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK),
+        "attributes");
 }
 
 }  // namespace
@@ -117,7 +121,7 @@ Process::Process(const std::filesystem::path& program, std::vector<std::string> 
     ::posix_spawn_file_actions_addchdir_np(&actions, settings.folder.c_str());
     posix_spawnattr_t attributes;
     checkSpawn(::posix_spawnattr_init(&attributes), "attributes");
-    restoreSignals(attributes);
+    setAttributes(attributes);
 
     arguments.insert(arguments.begin(), program.string());
     std::vector<std::string> environment = environmentFor(settings);
@@ -132,7 +136,7 @@ Process::Process(const std::filesystem::path& program, std::vector<std::string> 
 
 Process::~Process() {
     if (m_id > 0) {
-        ::kill(m_id, SIGKILL);
+        ::kill(-m_id, SIGKILL);
         ::waitpid(m_id, nullptr, 0);
     }
     for (const Channel* channel : {&m_output, &m_error}) {
@@ -168,7 +172,7 @@ bool Process::hasEnded() const {
 
 void Process::killWhenLate() {
     if (!m_wasKilled && std::chrono::steady_clock::now() > m_deadline) {
-        ::kill(m_id, SIGKILL);
+        ::kill(-m_id, SIGKILL);
         m_wasKilled = true;
     }
 }

@@ -29,10 +29,11 @@ struct ProcessSettings {
     Stream output = Stream::pipe;
     Stream error = Stream::pipe;
     unsigned short terminalColumns = 80;
-    std::chrono::seconds limit{120};
+    std::chrono::milliseconds limit{std::chrono::seconds(120)};
 };
 
-// A running program. One that runs longer than the limit is killed, so that no test waits for ever.
+// A running program. One that runs longer than the limit, or whose streams another keeps open as long, is killed with
+// all that it started, so that no test waits for ever.
 class Process {
 public:
     // Throws std::system_error when the program cannot be started.
@@ -41,6 +42,7 @@ public:
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
 
+    // To the program alone.
     void send(int signal) const;
     bool hasEnded() const;
     // Reads on until `text` has come on standard error; false when the program ended first.

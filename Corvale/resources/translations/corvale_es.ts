@@ -127,6 +127,14 @@
         <source>Export Report</source>
         <translation>Exportar informe</translation>
     </message>
+    <message>
+        <source>“%1” exists already. Do you want to replace it?</source>
+        <translation>«%1» ya existe. ¿Desea reemplazarlo?</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Reemplazar</translation>
+    </message>
 </context>
 <context>
     <name>ReportExport</name>
@@ -1188,6 +1196,14 @@
     <message>
         <source>%1 duplicate keys</source>
         <translation>Claves duplicadas: %1</translation>
+    </message>
+    <message>
+        <source>Results out of date</source>
+        <translation>Resultados desactualizados</translation>
+    </message>
+    <message>
+        <source>These are the results from before your last change. Click to compare again.</source>
+        <translation>Son los resultados anteriores a su último cambio. Haga clic para comparar de nuevo.</translation>
     </message>
 </context>
 <context>

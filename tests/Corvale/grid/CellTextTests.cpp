@@ -52,6 +52,72 @@ TEST(CellText, OnOneLineHoldsAllThatFits) {
     EXPECT_EQ(CellText::onOneLine("Terracotta pot", -3), QStringLiteral("T…"));
 }
 
+TEST(CellText, KnowsWhetherALineIsAllOfAText) {
+    struct Case {
+        const char* text;
+        const char16_t* line;
+        bool isAll;
+    };
+    const Case cases[] = {
+        {"", u"", true},
+        {"a…", u"a…", true},
+        {"abc", u"ab…", false},
+        {"1\u00A0234", u"1 234", true},
+        {"1\u202F234 \u2003€𝒳", u"1 234  €𝒳", true},
+        {"1\u00A0234", u"1 2…", false},
+        {"a\tb", u"a b", false},
+        {"a\nb", u"a b", false},
+        {"a\rb", u"a b", false},
+        {"a\u2028b", u"a b", false},
+        {"a\u0085b", u"a b", false},
+        {"€€€€", u"€€€€", true},
+        {"€€€€", u"€€€…", false},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(CellText::isAllOf(QString::fromUtf16(c.line), c.text), c.isAll) << c.text;
+    }
+}
+
+TEST(CellText, EndsKeepsTheFirstAndTheLastCharacters) {
+    struct Case {
+        const char* text;
+        std::size_t characters;
+        const char16_t* ends;
+    };
+    const Case cases[] = {
+        {"", 3, u""},
+        {"abcdef", 3, u"abcdef"},
+        {"abcdefg", 3, u"abc…efg"},
+        {"äöüß€𝒳é", 2, u"äö…𝒳é"},
+        {"a\nb\tc\u00A0d", 2, u"a … d"},
+        {"abc", 0, u"…"},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(CellText::ends(c.text, c.characters), QString::fromUtf16(c.ends)) << c.text;
+    }
+}
+
+TEST(CellText, EndsCutsNoCharacterInTwo) {
+    for (const char* const character : {"a", "é", "€", "𝒳"}) {
+        const QString unit = QString::fromUtf8(character);
+        for (const int before : {0, 1, 2, 3}) {
+            const QString text = QString(before, u'x') + unit.repeated(40) + QString(3 - before, u'y');
+            for (std::size_t characters = 0; characters < 25; ++characters) {
+                const QString ends = CellText::ends(text.toStdString(), characters);
+                EXPECT_TRUE(ends.isValidUtf16() && !ends.contains(QChar::ReplacementCharacter)) << characters;
+                EXPECT_EQ(ends == text, 2 * characters >= 43) << characters;
+                EXPECT_EQ(ends.count(u'…'), ends == text ? 0 : 1) << characters;
+                EXPECT_TRUE(text.startsWith(ends.section(u'…', 0, 0)) && text.endsWith(ends.section(u'…', -1)));
+            }
+        }
+    }
+    std::string piles;
+    for (int i = 0; i < 100'000; ++i) {
+        piles += "\u0301";
+    }
+    EXPECT_LT(CellText::ends("e" + piles + "e" + piles, 2).size(), 20);
+}
+
 TEST(CellText, CutsNoCharacterInTwo) {
     const QString text = QStringLiteral("ab𝒳d");
     const std::vector<QString> shown = {QStringLiteral("…"),
@@ -63,6 +129,12 @@ TEST(CellText, CutsNoCharacterInTwo) {
                                         text};
     for (qsizetype units = 0; units <= 6; ++units) {
         EXPECT_EQ(CellText::cut(text, units), shown[static_cast<std::size_t>(units)]) << units;
+    }
+    for (const char* const character : {"a", "é", "€", "𝒳"}) {
+        const QString longText = QString::fromUtf8(character).repeated(300);
+        for (const qsizetype units : {0, 1, 2, 50, 99, 100, 101, 299, 300, 600, 601}) {
+            EXPECT_EQ(CellText::cut(longText.toStdString(), units), CellText::cut(longText, units)) << units;
+        }
     }
     const QString page = QStringLiteral("a") + QStringLiteral("𝒳").repeated(600);
     EXPECT_TRUE(CellText::toolTip(page).isValidUtf16());

@@ -41,7 +41,7 @@ protected:
     QString cell(std::int64_t line, const QString& column) {
         for (std::size_t i = 0; i < m_grid.contents().geometry.cells().size(); ++i) {
             if (m_grid.header().title(i) == column) {
-                return RowTexts::cell(m_grid.row(line).cell(i));
+                return RowTexts::cell(m_grid.row(line).cell(i), 100);
             }
         }
         return QStringLiteral("no such column");
@@ -323,6 +323,20 @@ TEST_F(DiffGridTest, AToolTipShowsTheNewValueOfALongOneToo) {
     const QString shown = toolTipAt(viewport(), inLine(0, m_grid.cellArea(0, 1).center().x()));
     EXPECT_TRUE(shown.contains(QStringLiteral("… to new"))) << shown.toStdString();
     EXPECT_LT(shown.size(), 2500);
+}
+
+TEST_F(DiffGridTest, AToolTipOfOneValueHasAllTheRoom) {
+    const std::string text(5000, 'x');
+    open("ID,A,B\n1," + text + ",a\n", "ID,A,B\n1," + text + "y,b\n2," + text + ",a\n");
+    const auto letters = [this](std::int64_t line, std::size_t cell) {
+        return toolTipAt(viewport(), inLine(line, m_grid.cellArea(line, cell).center().x())).count(u'x');
+    };
+    EXPECT_EQ(letters(0, 1), 2 * 480);
+    EXPECT_EQ(letters(1, 1), 1000);
+    setView(ViewMode::sideBySide);
+    EXPECT_EQ(letters(0, 1), 1000);
+    EXPECT_EQ(letters(0, 4), 1000);
+    EXPECT_EQ(letters(1, 4), 1000);
 }
 
 TEST_F(DiffGridTest, AToolTipIsTextNeverMarkup) {

@@ -1,10 +1,17 @@
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QClipboard>
 #include <QLocale>
+#include <QTextCursor>
+#include <QTextDocument>
 #include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "Corvale/grid/FieldValue.h"
+#include "Corvale/grid/ValueText.h"
 
 namespace corvale {
 namespace {
@@ -28,6 +35,82 @@ FieldValues valuesOf(const std::string& before, const std::string& after,
     field.before = before;
     field.after = after;
     return FieldValues::of(field);
+}
+
+// All texts of the characters up to a length.
+std::vector<std::string> allTexts(std::string_view characters, std::size_t longest) {
+    std::vector<std::string> texts{""};
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        if (texts[i].size() < longest) {
+            for (const char character : characters) {
+                texts.push_back(texts[i] + character);
+            }
+        }
+    }
+    return texts;
+}
+
+// A document that shows the value has a character for each unit of it, so that places are the same in both.
+void expectUnitsShown(const FieldValue& value) {
+    QTextDocument set;
+    set.setPlainText(value.text);
+    QTextDocument inserted;
+    QTextCursor(&inserted).insertText(value.text);
+    for (const QTextDocument* document : {&set, &inserted}) {
+        EXPECT_EQ(document->characterCount(), value.text.size() + 1);  // one more ends the last paragraph
+        EXPECT_EQ(document->toPlainText(), value.text);
+    }
+    EXPECT_TRUE(value.origins.empty() || value.origins.size() == static_cast<std::size_t>(value.text.size()));
+}
+
+QString copiedWhole(ValueText& view, const FieldValue& value) {
+    view.setValue(value, {});
+    view.selectAll();
+    view.copy();
+    return QApplication::clipboard()->text();
+}
+
+TEST(FieldValue, HasAUnitForEachCharacterOfADocumentThatShowsIt) {
+    QWidget parent;
+    ValueText view(&parent);
+    for (const std::string& text : allTexts("a\r\n", 5)) {
+        SCOPED_TRACE(QByteArray::fromStdString(text).toPercentEncoding().toStdString());
+        const auto [before, after] = valuesOf(text + 'b', text + 'c');
+        EXPECT_EQ(marked(after), text.empty() ? "" : "c");
+        for (const FieldValue& value : {before, after}) {
+            expectUnitsShown(value);
+        }
+        EXPECT_EQ(copiedWhole(view, after).toStdString(), text + 'c');
+        if (!text.empty()) {
+            const FieldValue added = valuesOf("", text).after;
+            expectUnitsShown(added);
+            EXPECT_EQ(copiedWhole(view, added).toStdString(), text);
+        }
+    }
+}
+
+TEST(FieldValue, HasAUnitForEachCharacterAlsoBesideANote) {
+    QWidget parent;
+    ValueText view(&parent);
+    for (const std::string& text : allTexts("a\r\n", 2)) {
+        SCOPED_TRACE(QByteArray::fromStdString(text).toPercentEncoding().toStdString());
+        const std::string filler(32'767 - text.size(), 'x');
+        const std::string cutBehind = filler + text + std::string(2000, 'y');
+        const FieldValue behind = valuesOf("", cutBehind).after;
+        ASSERT_GT(behind.noteBehind, 0);
+        EXPECT_EQ(behind.original.left(32'767).toStdString(), filler + text);
+        expectUnitsShown(behind);
+        EXPECT_EQ(copiedWhole(view, behind), behind.original);
+        // The stretch begins 100 characters before what differs.
+        const std::string head = std::string(40'000, 'x') + text + std::string(100 - text.size(), 'y');
+        const FieldValue inside = valuesOf(head + 'b' + cutBehind, head + 'c' + cutBehind).after;
+        ASSERT_GT(inside.noteBefore, 0);
+        ASSERT_GT(inside.noteBehind, 0);
+        EXPECT_TRUE(inside.original.mid(inside.noteBefore).startsWith(QString::fromStdString(text) + u'y'));
+        EXPECT_EQ(marked(inside), "c");
+        expectUnitsShown(inside);
+        EXPECT_EQ(copiedWhole(view, inside), inside.original);
+    }
 }
 
 TEST(FieldValue, MarksBehindLineBreaksOfTwoCharacters) {

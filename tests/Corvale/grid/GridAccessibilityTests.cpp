@@ -75,6 +75,16 @@ TEST_F(GridAccessibilityTest, CellsAndTheirHeadersHaveNames) {
     EXPECT_EQ(table().cellAt(10, 0), nullptr);
 }
 
+// As after a lost quote.
+TEST_F(GridAccessibilityTest, ARestOfAFileIsNotHandedOut) {
+    const std::string text(3'000'000, 'x');
+    open("ID,A\n1," + text + "\n", "ID,A\n1," + text + "y\n2," + text + "\n");
+    const QString cut = QString(1000, u'x') + u'…';
+    EXPECT_EQ(name(table().cellAt(0, 3)), cut + QStringLiteral(" to ") + cut);
+    EXPECT_EQ(name(table().cellAt(1, 3)), cut);
+    EXPECT_LT(name(grid().child(1)).size(), 200);
+}
+
 TEST_F(GridAccessibilityTest, SideBySideEachHalfHasItsCells) {
     openSample();
     setView(ViewMode::sideBySide);

@@ -11,6 +11,7 @@
 #include "Corvale/grid/FieldView.h"
 #include "Corvale/grid/GridPlaceholder.h"
 #include "Corvale/grid/InspectorHead.h"
+#include "Corvale/grid/RowTexts.h"
 #include "Corvale/grid/ValueText.h"
 #include "tests/Corvale/grid/GridScene.h"
 
@@ -82,6 +83,75 @@ TEST_F(RowInspectorTest, TheHeadTellsRowStatusAndChanges) {
     EXPECT_EQ(m_details.head().beforeNumber(), QStringLiteral("Before: row 23"));
     EXPECT_EQ(m_details.head().afterNumber(), QStringLiteral("After: (not in this file)"));
     EXPECT_EQ(m_details.head().summary(), QString());
+}
+
+TEST_F(RowInspectorTest, OfALongKeyTheHeadKnowsBothEnds) {
+    const std::string key = "first" + std::string(2'000, 'k') + "last";
+    open("ID,A\n" + key + ",x\n", "ID,A\n" + key + ",y\n");
+    select(0);
+    const QString shown = m_details.head().key();
+    EXPECT_TRUE(shown.startsWith(QStringLiteral("firstk")) && shown.endsWith(QStringLiteral("klast")));
+    EXPECT_EQ(shown.size(), 480 + 1 + 480);
+    const auto labels = m_details.head().findChildren<QLabel*>();
+    const auto label = std::find_if(
+        labels.begin(), labels.end(), [&](const QLabel* l) { return l->text().startsWith(QStringLiteral("first")); });
+    ASSERT_NE(label, labels.end());
+    EXPECT_TRUE((*label)->text().endsWith(QStringLiteral("klast"))) << (*label)->text().toStdString();
+    EXPECT_EQ((*label)->text().count(u'…'), 1);
+}
+
+TEST_F(RowInspectorTest, OfALongSummaryWhatFitsIsShownWithASign) {
+    const std::string name(50, 'n');
+    std::string head = "ID";
+    std::string before = "1";
+    std::string after = "1";
+    for (const char column : {'A', 'B', 'C', 'D'}) {
+        head += ',' + name + column;
+        before += ',' + std::string(10, column) + " words of an old value and some more 😀😀😀😀";
+        after += ',' + std::string(10, column) + " words of a new value and some more 😀😀😀😀";
+    }
+    open(head + '\n' + before + '\n', head + '\n' + after + '\n');
+    select(0);
+    auto& summary = *m_details.head().findChild<ValueText*>();
+    const QString whole = RowTexts::summary(*m_model.result(), m_model.result()->rows[0]);
+    const int most = 8 * ValueText::lineHeight(summary.font());
+    for (const int width : {264, 220, 300}) {
+        m_details.setFixedWidth(width);
+        settle();
+        const QString shown = m_details.head().summary();
+        EXPECT_LT(shown.size(), whole.size()) << width;
+        EXPECT_TRUE(shown.isValidUtf16()) << width;
+        EXPECT_TRUE(shown.endsWith(u'…')) << shown.toStdString();
+        EXPECT_TRUE(whole.startsWith(shown.chopped(1))) << shown.toStdString();
+        EXPECT_LE(summary.document()->size().height(), summary.height()) << width;
+        EXPECT_EQ(summary.height(), most) << width;
+        EXPECT_TRUE(summary.toolTip().contains(whole.right(50))) << summary.toolTip().toStdString();
+        EXPECT_EQ(copied(summary), whole) << width;
+    }
+    const qsizetype inSmallFont = m_details.head().summary().size();
+    auto& widget = *m_details.findChild<InspectorHead*>();
+    QFont larger = widget.font();
+    larger.setPixelSize(QFontInfo(larger).pixelSize() + 6);
+    widget.setFont(larger);
+    settle();
+    EXPECT_LT(m_details.head().summary().size(), inSmallFont);
+    EXPECT_EQ(summary.height(), 8 * ValueText::lineHeight(summary.font()));
+    EXPECT_LE(summary.document()->size().height(), summary.height());
+    m_details.setFixedWidth(1200);
+    settle();
+    EXPECT_EQ(m_details.head().summary(), whole);
+    EXPECT_EQ(summary.toolTip(), QString());
+    EXPECT_EQ(copied(summary), whole);
+}
+
+TEST_F(RowInspectorTest, AnotherHeightLeavesWhatIsSelectedInTheSummary) {
+    openSample();
+    select(2);
+    auto& summary = *m_details.head().findChild<ValueText*>();
+    summary.selectAll();
+    m_window.resize(m_window.width(), m_window.height() + 40);
+    settle();
+    EXPECT_EQ(summary.textCursor().selectedText(), m_details.head().summary());
 }
 
 TEST_F(RowInspectorTest, InANarrowPaneTheNumbersTakeALineEach) {

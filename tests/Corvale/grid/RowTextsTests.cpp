@@ -97,11 +97,39 @@ TEST(RowTexts, ALineIsSpokenWithStatusNumbersKeyAndChanges) {
 
 TEST(RowTexts, TitleIsTheKeyOrSaysThatThereIsNone) {
     const auto keyed = GridResults::compared("ID,A\nk 1,x\n", "ID,A\nk 1,y\n");
-    EXPECT_EQ(RowTexts::title(keyed, keyed.rows[0]), QStringLiteral("k 1"));
+    EXPECT_EQ(RowTexts::title(keyed, keyed.rows[0], 30), QStringLiteral("k 1"));
     const auto blank = GridResults::compared("ID,A\n1,x\n", "ID,A\n1,x\n ,y\n");
-    EXPECT_EQ(RowTexts::title(blank, blank.rows[1]), QStringLiteral("(blank key)"));
+    EXPECT_EQ(RowTexts::title(blank, blank.rows[1], 30), QStringLiteral("(blank key)"));
     const auto ordered = GridResults::compared("ID,A\n1,x\n", "ID,A\n1,y\n", "");
-    EXPECT_EQ(RowTexts::title(ordered, ordered.rows[0]), QStringLiteral("Row 2"));
+    EXPECT_EQ(RowTexts::title(ordered, ordered.rows[0], 0), QStringLiteral("Row 2"));
+}
+
+TEST(RowTexts, OfALongKeyBothEndsAreSaid) {
+    const std::string key = "first" + std::string(3'000'000, 'k') + "last";
+    const auto result = GridResults::compared("ID,A\n" + key + ",x\n", "ID,A\n" + key + ",y\n");
+    const DiffRow row = result.rows[0];
+    EXPECT_EQ(RowTexts::title(result, row, 6), QStringLiteral("firstk…kklast"));
+    EXPECT_EQ(RowTexts::spoken(result, row),
+              QStringLiteral("Changed, Before: 2, After: 2, first%1…%2last, A: x to y")
+                  .arg(QString(25, u'k'), QString(26, u'k')));
+}
+
+TEST(RowTexts, ValuesOfACellAreCut) {
+    const GridCell plain{GridCell::Kind::plain, GridGeometry::CellSide::both, "abcd", {}, {}};
+    EXPECT_EQ(RowTexts::cell(plain, 3), QStringLiteral("abc…"));
+    EXPECT_EQ(RowTexts::cell(plain, 4), QStringLiteral("abcd"));
+    const GridCell changed{GridCell::Kind::changed, GridGeometry::CellSide::both, {}, "abcd", "xy"};
+    EXPECT_EQ(RowTexts::cell(changed, 3), QStringLiteral("abc… to xy"));
+}
+
+TEST(RowTexts, TheTitleOfABlankKeyOfSeveralColumnsSaysThatThereIsNone) {
+    const auto result = DiffEngine::compare(Tables::table("A,B,V\n,,2\n1,,3\n"),
+                                            Tables::table("A,B,V\n"),
+                                            RowMatch::key({"A", "B"}),
+                                            {},
+                                            NumberStyle::dotDecimal);
+    EXPECT_EQ(RowTexts::title(result, result.rows[0], 30), QStringLiteral("(blank key)"));
+    EXPECT_EQ(RowTexts::title(result, result.rows[1], 30), QStringLiteral("1 · "));
 }
 
 TEST(RowTexts, ACopiedRowHasALineForEachSideThatHasIt) {

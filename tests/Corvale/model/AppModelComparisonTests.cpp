@@ -1,5 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "Corvale/model/Edit.h"
 #include "tests/Corvale/model/ModelTest.h"
 
 namespace corvale {
@@ -230,11 +236,58 @@ TEST_F(AppModelComparisonTest, CancellingEndsARunAndChangesNothingElse) {
     m_watch.take();
     m_model.cancel();
     EXPECT_TRUE(flag->isCancelled());
-    EXPECT_EQ(m_watch.take(), "compareFlag progress");
+    EXPECT_EQ(m_watch.take(), "compareFlag isResultOutdated progress");
     m_platform.settle();
     EXPECT_EQ(m_watch.take(), "");
     EXPECT_EQ(m_model.result(), result);
     EXPECT_EQ(m_model.problem(), std::nullopt);
+}
+
+TEST_F(AppModelComparisonTest, AResultIsOutdatedOnceTheComparisonThatWouldReplaceItIsCancelled) {
+    const std::vector<std::pair<std::string, std::function<void()>>> changes = {
+        {"match", [&] { m_model.setMatch(MatchChoice::key("Name")); }},
+        {"swap", [&] { m_model.swap(); }},
+        {"options", [&] { Edit::settings(m_model, [](AppSettings& all) { all.options.ignoreCase = true; }); }},
+        {"file",
+         [&] {
+             load("december.csv", Side::after);
+             while (!m_model.progress()) {
+                 step();
+             }
+         }},
+    };
+    for (const auto& [name, change] : changes) {
+        openPair();
+        change();
+        EXPECT_FALSE(m_model.isResultOutdated()) << name << ": not while it is compared";
+        m_model.cancel();
+        EXPECT_TRUE(m_model.isResultOutdated()) << name;
+        m_platform.settle();
+        EXPECT_TRUE(m_model.isResultOutdated()) << name;
+        m_model.compare();
+        m_platform.settle();
+        EXPECT_FALSE(m_model.isResultOutdated()) << name;
+    }
+}
+
+TEST_F(AppModelComparisonTest, AResultIsNotOutdatedByACancelledComparisonOfTheSame) {
+    openPair();
+    m_model.compare();
+    m_model.cancel();
+    EXPECT_FALSE(m_model.isResultOutdated());
+    load("gone.csv", Side::after);
+    m_platform.settle();
+    EXPECT_FALSE(m_model.isResultOutdated());
+    m_model.swap();
+    m_model.cancel();
+    ASSERT_TRUE(m_model.isResultOutdated());
+    m_model.swap();
+    m_model.cancel();
+    EXPECT_FALSE(m_model.isResultOutdated()) << "swapped back";
+    m_model.swap();
+    m_model.cancel();
+    m_model.close(Side::before);
+    EXPECT_FALSE(m_model.isResultOutdated()) << "there is none any more";
 }
 
 TEST_F(AppModelComparisonTest, AfterCancellingANewFileIsComparedAsEver) {

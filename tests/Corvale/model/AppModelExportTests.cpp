@@ -128,31 +128,76 @@ TEST_F(AppModelExportTest, AFailureSaysWhyAndKeepsTheResult) {
     }
 }
 
-TEST_F(AppModelExportTest, AFileThatIsBeingComparedIsNotReplaced) {
-    const TestSupport::ScratchFolder folder;
-    for (const std::string name : {"october.csv", "november.csv"}) {
-        folder.write(name, m_platform.files[name]);
+// Files that are on a disk too, where other ways lead to them.
+class AppModelExportOverFilesTest : public AppModelExportTest {
+protected:
+    AppModelExportOverFilesTest() {
+        for (const auto& [name, bytes] : m_platform.files) {
+            m_folder.write(name, bytes);
+        }
+        openPair(inFolder("october.csv"), inFolder("november.csv"));
     }
-    folder.write("report.html", "old");
-    load(folder.at("october.csv").substr(1), Side::before);
-    load(folder.at("november.csv").substr(1), Side::after);
-    m_platform.settle();
-    const std::string october = m_platform.files["october.csv"];
-    const std::string otherWay = "../" + folder.path().filename().string() + "/october.csv";
-    for (const std::string& name : {std::string("october.csv"), std::string("november.csv"), otherWay}) {
-        m_model.exportReport(ReportKind::html);
-        m_platform.chooseTarget(folder.at(name).substr(1));
+
+    // The name of a file of the folder as the platform takes it.
+    std::string inFolder(const std::string& name) const { return m_folder.at(name).substr(1); }
+
+    // Answers the panel.
+    void expectRefused(const std::string& name) {
+        const auto files = m_platform.files;
+        m_platform.chooseTarget(inFolder(name));
         m_platform.settle();
         EXPECT_EQ(problem(), "The report couldn’t be saved: It would replace a file that is being compared.") << name;
-        EXPECT_EQ(m_platform.files["october.csv"], october);
+        EXPECT_EQ(m_platform.files, files) << name;
         EXPECT_FALSE(m_model.exporting());
         m_model.dismissProblem();
     }
+
+    const TestSupport::ScratchFolder m_folder;
+};
+
+TEST_F(AppModelExportOverFilesTest, AFileThatIsBeingComparedIsNotReplaced) {
+    m_folder.write("report.html", "old");
+    const std::string otherWay = "../" + m_folder.path().filename().string() + "/october.csv";
+    for (const std::string& name : {std::string("october.csv"), std::string("november.csv"), otherWay}) {
+        m_model.exportReport(ReportKind::html);
+        expectRefused(name);
+    }
+    for (const char* const name : {"report.html", "december.csv"}) {
+        m_model.exportReport(ReportKind::html);
+        m_platform.chooseTarget(inFolder(name));
+        m_platform.settle();
+        EXPECT_EQ(m_model.problem(), std::nullopt);
+        EXPECT_EQ(m_platform.files[name].substr(0, 15), "<!doctype html>");
+    }
+}
+
+TEST_F(AppModelExportOverFilesTest, AFileClosedWhileAPlaceIsAskedForIsNotReplaced) {
+    for (const Side side : {Side::before, Side::after}) {
+        openPair(inFolder("october.csv"), inFolder("november.csv"));
+        m_model.exportReport(ReportKind::html);
+        m_model.close(side);
+        expectRefused(side == Side::before ? "october.csv" : "november.csv");
+    }
+}
+
+TEST_F(AppModelExportOverFilesTest, AFileOpenedWhileAPlaceIsAskedForIsNotReplaced) {
     m_model.exportReport(ReportKind::html);
-    m_platform.chooseTarget(folder.at("report.html").substr(1));
+    load(inFolder("december.csv"), Side::after);
     m_platform.settle();
-    EXPECT_EQ(m_model.problem(), std::nullopt);
-    EXPECT_EQ(m_platform.files.count("report.html"), 1U);
+    expectRefused("december.csv");
+}
+
+TEST_F(AppModelExportOverFilesTest, AFileThatIsStillBeingReadIsNotReplaced) {
+    load(inFolder("december.csv"), Side::after);
+    m_model.exportReport(ReportKind::html);
+    expectRefused("december.csv");
+}
+
+TEST_F(AppModelExportOverFilesTest, AFileThatWasBeingReadWhenAPlaceWasAskedForIsNotReplaced) {
+    load(inFolder("december.csv"), Side::after);
+    m_model.exportReport(ReportKind::html);
+    m_model.cancel();
+    expectRefused("december.csv");
 }
 
 TEST_F(AppModelExportTest, TheReportIsOfTheResultThatTheUserSaw) {

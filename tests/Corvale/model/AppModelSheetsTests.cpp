@@ -308,13 +308,52 @@ TEST_F(AppModelSheetsTest, ASheetChosenWhileComparingAgainOutlivesTheFailureOfTh
     EXPECT_EQ(problem(), "“other.csv” couldn’t be opened: No such file or directory");
 }
 
+TEST_F(AppModelSheetsTest, AHeaderRowChosenWhileComparingAgainOutlivesTheFailureOfTheOtherFile) {
+    openBook();
+    m_model.compareAgain();
+    m_model.setHeaderRow(2, Side::before);
+    m_platform.files.erase("other.csv");
+    m_platform.settle();
+    EXPECT_EQ(chosen(), "Jan/2");
+    EXPECT_EQ(problem(), "“other.csv” couldn’t be opened: No such file or directory");
+}
+
+TEST_F(AppModelSheetsTest, ASheetChosenWhileComparingAgainIsReadFromDiskThoughAnotherFileFails) {
+    openBook();
+    rewrite({{"Jan", january}, {"Feb", "ID,Price\n9,9\n"}});
+    m_model.compareAgain();
+    m_model.setSheet(1, Side::before);
+    load("gone.csv", Side::after);
+    // The last of the reads, before the one of the sheet.
+    step(m_platform.waiting() - 1);
+    ASSERT_EQ(problem(), "“gone.csv” couldn’t be opened: No such file or directory");
+    ASSERT_EQ(loading(), "before");
+    m_platform.settle();
+    EXPECT_EQ(chosen(), "Feb/automatic");
+    EXPECT_EQ(m_model.before()->table.rows()[0][0], "9");
+}
+
+TEST_F(AppModelSheetsTest, ThereIsNoHeaderRowAboveTheFirst) {
+    openBook();
+    m_model.setHeaderRow(2, Side::before);
+    m_platform.settle();
+    for (const std::int64_t row : {0, -5}) {
+        m_model.setHeaderRow(row, Side::before);
+        EXPECT_EQ(loading(), "") << row;
+        m_platform.settle();
+        EXPECT_EQ(chosen(), "Jan/2") << row;
+    }
+}
+
 TEST_F(AppModelSheetsTest, AHeaderRowThatTheSheetLacksGivesWayToTheAutomaticOne) {
     openBook();
-    for (const std::int64_t row : {std::int64_t{0}, std::int64_t{-5}, std::int64_t{99}}) {
-        m_model.setHeaderRow(row, Side::before);
-        m_platform.settle();
-        EXPECT_EQ(chosen(), "Jan/automatic") << row;
-    }
+    m_model.setHeaderRow(2, Side::before);
+    m_platform.settle();
+    ASSERT_EQ(chosen(), "Jan/2");
+    m_model.setHeaderRow(99, Side::before);
+    m_platform.settle();
+    EXPECT_EQ(chosen(), "Jan/automatic");
+    EXPECT_EQ(headerRow(), 1);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "Corvale/model/FileLoading.h"
+#include "CorvaleKit/base/Failures.h"
 #include "CorvaleKit/loading/DataLoader.h"
 #include "tests/Corvale/model/ModelTest.h"
 
@@ -71,6 +72,16 @@ TEST_F(FileLoadingTest, AWorkbookThatBecameTextIsReadAsText) {
     EXPECT_TRUE(anew.sheetNames.empty());
     EXPECT_EQ(anew.sheet, 0);
     EXPECT_EQ(anew.table.rows()[0][0], "5");
+}
+
+TEST_F(FileLoadingTest, WhatIsNoLongerWantedIsReadButNotParsed) {
+    const auto isCancelled = [] { return true; };
+    const LoadedFile file = read("a.csv", "A,B\n1,2\n");
+    // Parsing it would fail in another way.
+    m_platform.files["a.csv"] = "";
+    EXPECT_THROW(FileLoading::read(m_platform, file.url, isCancelled), Cancelled);
+    EXPECT_THROW(FileLoading::readAgain(m_platform, file, isCancelled), Cancelled);
+    EXPECT_EQ(m_platform.reads, 3);
 }
 
 TEST_F(FileLoadingTest, AFileThatIsGoneFails) {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "Corvale/model/CancelFlag.h"
 #include "Corvale/model/LoadedFile.h"
 #include "Corvale/model/MatchChoice.h"
@@ -20,6 +22,19 @@ TEST(MatchChoice, BecomesTheMatchOfAComparison) {
     EXPECT_EQ(MatchChoice::rowOrder().rowMatch(), RowMatch::rowOrder());
     EXPECT_EQ(MatchChoice::key("ID").column(), "ID");
     EXPECT_EQ(MatchChoice::rowOrder().column(), std::nullopt);
+}
+
+TEST(MatchChoice, KnowsWhatItGives) {
+    const std::vector<MatchChoice> choices = {MatchChoice::rowOrder(), MatchChoice::key("ID"), MatchChoice::key("")};
+    std::vector<RowMatch> matches = {RowMatch::key({"id"}), RowMatch::key({"ID", "ID"}), RowMatch::key({"ID", "A"})};
+    for (const MatchChoice& choice : choices) {
+        matches.push_back(choice.rowMatch());
+    }
+    for (const MatchChoice& choice : choices) {
+        for (const RowMatch& match : matches) {
+            EXPECT_EQ(choice.gives(match), choice.rowMatch() == match) << choice.column().value_or("row order");
+        }
+    }
 }
 
 TEST(MatchChoice, IsEqualForTheSameColumnOnly) {

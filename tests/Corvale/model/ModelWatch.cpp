@@ -59,6 +59,7 @@ std::string brokenRule(const AppModel& model) {
         {isVisibleSound(model, rows), "visible indexes rows of the result, ascending"},
         {isWithin(model.selectedRow(), rows), "the selected row is one of the result"},
         {isWithin(model.filter().column, columns), "the filter's column is one of the result"},
+        {!model.isResultOutdated() || (model.result() && !model.progress()), "what is outdated is a result"},
         {model.progress().has_value() == (model.compareFlag() != nullptr), "progress is there while comparing"},
         {!model.compareFlag() || !model.compareFlag()->isCancelled(), "a cancelled comparison is forgotten"},
         {!model.compareFlag() || (hasBoth && model.loading().empty()), "comparing waits for reading"},
@@ -79,6 +80,8 @@ ModelWatch::ModelWatch(AppModel& model) : m_model(model) {
     watch("match", &AppModel::matchChanged, [&m] { return m.match().column().value_or(""); });
     watch("suggestedKey", &AppModel::suggestedKeyChanged, [&m] { return m.suggestedKey().value_or(""); });
     watch("result", &AppModel::resultChanged, [&m] { return digest(m.result().get()); });
+    watch(
+        "isResultOutdated", &AppModel::isResultOutdatedChanged, [&m] { return std::to_string(m.isResultOutdated()); });
     watch("progress", &AppModel::progressChanged, [&m] { return digest(m.progress()); });
     watch("filter", &AppModel::filterChanged, [&m] { return digest(m.filter()); });
     watch("visible", &AppModel::visibleChanged, [&m] { return digest(m.visible()); });

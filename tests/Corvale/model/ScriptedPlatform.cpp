@@ -81,4 +81,11 @@ void ScriptedPlatform::storeData(const std::string& key, std::string_view data) 
     stored[key] = data;
 }
 
+void ScriptedPlatform::runOnMain(std::function<void()> work) {
+    m_main.push_back(std::move(work));
+    if (whenPosted) {
+        whenPosted();
+    }
+}
+
 }  // namespace corvale::TestSupport

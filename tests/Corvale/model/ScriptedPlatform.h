@@ -27,6 +27,8 @@ public:
     NumberStyle decimalStyle = NumberStyle::dotDecimal;
     // Writing fails with this reason.
     std::optional<std::string> writeFailure;
+    // Called after each post to the main thread, in the middle of the work that posts.
+    std::function<void()> whenPosted;
 
     // What was asked for so far.
     int reads = 0;
@@ -45,6 +47,8 @@ public:
     std::size_t waiting() const { return m_background.size(); }
     // Runs one of them, by its place among those waiting, without delivering anything.
     void work(std::size_t place = 0);
+    // What was posted to the main thread and not delivered.
+    std::size_t posted() const { return m_main.size(); }
     // Delivers what was posted to the main thread so far.
     void deliver();
     // Works and delivers until nothing is left to do.
@@ -59,7 +63,7 @@ public:
     std::string language() const override { return languageCode; }
     NumberStyle numberStyle() const override { return decimalStyle; }
     void runInBackground(std::function<void()> work) override { m_background.push_back(std::move(work)); }
-    void runOnMain(std::function<void()> work) override { m_main.push_back(std::move(work)); }
+    void runOnMain(std::function<void()> work) override;
 
 private:
     std::deque<std::function<void()>> m_background;

@@ -73,11 +73,20 @@ TEST(ShownResult, OfRepeatedKeysTheOneAtTheSamePlaceIsTakenElseTheFirst) {
     EXPECT_EQ(carried(*from, 2, compared({{"0", "z"}, {"7", "a"}}, {{"0", "z"}, {"7", "a"}})), 1);
 }
 
-TEST(ShownResult, TheSamePlaceInBothFilesCountsMoreThanInOne) {
-    const auto from = compared({{"7", "a"}, {"7", "b"}}, {{"7", "a"}, {"7", "b"}});
-    // The next pairs them the same way; a row alone on one side comes first in neither.
-    const auto to = compared({{"7", "a"}, {"7", "b"}, {"7", "c"}}, {{"7", "a"}, {"7", "b"}});
-    EXPECT_EQ(carried(*from, 1, to), 1);
+TEST(ShownResult, OfAPairThatIsTwoRowsNowTheFirstIsTaken) {
+    const Rows before = {{"1", "a"}, {"2", "b"}, {"3", "c"}};
+    const Rows after = {{"1", "a"}, {"2", "z"}, {"3", "c"}};
+    const auto from = compared(before, after);
+    ASSERT_EQ(from->rows[1].left, 1);
+    ASSERT_EQ(from->rows[1].right, 1);
+    const auto to = compared(before, after, RowMatch::key({"Price"}));
+    const auto found = carried(*from, 1, to);
+    ASSERT_TRUE(found);
+    const auto place = static_cast<std::size_t>(*found);
+    EXPECT_EQ(to->rows[place].status, DiffRow::Status::removed);
+    EXPECT_EQ(to->rows[place].left, 1);
+    ASSERT_EQ(to->rows[place + 1].status, DiffRow::Status::added);
+    EXPECT_EQ(to->rows[place + 1].right, 1);
 }
 
 TEST(ShownResult, RowsWithoutAKeyAreFoundByTheirPlaceOnly) {

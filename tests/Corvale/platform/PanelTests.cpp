@@ -4,6 +4,7 @@
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
 #include <QSettings>
@@ -183,6 +184,57 @@ TEST_F(SavePanel, AddsTheExtensionThatIsMissing) {
         ASSERT_FALSE(m_places.empty());
         EXPECT_EQ(m_places.back(), url(expected)) << typed;
     }
+}
+
+// As the desktop's own dialogs answer, which neither take another name from us nor ask about it.
+class ForeignSavePanel : public PanelTest {
+protected:
+    void answer(const char* name) {
+        askForPlace();
+        QFileDialog* const dialog = panel();
+        ASSERT_NE(dialog, nullptr);
+        nameField(dialog)->setText(QString::fromUtf8(name));
+        static_cast<QDialog*>(dialog)->done(QDialog::Accepted);
+    }
+    static QMessageBox* question() { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); }
+};
+
+TEST_F(ForeignSavePanel, AddsTheExtensionToo) {
+    answer("report v1.2");
+    EXPECT_EQ(m_places, std::vector<QUrl>({url("report v1.2.xlsx")}));
+    EXPECT_EQ(question(), nullptr);
+}
+
+TEST_F(ForeignSavePanel, AsksBeforeTheExtensionMakesItTheNameOfAnotherFile) {
+    m_folder.write("report v1.2.xlsx", "kept");
+    answer("report v1.2");
+    EXPECT_TRUE(m_places.empty());
+    ASSERT_NE(question(), nullptr);
+    EXPECT_EQ(question()->text(), QStringLiteral("“report v1.2.xlsx” exists already. Do you want to replace it?"));
+    question()->button(QMessageBox::Cancel)->click();
+    EXPECT_EQ(m_places, std::vector<QUrl>({QUrl()}));
+
+    answer("report v1.2");
+    ASSERT_NE(question(), nullptr);
+    question()->close();
+    EXPECT_EQ(m_places, std::vector<QUrl>({QUrl(), QUrl()}));
+
+    answer("report v1.2");
+    ASSERT_NE(question(), nullptr);
+    for (QAbstractButton* const button : question()->buttons()) {
+        if (question()->buttonRole(button) == QMessageBox::AcceptRole) {
+            button->click();
+            break;
+        }
+    }
+    EXPECT_EQ(m_places.back(), url("report v1.2.xlsx"));
+}
+
+TEST_F(ForeignSavePanel, HasAskedAboutAWholeNameItself) {
+    m_folder.write("report.xlsx", "old");
+    answer("report.xlsx");
+    EXPECT_EQ(m_places, std::vector<QUrl>({url("report.xlsx")}));
+    EXPECT_EQ(question(), nullptr);
 }
 
 TEST_F(SavePanel, GivesNothingWhenDismissed) {

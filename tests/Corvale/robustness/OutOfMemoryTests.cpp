@@ -1,13 +1,10 @@
 #include <gtest/gtest.h>
 #include <malloc.h>
-#include <sys/resource.h>
-#include <unistd.h>
 
 #include <QApplication>
 #include <QSettings>
 #include <QWidget>
 #include <cstdlib>
-#include <fstream>
 #include <functional>
 #include <iostream>
 #include <memory>
@@ -18,6 +15,7 @@
 #include "Corvale/commands/CorvaleApp.h"
 #include "tests/Corvale/platform/BusyQtPlatform.h"
 #include "tests/support-qt/TestTheme.h"
+#include "tests/support/MemoryLimit.h"
 #include "tests/support/ScratchFolder.h"
 
 namespace corvale {
@@ -39,21 +37,6 @@ void giveMemoryBack() {
     ::mallopt(M_ARENA_MAX, 1);
     ::mallopt(M_MMAP_THRESHOLD, smallestMapped);
     ::mallopt(M_TRIM_THRESHOLD, smallestMapped);
-}
-
-// This process may take that much more address space than it has.
-void limitMemory(std::uint64_t further) {
-    ::malloc_trim(0);
-    std::uint64_t pages = 0;
-    std::ifstream("/proc/self/statm") >> pages;
-    const std::uint64_t used = pages * static_cast<std::uint64_t>(::sysconf(_SC_PAGESIZE));
-    const rlimit limit{used + further, RLIM_INFINITY};
-    ::setrlimit(RLIMIT_AS, &limit);
-}
-
-void liftLimit() {
-    const rlimit limit{RLIM_INFINITY, RLIM_INFINITY};
-    ::setrlimit(RLIMIT_AS, &limit);
 }
 
 // Qt's painter goes on without the memory that it asked for, and nothing of ours can keep it from that.
@@ -119,10 +102,11 @@ private:
 
     void within(std::uint64_t memory, const std::function<void()>& work) {
         letWindowsPaint(false);
-        limitMemory(memory);
+        ::malloc_trim(0);
+        MemoryLimit::allowFurther(memory);
         work();
         settle();
-        liftLimit();
+        MemoryLimit::lift();
         letWindowsPaint(true);
         settle();
         if (const auto problem = m_app.model().problem()) {

@@ -183,6 +183,17 @@ TEST_F(MatchBarTest, EveryMenuHasItsHelp) {
                              "with B)."));
 }
 
+TEST_F(MatchBarTest, AMenuGoesWithItsButton) {
+    for (const auto* const name : {"Automatic (Numbers like 1,234.56)", "Ignoring 2 of 4"}) {
+        comparePair();
+        const PopupMenu& menu = *button(name).menu();
+        button(name).menu()->open();
+        ASSERT_TRUE(menu.isVisible());
+        m_model.close(Side::after);
+        EXPECT_FALSE(menu.isVisible()) << name;
+    }
+}
+
 TEST_F(MatchBarTest, ChangesComeFromTheUserAlone) {
     comparePair();
     const int stores = m_platform.stores;

@@ -1,5 +1,6 @@
 #include <QTest>
 
+#include "Corvale/window/Button.h"
 #include "Corvale/window/ChipLabel.h"
 #include "Corvale/window/SummaryStrip.h"
 #include "Corvale/window/SymbolLabel.h"
@@ -121,6 +122,21 @@ TEST_F(SummaryStripTest, NotesOfNothingAreAbsent) {
                              "0 duplicate keys"}) {
         EXPECT_FALSE(shows(note)) << note;
     }
+}
+
+TEST_F(SummaryStripTest, AResultOfAnotherChoiceSaysSoAndLeadsToANewOne) {
+    compare("ID,Name\n1,Pen\n2,Cup\n", "ID,Name\n1,Pen\n2,Cup\n");
+    EXPECT_TRUE(shows("The files match"));
+    EXPECT_FALSE(shows("Results out of date"));
+    m_model.setMatch(MatchChoice::key("Name"));
+    m_model.cancel();
+    EXPECT_TRUE(shows("Results out of date"));
+    EXPECT_FALSE(shows("The files match")) << "which nobody knows";
+    QTest::mouseClick(&named<Button>("Results out of date"), Qt::LeftButton);
+    EXPECT_FALSE(shows("Results out of date"));
+    m_platform.settle();
+    EXPECT_TRUE(shows("The files match"));
+    EXPECT_EQ(m_model.result()->match, RowMatch::key({"Name"}));
 }
 
 TEST_F(SummaryStripTest, LargeCountsAreGrouped) {

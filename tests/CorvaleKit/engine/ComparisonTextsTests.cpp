@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "CorvaleKit/engine/ComparisonTexts.h"
@@ -107,6 +108,31 @@ TEST(ComparisonTexts, AReducedTextIsKeptAndNotMadeAgain) {
     const std::string_view first = texts.row(0)[0];
     EXPECT_EQ(first, "un clean");
     EXPECT_EQ(static_cast<const void*>(texts.row(0)[0].data()), static_cast<const void*>(first.data()));
+}
+
+TEST(ComparisonTexts, CellsThatShareALongStringShareItsReducedText) {
+    const std::string shared = std::string(1000, 'x') + "  " + std::string(1000, 'y');
+    const std::string clean(1000, 'z');
+    CellGridBuilder builder;
+    for (int i = 0; i < 3; ++i) {
+        builder.addRow(std::vector<CellGridBuilder::PlacedCell>{
+            {0, builder.packed(0, shared.size())},
+            {1, builder.packed(0, shared.size())},
+            {2, builder.packed(shared.size(), clean.size())},
+        });
+    }
+    DataTable::Parts parts;
+    parts.headers = {"A", "B", "C"};
+    parts.rows = CellRows(builder.finish(Bytes(shared + clean))).selected({0, 1, 2}, 3);
+    parts.rowNumbers = {2, 3, 4};
+    const ComparisonTexts texts(DataTable(std::move(parts)), {2, 1, 0}, whitespace);
+    const std::string_view first = texts.row(0)[1];
+    EXPECT_EQ(first, std::string(1000, 'x') + " " + std::string(1000, 'y'));
+    for (std::size_t i = 0; i < 3; ++i) {
+        EXPECT_EQ(texts.row(i)[0], clean);
+        EXPECT_EQ(static_cast<const void*>(texts.row(i)[1].data()), static_cast<const void*>(first.data()));
+        EXPECT_EQ(static_cast<const void*>(texts.row(i)[2].data()), static_cast<const void*>(first.data()));
+    }
 }
 
 TEST(ComparisonTexts, KeepTheirTable) {

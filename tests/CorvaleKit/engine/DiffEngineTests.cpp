@@ -133,6 +133,18 @@ TEST(DiffEngine, OnlyComparedColumnsVoteOnTheStyle) {
     EXPECT_EQ(compare(table, table, {}, RowMatch::rowOrder()).numberStyle, NumberStyle::commaDecimal);
 }
 
+TEST(DiffEngine, TheFirstThreeThousandRowsVoteOnTheStyle) {
+    for (const std::size_t deciding : {3000U, 3001U}) {
+        std::vector<std::vector<std::string>> rows(3001, {"x"});
+        rows[deciding - 1] = {"1,5"};
+        const DataTable commas({"A"}, rows, "c");
+        const DataTable texts({"A"}, {{"x"}}, "t");
+        const NumberStyle expected = deciding == 3000 ? NumberStyle::commaDecimal : NumberStyle::dotDecimal;
+        EXPECT_EQ(compare(commas, texts, {}, RowMatch::rowOrder()).numberStyle, expected) << deciding;
+        EXPECT_EQ(compare(texts, commas, {}, RowMatch::rowOrder()).numberStyle, expected) << deciding;
+    }
+}
+
 TEST(DiffEngine, ADifferenceInAnIgnoredColumnDoesNotCount) {
     DiffOptions options;
     options.ignoredColumns = {"Note"};

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <numeric>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,13 @@ std::string keyOf(const std::vector<std::string>& cells, const std::vector<std::
     std::string key;
     DisplayKey::append(key, table.rows()[0], columns);
     return key;
+}
+
+// Of a row all whose cells are key cells.
+bool isBlank(const std::vector<std::string>& cells) {
+    std::vector<std::size_t> columns(cells.size());
+    std::iota(columns.begin(), columns.end(), std::size_t{0});
+    return DisplayKey::isBlank(keyOf(cells, columns), columns.size());
 }
 
 TEST(DisplayKey, JoinsTrimmedCells) {
@@ -32,6 +40,22 @@ TEST(DisplayKey, OfOneColumnIsPartOfTheCell) {
     const std::string cell = " a\u2028";
     EXPECT_EQ(DisplayKey::ofCell(cell), "a");
     EXPECT_EQ(static_cast<const void*>(DisplayKey::ofCell(cell).data()), static_cast<const void*>(cell.data() + 1));
+}
+
+TEST(DisplayKey, IsBlankWhenAllItsCellsAre) {
+    for (const std::vector<std::string>& cells :
+         {std::vector<std::string>{""}, {" "}, {"", ""}, {" ", "\t\n"}, {"", "", ""}}) {
+        EXPECT_TRUE(isBlank(cells)) << testing::PrintToString(cells);
+    }
+    EXPECT_TRUE(DisplayKey::isBlank("", 0));
+}
+
+TEST(DisplayKey, IsNotBlankWhenOneOfItsCellsHasText) {
+    for (const std::vector<std::string>& cells :
+         {std::vector<std::string>{"a"}, {"·"}, {" · "}, {"", "·"}, {"·", ""}, {"1", ""}, {"", "1"}, {"", "", "z"}}) {
+        EXPECT_FALSE(isBlank(cells)) << testing::PrintToString(cells);
+    }
+    EXPECT_FALSE(DisplayKey::isBlank("7", 0)) << "a row number";
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <tuple>
 #include <vector>
 
+#include "CorvaleKit/engine/DiffEngine.h"
 #include "CorvaleKit/engine/KeyMatching.h"
 #include "tests/support/Tables.h"
 
@@ -145,6 +146,27 @@ TEST(KeyMatching, KeyColumnsPreferTheExactHeader) {
     EXPECT_EQ(KeyMatching::keyColumns({"ID"}, named), (std::vector<std::size_t>{0}));
     EXPECT_EQ(KeyMatching::keyColumns({" name ", "id"}, named), (std::vector<std::size_t>{3, 0}));
     EXPECT_TRUE(KeyMatching::keyColumns({"Email"}, named).empty());
+}
+
+std::vector<bool> areKeyColumns(const char* before, const char* after, const RowMatch& match,
+                                bool ignoreColumnOrder = true) {
+    DiffOptions options;
+    options.ignoreColumnOrder = ignoreColumnOrder;
+    return KeyMatching::areKeyColumns(
+        DiffEngine::compare(table(before), table(after), match, options, NumberStyle::dotDecimal));
+}
+
+TEST(KeyMatching, AResultsKeyColumnsAreThoseOfEitherSide) {
+    using Flags = std::vector<bool>;
+    EXPECT_EQ(areKeyColumns("Name,ID\na,1\n", "ID,Name\n1,a\n", RowMatch::key({"id"})), (Flags{false, true}));
+    EXPECT_EQ(areKeyColumns("A,B,C\n1,2,3\n", "A,B,C\n1,2,3\n", RowMatch::key({"C", "A"})), (Flags{true, false, true}));
+    EXPECT_EQ(areKeyColumns("A,B\n1,2\n", "B,A\n1,2\n", RowMatch::key({"A"}), false), (Flags{true, true}))
+        << "by position the column is another one on each side";
+    EXPECT_EQ(areKeyColumns("A,Old\n1,2\n", "A,New\n1,2\n", RowMatch::key({"Old"})), (Flags{false, true, false}))
+        << "a column that one side lacks";
+    EXPECT_EQ(areKeyColumns("A,Old\n1,2\n", "A,New\n1,2\n", RowMatch::key({"New"})), (Flags{false, false, true}));
+    EXPECT_EQ(areKeyColumns("A,B\n1,2\n", "A,B\n1,2\n", RowMatch::rowOrder()), (Flags{false, false}));
+    EXPECT_EQ(areKeyColumns("A\n1\n", "A\n1\n", RowMatch::key({"None"})), (Flags{false}));
 }
 
 // A ragged row and a full one take different ways through the cells.

@@ -144,6 +144,19 @@ TEST(KeySuggester, HeadersThatLookLikeAKeyEarnABonus) {
     }
 }
 
+TEST(KeySuggester, EachKeyWordAloneEarnsTheBonus) {
+    // Within a longer header, where the ends of "uuid" and of "#" do not earn it already.
+    ASSERT_DOUBLE_EQ(bonusOf("value"), 0);
+    for (const std::string word :
+         {"id",      "sku",   "key",     "code",      "number", "no",      "num",    "#",        "upc",
+          "ean",     "asin",  "barcode", "ref",       "email",  "account", "isbn",   "uuid",     "guid",
+          "invoice", "order", "item",    "reference", "part",   "serial",  "ticket", "employee", "customer"}) {
+        EXPECT_DOUBLE_EQ(bonusOf(word), 0.75) << word;
+        EXPECT_DOUBLE_EQ(bonusOf(word + " value"), 0.75) << word;
+        EXPECT_DOUBLE_EQ(bonusOf("value-" + word + "-value"), 0.75) << word;
+    }
+}
+
 TEST(KeySuggester, PrefersTheColumnFurtherLeftAmongEqualOnes) {
     const DataTable table({"A", "B", "C"}, {{"1", "1", "1"}, {"2", "2", "2"}}, "t.csv");
     const auto all = candidates(table, table);

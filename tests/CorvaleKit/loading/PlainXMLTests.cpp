@@ -8,6 +8,7 @@
 
 #include "CorvaleKit/loading/PlainXML.h"
 #include "CorvaleKit/loading/ZipReader.h"
+#include "tests/support/Repeated.h"
 #include "tests/support/TestFiles.h"
 #include "tests/support/XMLTwins.h"
 
@@ -15,6 +16,7 @@ namespace corvale {
 namespace {
 
 using namespace std::string_literals;
+using TestSupport::repeated;
 
 bool isPlain(std::string_view part) {
     XMLTwins::Recorder recorder(0);
@@ -22,15 +24,7 @@ bool isPlain(std::string_view part) {
     return PlainXML::deliver(part, delivery);
 }
 
-std::string repeated(std::string_view text, int times) {
-    std::string all;
-    for (int i = 0; i < times; ++i) {
-        all += text;
-    }
-    return all;
-}
-
-std::string nested(int depth) { return repeated("<a>", depth) + repeated("</a>", depth); }
+std::string nested(std::size_t depth) { return repeated("<a>", depth) + repeated("</a>", depth); }
 
 std::string withAttributes(int count) {
     std::string tag = "<a";

@@ -6,20 +6,15 @@
 #include <vector>
 
 #include "CorvaleKit/loading/CSV.h"
+#include "tests/support/Repeated.h"
 #include "tests/support/SlowCSV.h"
 
 namespace corvale {
 namespace {
 
-constexpr std::size_t sampled = 65536;
+using TestSupport::repeated;
 
-std::string repeated(std::string_view text, std::size_t times) {
-    std::string all;
-    for (; times > 0; --times) {
-        all += text;
-    }
-    return all;
-}
+constexpr std::size_t sampled = 65536;
 
 TEST(TextSniffing, AnEmptyTextPasses) { EXPECT_TRUE(CSV::looksLikeText("")); }
 

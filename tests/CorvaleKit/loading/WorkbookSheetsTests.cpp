@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "CorvaleKit/loading/WorkbookSheets.h"
+#include "tests/support/Repeated.h"
 
 namespace corvale::XLSX {
 
@@ -20,6 +21,7 @@ std::ostream& operator<<(std::ostream& stream, const Sheet& sheet) {
 namespace {
 
 using Sheets = std::vector<Sheet>;
+using TestSupport::repeated;
 
 std::string workbook(const std::string& sheets) {
     return "<workbook xmlns:r=\"u\"><sheets>" + sheets + "</sheets></workbook>";
@@ -128,15 +130,6 @@ TEST(WorkbookSheets, TheDateSystemIsChosenByOneOrTrue) {
     for (const auto& [element, date1904] : cases) {
         EXPECT_EQ(workbookSheets("<workbook>" + element + "</workbook>", std::nullopt).date1904, date1904) << element;
     }
-}
-
-std::string repeated(std::string_view text, std::size_t times) {
-    std::string all;
-    all.reserve(text.size() * times);
-    for (std::size_t i = 0; i < times; ++i) {
-        all += text;
-    }
-    return all;
 }
 
 TEST(WorkbookSheets, NoMoreAreListedThanAnyWorkbookHas) {

@@ -7,6 +7,7 @@
 #include "CorvaleKit/engine/DiffEngine.h"
 #include "CorvaleKit/loading/DataLoader.h"
 #include "CorvaleKit/reports/Reports.h"
+#include "CorvaleKit/text/Utf8.h"
 #include "tests/support/Grids.h"
 #include "tests/support/SheetXml.h"
 #include "tests/support/Tables.h"
@@ -200,6 +201,12 @@ TEST(ExcelReport, BlankKeysHaveWords) {
     EXPECT_EQ(changes(result).at(2), "A/2=Added | B/2=(blank key) | C/2= | D/2=#2 | E/2= | F/2=Cup");
 }
 
+TEST(ExcelReport, BlankKeysOfSeveralColumnsHaveWordsToo) {
+    const DiffResult result = compared("A,B,V\n,,2\n1,,3\n", "A,B,V\n", {}, RowMatch::key({"A", "B"}));
+    EXPECT_EQ(changes(result).at(1), "A/3=Removed | B/3=(blank key) | C/3=#2 | D/3= | E/3= | F/3= | G/3=#2");
+    EXPECT_EQ(changes(result).at(2), "A/3=Removed | B/3=1 ·  | C/3=#3 | D/3= | E/3=#1 | F/3= | G/3=#3");
+}
+
 TEST(ExcelReport, KeysAreTextsEvenWhereTheyAreNumbers) {
     EXPECT_NE(
         changesSheet(everything()).find("<c r=\"B2\" t=\"inlineStr\"><is><t xml:space=\"preserve\">1</t></is></c>"),
@@ -247,6 +254,44 @@ TEST(ExcelReport, DuplicateKeysAreListedBelowASpacer) {
     EXPECT_EQ(
         Lines(lines.begin() + 14, lines.end()),
         (Lines{"", "A/5=Duplicate keys | B/5=Key | C/5=Rows", "A=Before | B=7 | C=2, 4, 5", "A=After | B=8 | C=3, 4"}));
+}
+
+TEST(ExcelReport, AListOfRowsLongerThanACellHoldsEndsBehindAWholeNumber) {
+    std::string before = "ID,Name\n";
+    for (int i = 0; i < 9000; ++i) {
+        before += "7,a\n";
+    }
+    const std::string line = summary(compared(before, "ID,Name\n7,a\n")).back();
+    const std::string cell = line.substr(line.find("C=") + 2);
+    EXPECT_TRUE(cell.starts_with("2, 3, 4, "));
+    EXPECT_TRUE(cell.ends_with(", 5644, 5645, […]")) << cell.substr(cell.size() - 40);
+    EXPECT_EQ(Utf8::scalarCount(cell), 32'763U);
+}
+
+TEST(ExcelReport, ValuesLongerThanACellHoldsAreShownWhereTheyDiffer) {
+    const std::string same(40'000, 'x');
+    const auto values = [](const std::string& before, const std::string& after) {
+        return cellChanges(compared("ID,Note\n7," + before + "\n", "ID,Note\n7," + after + "\n")).back();
+    };
+    const auto shown = [](const std::string& before, const std::string& after) {
+        return "A=7 | B=Note | C=" + before + " | D=" + after + " | E=Value";
+    };
+    const std::string context = "[…] " + std::string(100, 'x');
+    EXPECT_EQ(values(same + "A", same + "B"), shown(context + "A", context + "B"));
+    EXPECT_EQ(values(same, same + "B"), shown(context, context + "B"));
+    EXPECT_EQ(values(same + "A" + same, same + "B"),
+              shown(context + "A" + std::string(32'767 - 105 - 4, 'x') + " […]", context + "B"));
+    // A scalar is not cut in two, also where the difference lies in its last byte.
+    std::string wide;
+    for (int i = 0; i < 20'000; ++i) {
+        wide += "é";
+    }
+    const std::string wideContext = "[…] " + wide.substr(0, 100);
+    EXPECT_EQ(values(wide + wide + "à", wide + wide + "ä"), shown(wideContext + "à", wideContext + "ä"));
+    // What shows its difference stays as it is.
+    EXPECT_EQ(values("A" + same, "B"), shown("A" + std::string(32'762, 'x') + " […]", "B"));
+    const std::string whole(32'766, 'x');
+    EXPECT_EQ(values(whole + "A", whole + "B"), shown(whole + "A", whole + "B"));
 }
 
 TEST(ExcelReport, BothAreTold) {

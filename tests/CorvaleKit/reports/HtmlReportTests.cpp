@@ -240,6 +240,12 @@ TEST(HtmlReport, ABlankKeyIsNamed) {
         contains(page("ID,a\n,x\n", "ID,a\n1,x\n"), "<tr class=\"r\"><td>Removed</td><td>(blank key)</td><td></td>"));
 }
 
+TEST(HtmlReport, ABlankKeyOfSeveralColumnsIsNamedToo) {
+    EXPECT_EQ(body(page("A,B,V\n,,2\n1,,3\n", "A,B,V\n", {}, RowMatch::key({"A", "B"}))),
+              "<tr class=\"r\"><td>Removed</td><td>(blank key)</td><td></td><td></td><td>2</td></tr>\n"
+              "<tr class=\"r\"><td>Removed</td><td>1 · </td><td>1</td><td></td><td>3</td></tr>\n");
+}
+
 TEST(HtmlReport, DuplicateKeysAreListedWithTheirRows) {
     const std::string html = page("ID,a\n<1>,x\n<1>,y\n2,z\n", "ID,a\n2,z\n2,z\n2,q\n");
     EXPECT_TRUE(contains(html,

@@ -5,11 +5,13 @@
 #include <vector>
 
 #include "CorvaleKit/reports/WorksheetPart.h"
+#include "tests/support/Repeated.h"
 #include "tests/support/SheetXml.h"
 
 namespace corvale {
 namespace {
 
+using TestSupport::repeated;
 using Style = WorksheetPart::Style;
 using Cell = XLSXWriter::Cell;
 using Cells = std::vector<Cell>;
@@ -65,14 +67,6 @@ TEST(WorksheetPart, APartInWhole) {
                   "</sheetData><autoFilter ref=\"A1:B2\"/></worksheet>");
 }
 
-std::string repeated(const std::string& text, int count) {
-    std::string all;
-    for (int i = 0; i < count; ++i) {
-        all += text;
-    }
-    return all;
-}
-
 std::string textOf(const std::string& value) {
     return SheetXml::between(cell({value}), "<t xml:space=\"preserve\">", "</t>");
 }
@@ -88,6 +82,24 @@ TEST(WorksheetPart, ATextLongerThanACellHoldsIsCutWithAMark) {
     EXPECT_TRUE(textOf(repeated("é", 32'768)) == repeated("é", 32'763) + " […]");
     // Two units each, of which none is cut in two.
     EXPECT_TRUE(textOf(repeated("😀", 16'384)) == repeated("😀", 16'381) + " […]");
+}
+
+TEST(WorksheetPart, EndsAsSoonAsItIsTooLarge) {
+    WorksheetPart::Layout layout;
+    layout.rows = 1000;
+    layout.mostBytes = 4000;
+    WorksheetPart part(layout);
+    int rows = 0;
+    const auto writeAll = [&] {
+        for (; rows < 1000; ++rows) {
+            part.beginRow();
+            part.cell("7", Style::plain, true);
+            part.endRow();
+        }
+    };
+    EXPECT_THROW(writeAll(), ZipWriter::TooLarge);
+    EXPECT_GT(rows, 50);
+    EXPECT_LT(rows, 150);
 }
 
 TEST(WorksheetPart, WidthsHaveOneDecimal) {
