@@ -56,8 +56,8 @@ public:
 protected:
     // Of several in a group, Qt has the others give way.
     void nextCheckState() override;
-    // Return does what a click does, and so does Down where there is a menu.
     void hideEvent(QHideEvent* event) override;
+    // Return does what a click does, and so does Down where there is a menu.
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
