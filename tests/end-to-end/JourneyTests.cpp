@@ -41,8 +41,13 @@ protected:
     }
 
     void exportBy(const QString& keys, const std::string& path) {
-        User::press(keys);
-        answerPanel(QStringLiteral("Export Report"), path);
+        // A file is there a moment before the program takes another export.
+        const QString panel = QStringLiteral("Export Report");
+        waitUntil("the panel opens", [&] {
+            User::press(keys);
+            return !User::windowTitled(panel).isEmpty();
+        });
+        answerPanel(panel, path);
         waitUntil("the report is written", [&path] { return std::filesystem::exists(path); });
     }
 

@@ -45,7 +45,8 @@ void ProgramTest::waitUntil(const std::string& what, const std::function<bool()>
 
 QByteArray ProgramTest::turnToWindow(const QString& title) {
     QByteArray window;
-    waitUntil("a window opens", [&] { return !(window = User::windowTitled(title)).isEmpty(); });
+    waitUntil("a window opens that is called " + title.toStdString(),
+              [&] { return !(window = User::windowTitled(title)).isEmpty(); });
     User::turnTo(window);
     return window;
 }
