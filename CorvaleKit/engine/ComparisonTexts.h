@@ -30,6 +30,9 @@ public:
     // A view of one row, valid while this object lives.
     Row row(std::size_t index) const;
 
+    // The byte that Row::joinedBy() may find between the texts; none where it finds none.
+    std::optional<char> delimiter() const { return m_table.rows().delimiter(); }
+
     // For a walk down a single column: starts fetching what the rows below will look at.
     void prefetchBelow(std::size_t index) const {
         if (m_columns.size() == 1) {
@@ -79,11 +82,26 @@ public:
     std::size_t size() const { return m_texts->m_columns.size(); }
     const CellRow& cells() const { return m_cells; }
 
-    // The texts joined with `separator`, where that is one copy of the row's bytes and fits; otherwise none.
-    std::optional<std::size_t> copyJoined(char separator, std::span<char> target) const {
+    // The texts with one `delimiter` between them, where that is how the source has them and no text has a delimiter;
+    // otherwise none.
+    std::optional<std::string_view> joinedBy(char delimiter) const {
         return m_texts->m_areAdjacent && m_rewritten.empty() && size() > 0
-                   ? m_cells.copyJoined(m_texts->m_columns.front(), size(), separator, target)
+                   ? m_cells.joinedBy(delimiter, m_texts->m_columns.front(), size())
                    : std::nullopt;
+    }
+
+    // The same as stretches, of positions in place of columns. False, without a call, where there are none.
+    using Stretch = CellRow::Stretch;
+    template <typename Visit>
+    bool forEachStretch(char delimiter, Visit visit) const {
+        if (!m_texts->m_areAdjacent || !m_rewritten.empty() || size() == 0) {
+            return false;
+        }
+        const std::size_t first = m_texts->m_columns.front();
+        return m_cells.forEachStretch(delimiter, first, size(), [&visit, first](Stretch stretch) {
+            stretch.first -= first;
+            visit(stretch);
+        });
     }
 
     // True when both rows are known at a look at their bytes to have the same texts; false says nothing. Of few columns

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "CorvaleKit/base/Numbers.h"
+#include "CorvaleKit/base/RunningNumber.h"
 #include "CorvaleKit/engine/DisplayKey.h"
 
 namespace corvale {
@@ -26,6 +26,7 @@ struct DiffRows::Storage {
     std::vector<CellChange> changes;
     std::string keyTexts;                   // all keys in a row, unless keysAreCells
     std::vector<std::size_t> keyStarts{0};  // into keyTexts
+    RunningNumber keyNumber;                // while keys are added
 
     std::string_view key(std::size_t row) const {
         if (!keysAreCells) {
@@ -38,7 +39,7 @@ struct DiffRows::Storage {
 
     void appendKey(RowPair pair) {
         if (keys.areRowNumbers) {
-            Numbers::append(keyTexts, pair.hasRight() ? after.rowNumber(pair.right) : before.rowNumber(pair.left));
+            keyNumber.append(keyTexts, pair.hasRight() ? after.rowNumber(pair.right) : before.rowNumber(pair.left));
         } else if (pair.hasRight()) {
             DisplayKey::append(keyTexts, after.rows()[pair.right], keys.afterColumns);
         } else {
@@ -93,9 +94,6 @@ DiffRows::Builder::Builder(DataTable before, DataTable after, RowKeys keys, std:
     m_storage->changeStarts.reserve(expectedRows + 1);
     if (!m_storage->keysAreCells) {
         m_storage->keyStarts.reserve(expectedRows + 1);
-    }
-    if (m_storage->keys.areRowNumbers) {
-        m_storage->keyTexts.reserve(expectedRows * std::to_string(expectedRows).size());
     }
 }
 

@@ -15,56 +15,100 @@ namespace {
 class PiecewiseHash {
 public:
     void append(std::string_view text) {
-        while (text.size() > m_block.size() - m_length) {
-            const std::size_t room = m_block.size() - m_length;
-            copyIn(text.substr(0, room));
-            text.remove_prefix(room);
-            m_state = finish();
-            m_length = 0;
+        while (!text.empty()) {
+            const auto piece = text.substr(0, makeRoom());
+            std::copy(piece.begin(), piece.end(), m_block.begin() + static_cast<std::ptrdiff_t>(m_length));
+            m_length += piece.size();
+            text.remove_prefix(piece.size());
         }
-        copyIn(text);
     }
 
-    void append(char byte) {
-        if (m_length == m_block.size()) {
-            m_state = finish();
-            m_length = 0;
+    void append(char byte, std::size_t count) {
+        while (count > 0) {
+            const std::size_t length = std::min(count, makeRoom());
+            std::fill_n(m_block.begin() + static_cast<std::ptrdiff_t>(m_length), length, byte);
+            m_length += length;
+            count -= length;
         }
-        m_block[m_length++] = byte;
-    }
-
-    void appendSeparators(std::size_t count) {
-        for (; count > separators.size(); count -= separators.size()) {
-            append(separators);
-        }
-        append(separators.substr(0, count));
     }
 
     std::size_t finish() const { return ofBlock(m_state, {m_block.data(), m_length}); }
 
+    // Of a text in one piece.
+    static std::size_t of(std::string_view text) {
+        if (text.size() <= blockSize) {
+            return ofBlock(0, text);
+        }
+        PiecewiseHash hash;
+        hash.append(text);
+        return hash.finish();
+    }
+
+private:
     static constexpr std::size_t blockSize = 1024;
+
     // `before` is the hash of the blocks before it, 0 for the first one.
     static std::size_t ofBlock(std::size_t before, std::string_view block) {
         // Of absl's own view: where that is another type than the standard's, only it is hashed with a seed.
         return absl::HashOf(before, absl::string_view(block.data(), block.size()));
     }
 
-private:
-    static constexpr auto separatorBlock = [] {
-        std::array<char, 64> block{};
-        block.fill(JoinedText::separator);
-        return block;
-    }();
-    static constexpr std::string_view separators{separatorBlock.data(), separatorBlock.size()};
-
-    void copyIn(std::string_view text) {
-        std::copy(text.begin(), text.end(), m_block.begin() + static_cast<std::ptrdiff_t>(m_length));
-        m_length += text.size();
+    // How many bytes fit, at least one.
+    std::size_t makeRoom() {
+        if (m_length == m_block.size()) {
+            m_state = finish();
+            m_length = 0;
+        }
+        return m_block.size() - m_length;
     }
 
     std::array<char, blockSize> m_block;
     std::size_t m_length = 0;
     std::size_t m_state = 0;
+};
+
+using Stretch = ComparisonTexts::Row::Stretch;
+
+// Hashes texts with delimiters between them. What is not appended is empty.
+class DelimitedHash {
+public:
+    explicit DelimitedHash(char delimiter) : m_delimiter(delimiter) {}
+
+    void append(const Stretch& stretch) {
+        m_bytes.append(m_delimiter, stretch.first - m_delimiters);
+        m_bytes.append(stretch.text);
+        m_delimiters = stretch.first + stretch.count - 1;
+        if (m_delimiter != JoinedText::separator) {
+            look(stretch);
+        }
+    }
+    void append(std::size_t position, std::string_view text) { append({position, 1, text, text}); }
+
+    // Of as many texts as `width`.
+    std::size_t finish(std::size_t width) {
+        m_bytes.append(m_delimiter, width - 1 - m_delimiters);
+        const std::size_t hash = m_bytes.finish();
+        return m_cuts == 0 ? hash : absl::HashOf(hash, m_cuts);
+    }
+
+    // Whether a text has one, unless it is the delimiter.
+    bool hasSeparator() const { return m_hasSeparator; }
+
+private:
+    // Texts that have delimiters count with their lengths too, or rows with other texts would be the same bytes.
+    // Whoever wrote the files could make many of these.
+    void look(const Stretch& stretch) {
+        m_hasSeparator = m_hasSeparator || stretch.text.find(JoinedText::separator) != std::string_view::npos;
+        if (stretch.firstText.find(m_delimiter) != std::string_view::npos) {
+            m_cuts = absl::HashOf(m_cuts, stretch.first, stretch.firstText.size());
+        }
+    }
+
+    char m_delimiter;
+    bool m_hasSeparator = false;
+    std::size_t m_delimiters = 0;  // so far
+    std::size_t m_cuts = 0;
+    PiecewiseHash m_bytes;
 };
 
 std::string joined(const ComparisonTexts::Row& row) {
@@ -81,42 +125,53 @@ std::string joined(const ComparisonTexts::Row& row) {
 }  // namespace
 
 std::size_t JoinedText::hash(const ComparisonTexts::Row& row) {
-    if (row.size() == 1) {
-        return hash(row[0]);
+    const std::size_t width = row.size();
+    if (width <= 1) {
+        return PiecewiseHash::of(width == 0 ? std::string_view() : row[0]);
     }
-    std::array<char, PiecewiseHash::blockSize> block;
-    if (const auto length = row.copyJoined(separator, block)) {
-        return PiecewiseHash::ofBlock(0, {block.data(), *length});
+    if (const auto text = row.joinedBy(m_delimiter); text && text->find(separator) == std::string_view::npos) {
+        return PiecewiseHash::of(*text);
     }
-    PiecewiseHash hash;
+    DelimitedHash hash(m_delimiter);
+    if (!row.forEachStretch(m_delimiter, [&hash](const Stretch& stretch) { hash.append(stretch); })) {
+        append(row, hash);
+    }
+    if (!hash.hasSeparator()) {
+        return hash.finish(width);
+    }
+    // Other rows may join to the same text.
+    DelimitedHash separated(separator);
+    append(row, separated);
+    return separated.finish(width);
+}
+
+template <typename Hash>
+void JoinedText::append(const ComparisonTexts::Row& row, Hash& hash) {
     if (!row.isThin()) {
         for (std::size_t position = 0; position < row.size(); ++position) {
-            if (position > 0) {
-                hash.append(separator);
-            }
-            hash.append(row[position]);
+            hash.append(position, row[position]);
         }
-        return hash.finish();
+        return;
     }
     m_positions.clear();
     m_positions.add(row);
-    std::size_t separated = 0;
     for (const std::size_t position : m_positions.sorted()) {
-        hash.appendSeparators(position - separated);
-        hash.append(row[position]);
-        separated = position;
+        hash.append(position, row[position]);
     }
-    hash.appendSeparators(row.size() - 1 - separated);
-    return hash.finish();
 }
 
-std::size_t JoinedText::hash(std::string_view joined) {
-    if (joined.size() <= PiecewiseHash::blockSize) {
-        return PiecewiseHash::ofBlock(0, joined);
+std::size_t JoinedText::hash(std::string_view joined, std::size_t width) const {
+    const auto separators = static_cast<std::size_t>(std::count(joined.begin(), joined.end(), separator));
+    if (width <= 1 || separators != width - 1) {
+        return PiecewiseHash::of(joined);
     }
-    PiecewiseHash hash;
-    hash.append(joined);
-    return hash.finish();
+    DelimitedHash hash(m_delimiter);
+    for (std::size_t position = 0; position < width; ++position) {
+        const std::string_view text = joined.substr(0, joined.find(separator));
+        hash.append(position, text);
+        joined.remove_prefix(std::min(text.size() + 1, joined.size()));
+    }
+    return hash.finish(width);
 }
 
 bool JoinedText::isEqual(const ComparisonTexts::Row& row, std::string_view joined) {

@@ -14,14 +14,23 @@ class JoinedText {
 public:
     static constexpr char separator = '\x1F';
 
-    // Equal for equal joined texts, however their cells are cut. Differs from process to process.
+    // Rows that their source has with one `delimiter` between the texts are hashed where they lie.
+    explicit JoinedText(char delimiter = separator) : m_delimiter(delimiter) {}
+
+    // Equal for equal joined texts of as many texts, however they are cut. Differs from process to process, and with
+    // the delimiter.
     std::size_t hash(const ComparisonTexts::Row& row);
-    static std::size_t hash(std::string_view joined);
+    std::size_t hash(std::string_view joined, std::size_t width) const;
 
     static bool isEqual(const ComparisonTexts::Row& row, std::string_view joined);
     static bool isEqual(const ComparisonTexts::Row& a, const ComparisonTexts::Row& b);
 
 private:
+    // Cell by cell.
+    template <typename Hash>
+    void append(const ComparisonTexts::Row& row, Hash& hash);
+
+    char m_delimiter;
     StoredPositions m_positions;
 };
 

@@ -10,6 +10,8 @@ namespace corvale {
 std::vector<RowPoint> LongestChain::of(const std::vector<RowPoint>& points, PollMeter& meter) {
     m_last.clear();
     m_predecessor.clear();
+    m_last.reserve(points.size());
+    m_predecessor.reserve(points.size());
     const auto isBelow = [&](std::uint32_t point, std::uint32_t after) { return points[point].after < after; };
     for (std::uint32_t point = 0; point < points.size(); ++point) {
         meter.spend(1);

@@ -170,6 +170,7 @@ void Anchoring::clearTallies(const RowStretch& stretch) {
 // In Before's order.
 std::vector<RowPoint> Anchoring::uniqueCommonRows() {
     std::vector<RowPoint> points;
+    points.reserve(m_uniqueIds.size());
     for (const std::uint32_t id : m_uniqueIds) {
         const Tally& tally = m_tallies[id];
         if (tally.isUniqueOnBothSides()) {

@@ -16,7 +16,11 @@ namespace corvale {
 class RowInterner::Index {
 public:
     Index(const ComparisonTexts& before, const ComparisonTexts& after)
-        : m_before(before), m_after(after), m_beforeSet(Hash{this}, Equal{this}), m_afterSet(Hash{this}, Equal{this}) {
+        : m_before(before),
+          m_after(after),
+          m_joinedText(before.delimiter().value_or(JoinedText::separator)),
+          m_beforeSet(Hash{this}, Equal{this}),
+          m_afterSet(Hash{this}, Equal{this}) {
         CORVALE_REQUIRE(before.columnCount() == after.columnCount(), "rows with other numbers of columns are compared");
         CORVALE_REQUIRE(before.rowCount() + after.rowCount() < std::numeric_limits<std::uint32_t>::max(),
                         "two tables have more than four thousand million rows");
@@ -35,12 +39,11 @@ public:
             const std::size_t end = std::min(begin + rowsPerBlock, m_before.rowCount());
             for (std::size_t row = begin; row < end; ++row) {
                 m_before.prefetchBelow(row);
-                const auto texts = m_before.row(row);
-                hashes[row - begin] = m_joinedText.hash(texts);
-                m_beforeSet.prefetch(Candidate{hashes[row - begin], texts});
+                hashes[row - begin] = m_joinedText.hash(m_before.row(row));
+                m_beforeSet.prefetch(Candidate{hashes[row - begin], &m_before, row});
             }
             for (std::size_t row = begin; row < end; ++row) {
-                ids.push_back(idIn(m_beforeSet, {hashes[row - begin], m_before.row(row)}, row));
+                ids.push_back(idIn(m_beforeSet, {hashes[row - begin], &m_before, row}));
             }
         }
         m_beforeIdCount = m_firsts.size();
@@ -62,7 +65,7 @@ public:
     }
 
     std::optional<std::uint32_t> find(std::string_view text) const {
-        const Text wanted{JoinedText::hash(text), text};
+        const Text wanted{m_joinedText.hash(text, m_before.columnCount()), text};
         for (const IdSet* set : {&m_beforeSet, &m_afterSet}) {
             if (const auto found = set->find(wanted); found != set->end()) {
                 return *found;
@@ -88,7 +91,8 @@ private:
     };
     struct Candidate {
         std::size_t hash = 0;
-        ComparisonTexts::Row row;
+        const ComparisonTexts* texts = nullptr;
+        std::size_t row = 0;
     };
 
     struct Hash {
@@ -124,21 +128,21 @@ private:
         if (m_likelyRow < m_beforeIds.size() && m_comparison.isSame(m_before.row(m_likelyRow), row)) {
             return m_beforeIds[m_likelyRow++];
         }
-        const Candidate candidate{m_joinedText.hash(row), row};
+        const Candidate candidate{m_joinedText.hash(row), &m_after, index};
         const auto known = m_beforeSet.find(candidate);
         if (known == m_beforeSet.end()) {
             ++m_likelyRow;
-            return idIn(m_afterSet, candidate, index);
+            return idIn(m_afterSet, candidate);
         }
         m_likelyRow = m_firsts[*known].row + std::size_t{1};
         return *known;
     }
 
-    std::uint32_t idIn(IdSet& set, const Candidate& candidate, std::size_t index) {
+    std::uint32_t idIn(IdSet& set, const Candidate& candidate) {
         const auto next = static_cast<std::uint32_t>(m_firsts.size());
         const auto found = set.lazy_emplace(candidate, [&](const auto& construct) { construct(next); });
         if (*found == next) {
-            m_firsts.push_back({candidate.hash, static_cast<std::uint32_t>(index)});
+            m_firsts.push_back({candidate.hash, static_cast<std::uint32_t>(candidate.row)});
         }
         return *found;
     }
@@ -149,10 +153,11 @@ private:
             return false;
         }
         const auto first = firstRow(id);
-        if (m_comparison.isSame(first, candidate.row)) {
+        const auto row = candidate.texts->row(candidate.row);
+        if (m_comparison.isSame(first, row)) {
             return true;
         }
-        const bool joinsToTheSame = JoinedText::isEqual(first, candidate.row);
+        const bool joinsToTheSame = JoinedText::isEqual(first, row);
         m_sameIdMeansSameCells = m_sameIdMeansSameCells && !joinsToTheSame;
         return joinsToTheSame;
     }

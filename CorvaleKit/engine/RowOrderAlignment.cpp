@@ -35,6 +35,7 @@ AlignedRows align(const ComparisonTexts& before, const ComparisonTexts& after, c
     const auto partners = RowAnchoring::partners(interned.ids, meter);
     AlignedRows rows;
     rows.pairs.reserve(std::max(before.rowCount(), after.rowCount()));
+    rows.areSame.reserve(rows.pairs.capacity());
     GapFilling gaps(before, after, meter);
     RowStretch gap;
     for (const std::uint32_t partner : partners) {
@@ -43,8 +44,10 @@ AlignedRows align(const ComparisonTexts& before, const ComparisonTexts& after, c
             continue;
         }
         gap.afterEnd = partner;
-        gaps.fill(gap, rows.pairs);
-        rows.areSame.resize(rows.pairs.size(), false);
+        if (gap.rowCount() > 0) {
+            gaps.fill(gap, rows.pairs);
+            rows.areSame.resize(rows.pairs.size(), false);
+        }
         rows.pairs.push_back({gap.beforeEnd, partner});
         rows.areSame.push_back(interned.sameIdMeansSameCells);
         gap = {gap.beforeEnd + 1, gap.beforeEnd + 1, partner + 1, partner + 1};

@@ -22,6 +22,7 @@ public:
 
     CellGrid parse() {
         reserve();
+        m_grid.setDelimiter(m_delimiter);
         while (m_position < m_size) {
             readRow();
         }

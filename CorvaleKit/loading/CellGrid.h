@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,6 +34,9 @@ public:
     CellRow row(std::size_t index) const;
     // True when all rows are known to be tidy.
     bool isTidy() const { return m_tidyRows == rowCount(); }
+    // The byte between cells that lie one byte apart, which the right one of them does not have; none where no such
+    // byte is known.
+    std::optional<char> delimiter() const { return m_delimiter; }
 
     // Of a PackedCell of this grid.
     std::string_view text(std::uint64_t packed) const {
@@ -64,6 +68,7 @@ private:
     std::vector<std::uint64_t> m_rowStarts;  // one more than rows; with the flags of each row
     std::vector<LongCell> m_longCells;
     std::size_t m_tidyRows = 0;
+    std::optional<char> m_delimiter;
 };
 
 }  // namespace corvale

@@ -22,7 +22,10 @@ public:
         m_grid.m_rowStarts.back() |= CellGrid::tidyFlag;
         ++m_grid.m_tidyRows;
     }
-    // Says of the current row, when all its cells are added, that they lie in order and one byte apart.
+    // The byte between cells of a row that lie one byte apart, which the right one does not have.
+    void setDelimiter(char delimiter) { m_grid.m_delimiter = delimiter; }
+    // Says of the current row, when all its cells are added, that it is plain: they lie in order with one delimiter
+    // between them, which no cell of the row has itself.
     void markPlain() {
         if (m_grid.m_longCells.empty()) {
             m_grid.m_rowStarts.back() |= CellGrid::plainFlag;

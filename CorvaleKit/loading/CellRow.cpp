@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <span>
 
 namespace corvale {
 
@@ -62,22 +63,13 @@ bool CellRow::areAlike(const CellRow& a, std::size_t firstOfA, const CellRow& b,
                        PackedCell::end(cellsOfA.back()) - PackedCell::offset(cellsOfA.front())) == 0;
 }
 
-std::optional<std::size_t> CellRow::copyJoined(std::size_t first, std::size_t count, char separator,
-                                               std::span<char> target) const {
-    if (!m_plain || !hasStored(first, count)) {
+std::optional<std::string_view> CellRow::joinedBy(char delimiter, std::size_t first, std::size_t count) const {
+    if (!m_plain || m_grid->delimiter() != delimiter || !hasStored(first, count)) {
         return std::nullopt;
     }
-    const PackedCells cells(m_cells + first, count);
-    const std::uint64_t start = PackedCell::offset(cells.front());
-    const std::uint64_t length = PackedCell::end(cells.back()) - start;
-    if (length > target.size()) {
-        return std::nullopt;
-    }
-    std::memcpy(target.data(), m_grid->text(cells.front()).data(), length);
-    for (const std::uint64_t cell : cells.subspan(1)) {
-        target[PackedCell::offset(cell) - 1 - start] = separator;
-    }
-    return length;
+    const std::uint64_t start = m_cells[first];
+    return std::string_view(m_grid->text(start).data(),
+                            PackedCell::end(m_cells[first + count - 1]) - PackedCell::offset(start));
 }
 
 bool operator==(const CellRow& a, const CellRow& b) {

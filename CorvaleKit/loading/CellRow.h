@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <span>
 #include <string_view>
 
 #include "CorvaleKit/base/IndexIterator.h"
@@ -36,10 +35,21 @@ public:
     // alike in the sources; false says nothing.
     static bool areAlike(const CellRow& a, std::size_t firstOfA, const CellRow& b, std::size_t firstOfB,
                          std::size_t count);
-    // Copies `count` cells from `first` on to `target`, with the separator between them, and says how many bytes that
-    // took. Only of a row that is known to have its cells one byte apart, and where they fit; otherwise none.
-    std::optional<std::size_t> copyJoined(std::size_t first, std::size_t count, char separator,
-                                          std::span<char> target) const;
+    // `count` cells from `first` on with one `delimiter` between them, where the source is known to have them so and
+    // none of the cells has a delimiter; otherwise none.
+    std::optional<std::string_view> joinedBy(char delimiter, std::size_t first, std::size_t count) const;
+    // Neighbouring cells, with one delimiter between them if there are several. Only the first can have a delimiter in
+    // itself.
+    struct Stretch {
+        std::size_t first = 0;  // its column
+        std::size_t count = 0;
+        std::string_view firstText;
+        std::string_view text;  // of all of them
+    };
+    // Calls visit(stretch) for `count` cells from `first` on, in order, in stretches as long as the source is known to
+    // have them; false, without a call, when it is not known to have any.
+    template <typename Visit>
+    bool forEachStretch(char delimiter, std::size_t first, std::size_t count, Visit visit) const;
     // Calls visit(column, text) for the cells that the source has, in column order: a thin row of a wide table costs
     // only those.
     template <typename Visit>
@@ -95,6 +105,27 @@ inline std::string_view CellRow::operator[](std::size_t column) const {
         return sparseCell(column);
     }
     return column < m_stored ? m_grid->text(m_cells[column]) : std::string_view{};
+}
+
+template <typename Visit>
+bool CellRow::forEachStretch(char delimiter, std::size_t first, std::size_t count, Visit visit) const {
+    if (m_grid->delimiter() != delimiter || !hasStored(first, count)) {
+        return false;
+    }
+    for (std::size_t column = first; column < first + count;) {
+        const std::uint64_t* const cells = m_cells + column;
+        const std::size_t left = first + count - column;
+        std::size_t together = 1;
+        while (together < left && PackedCell::areOneApart(cells[together - 1], cells[together])) {
+            ++together;
+        }
+        const std::string_view cell = m_grid->text(cells[0]);
+        const bool isAlone = together == 1;
+        const auto length = PackedCell::end(cells[together - 1]) - PackedCell::offset(cells[0]);
+        visit(Stretch{column, together, cell, isAlone ? cell : std::string_view(cell.data(), length)});
+        column += together;
+    }
+    return true;
 }
 
 template <typename Predicate>

@@ -37,6 +37,8 @@ public:
     }
     // True when normalising white space is known to leave every cell as it is; false says nothing.
     bool areTidy() const { return m_grid->isTidy(); }
+    // The byte between the cells of rows that CellRow::joinedBy() gives; none where it gives no row.
+    std::optional<char> delimiter() const { return m_grid->delimiter(); }
     // `index` is below size().
     CellRow operator[](std::size_t index) const;
     Iterator begin() const { return {*this, 0}; }

@@ -14,5 +14,9 @@ constexpr std::uint64_t length(std::uint64_t packed) { return packed & longLengt
 constexpr bool isLong(std::uint64_t packed) { return length(packed) == longLength; }
 // Of one that is not long.
 constexpr std::uint64_t end(std::uint64_t packed) { return offset(packed) + length(packed); }
+// Whether one byte lies between them; of a long one that is not known.
+constexpr bool areOneApart(std::uint64_t left, std::uint64_t right) {
+    return offset(right) == end(left) + 1 && !isLong(left) && !isLong(right);
+}
 
 }  // namespace corvale::PackedCell

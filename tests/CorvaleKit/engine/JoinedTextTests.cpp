@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -35,35 +37,61 @@ TEST(JoinedText, IsHashedAndComparedAsTheWholeTextWouldBe) {
         {std::string(1025, 'x'), "", ""},
         {std::string(5000, 'x'), std::string(1024, 'y'), std::string(100'000, 'z')},
     };
-    JoinedText text;
-    for (const auto& a : rows) {
-        const auto texts = Tables::texts({a}, a.size());
-        EXPECT_EQ(text.hash(texts.row(0)), JoinedText::hash(joined(a)));
-        for (const auto& b : rows) {
-            const bool isSame = joined(a) == joined(b);
-            EXPECT_EQ(JoinedText::isEqual(texts.row(0), joined(b)), isSame);
-            if (a.size() == b.size()) {
-                EXPECT_EQ(JoinedText::isEqual(texts.row(0), Tables::texts({b}, b.size()).row(0)), isSame);
+    for (const char delimiter : {JoinedText::separator, ',', 'x', 'b'}) {
+        JoinedText text(delimiter);
+        for (const auto& a : rows) {
+            const auto texts = Tables::texts({a}, a.size());
+            const auto hashOfA = text.hash(joined(a), a.size());
+            EXPECT_EQ(text.hash(texts.row(0)), hashOfA);
+            for (const auto& b : rows) {
+                const bool isSame = joined(a) == joined(b);
+                EXPECT_EQ(JoinedText::isEqual(texts.row(0), joined(b)), isSame);
+                if (a.size() == b.size()) {
+                    EXPECT_EQ(JoinedText::isEqual(texts.row(0), Tables::texts({b}, b.size()).row(0)), isSame);
+                    EXPECT_EQ(hashOfA == text.hash(joined(b), b.size()), isSame);
+                }
             }
-            EXPECT_EQ(JoinedText::hash(joined(a)) == JoinedText::hash(joined(b)), isSame);
         }
     }
 }
 
-// Whether its bytes lie as they are joined, as without quotes, or not.
+// Whether its bytes lie as they are hashed, as without quotes, or not.
 TEST(JoinedText, IsHashedAlikeHoweverTheFileHasTheRow) {
-    JoinedText text;
     const std::string longest(1024 - 4, 'x');
-    for (const std::string& cell : {std::string("b"), std::string(), longest, longest + "x", longest + "xx"}) {
-        const auto expected = JoinedText::hash(joined({"a", cell, "c"}));
-        for (const std::string& row : {"a," + cell + ",c", "a,\"" + cell + "\",c", "\"a\"," + cell + ",\"c\""}) {
-            EXPECT_EQ(text.hash(Tables::texts(Tables::table("A,B,C\n" + row + "\n")).row(0)), expected) << row;
+    for (const char delimiter : {JoinedText::separator, ',', ';'}) {
+        JoinedText text(delimiter);
+        for (const std::string& cell :
+             {std::string("b"), std::string(), longest, longest + "x", longest + "xx", std::string("\x1F")}) {
+            const auto expected = text.hash(joined({"a", cell, "c"}), 3);
+            for (const std::string& row : {"a," + cell + ",c", "a,\"" + cell + "\",c", "\"a\"," + cell + ",\"c\""}) {
+                EXPECT_EQ(text.hash(Tables::texts(Tables::table("A,B,C\n" + row + "\n")).row(0)), expected) << row;
+            }
+            const auto swapped = Tables::table("A,C,B\na,c,\"" + cell + "\"\n");
+            EXPECT_EQ(text.hash(ComparisonTexts(swapped, {0, 2, 1}, {}).row(0)), expected);
+            const auto amidst = Tables::table("O,A,B,C,Z\no,a," + cell + ",c,z\n");
+            EXPECT_EQ(text.hash(ComparisonTexts(amidst, {1, 2, 3}, {}).row(0)), expected);
         }
-        const auto swapped = Tables::table("A,C,B\na,c,\"" + cell + "\"\n");
-        EXPECT_EQ(text.hash(ComparisonTexts(swapped, {0, 2, 1}, {}).row(0)), expected);
-        const auto amidst = Tables::table("O,A,B,C,Z\no,a," + cell + ",c,z\n");
-        EXPECT_EQ(text.hash(ComparisonTexts(amidst, {1, 2, 3}, {}).row(0)), expected);
     }
+}
+
+TEST(JoinedText, IsHashedWhereItLiesWhereverTheDelimiterAllows) {
+    const auto texts = Tables::texts(Tables::table("A,B,C\na,b,c\na,\"b\",c\n"));
+    EXPECT_EQ(texts.delimiter(), ',');
+    EXPECT_EQ(texts.row(0).joinedBy(','), "a,b,c");
+    EXPECT_EQ(texts.row(0).joinedBy(JoinedText::separator), std::nullopt);
+    EXPECT_EQ(texts.row(1).joinedBy(','), std::nullopt);
+}
+
+// Else a file could be made whose rows all meet at one place of a hash table.
+TEST(JoinedText, IsHashedApartFromRowsWithTheDelimiterElsewhere) {
+    JoinedText text(',');
+    const std::vector<std::vector<std::string>> rows = {
+        {"a", "b", "c,d,e"}, {"a", "b,c", "d,e"}, {"a,b", "c,d", "e"}, {"a,b,c", "d", "e"}, {"a,b,c,d,e", "", ""}};
+    std::set<std::size_t> hashes;
+    for (const auto& row : rows) {
+        hashes.insert(text.hash(Tables::texts({row}, row.size()).row(0)));
+    }
+    EXPECT_EQ(hashes.size(), rows.size());
 }
 
 TEST(JoinedText, IsNoBeginningOfAnother) {
@@ -91,7 +119,10 @@ TEST(JoinedText, OfAThinRowHasEverySeparator) {
         parts.rowNumbers = {2};
         const auto texts = Tables::texts(DataTable(std::move(parts)));
         ASSERT_TRUE(texts.row(0).isThin());
-        EXPECT_EQ(JoinedText().hash(texts.row(0)), JoinedText::hash(joined(full)));
+        for (const char delimiter : {JoinedText::separator, ',', 'a'}) {
+            JoinedText text(delimiter);
+            EXPECT_EQ(text.hash(texts.row(0)), text.hash(joined(full), full.size()));
+        }
     }
 }
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <map>
 #include <optional>
 #include <random>
@@ -23,15 +24,53 @@ struct BothIds {
     friend bool operator==(const BothIds&, const BothIds&) = default;
 };
 
-BothIds ids(const Rows& before, const Rows& after, std::size_t columns) {
-    const auto beforeTexts = Tables::texts(before, columns);
-    const auto afterTexts = Tables::texts(after, columns);
-    RowInterner interner(beforeTexts, afterTexts);
+BothIds ids(const ComparisonTexts& before, const ComparisonTexts& after) {
+    RowInterner interner(before, after);
     BothIds ids;
     ids.before = interner.internBefore();
     ids.after = interner.internAfter();
     ids.count = interner.idCount();
     return ids;
+}
+
+BothIds ids(const Rows& before, const Rows& after, std::size_t columns) {
+    return ids(Tables::texts(before, columns), Tables::texts(after, columns));
+}
+
+// The ids by the rows' texts, each followed by a separator.
+BothIds expectedIds(const Rows& before, const Rows& after) {
+    std::map<std::string, std::uint32_t> dictionary;
+    const auto intern = [&](const Rows& rows, Ids& into) {
+        for (const auto& cells : rows) {
+            std::string text;
+            for (const auto& cell : cells) {
+                text += cell + '\x1F';
+            }
+            into.push_back(dictionary.try_emplace(text, static_cast<std::uint32_t>(dictionary.size())).first->second);
+        }
+    };
+    BothIds expected;
+    intern(before, expected.before);
+    intern(after, expected.after);
+    expected.count = dictionary.size();
+    return expected;
+}
+
+// As in a file with a header row, with quotes where they are needed and here and there where they are not.
+ComparisonTexts fromFile(const Rows& rows, std::size_t columns, char delimiter, std::mt19937& random) {
+    std::string text = "A";
+    for (std::size_t column = 1; column < columns; ++column) {
+        text += delimiter + std::string("A");
+    }
+    for (const auto& cells : rows) {
+        text += '\n';
+        for (std::size_t column = 0; column < columns; ++column) {
+            const bool quoted = random() % 8 == 0 || cells[column].find(delimiter) != std::string::npos;
+            const std::string quotes(quoted ? 1 : 0, '"');
+            text += (column > 0 ? std::string(1, delimiter) : "") + quotes + cells[column] + quotes;
+        }
+    }
+    return Tables::texts(TableBuilder::build(CellRows(CSV::parse(Bytes(text), delimiter)), "table.csv", 1));
 }
 
 TEST(RowInterner, CountsUpInOrderOfFirstAppearance) {
@@ -76,7 +115,7 @@ TEST(RowInterner, FindsTextsOfBothSides) {
     EXPECT_EQ(interner.find("c"), std::nullopt);
 }
 
-TEST(RowInterner, AnswersAsADictionaryOfTexts) {
+TEST(RowInterner, AnswersAsADictionaryOfTextsHoweverTheFilesHaveThem) {
     std::mt19937 random(9);
     for (int round = 0; round < 60; ++round) {
         const std::size_t columns = 1 + random() % 3;
@@ -84,7 +123,8 @@ TEST(RowInterner, AnswersAsADictionaryOfTexts) {
         const auto row = [&] {
             std::vector<std::string> cells(columns);
             for (auto& cell : cells) {
-                cell = std::string(random() % 7 == 0 ? 1 : 0, '\x1F') + std::to_string(random() % values);
+                const char* const beginnings[] = {"\x1F", ",", ";", "", "", "", ""};
+                cell = beginnings[random() % std::size(beginnings)] + std::to_string(random() % values);
             }
             return cells;
         };
@@ -96,22 +136,11 @@ TEST(RowInterner, AnswersAsADictionaryOfTexts) {
         for (std::size_t i = 0; i < after.size(); ++i) {
             after[i] = i < before.size() && random() % 5 > 0 ? before[i] : row();
         }
-        std::map<std::string, std::uint32_t> dictionary;
-        BothIds expected;
-        const auto intern = [&](const Rows& rows, Ids& into) {
-            for (const auto& cells : rows) {
-                std::string text;
-                for (const auto& cell : cells) {
-                    text += cell + '\x1F';
-                }
-                into.push_back(
-                    dictionary.try_emplace(text, static_cast<std::uint32_t>(dictionary.size())).first->second);
-            }
-        };
-        intern(before, expected.before);
-        intern(after, expected.after);
-        expected.count = dictionary.size();
+        const BothIds expected = expectedIds(before, after);
         ASSERT_EQ(ids(before, after, columns), expected) << "round " << round;
+        const auto beforeTexts = fromFile(before, columns, ',', random);
+        const auto afterTexts = fromFile(after, columns, random() % 2 == 0 ? ',' : ';', random);
+        ASSERT_EQ(ids(beforeTexts, afterTexts), expected) << "round " << round;
     }
 }
 

@@ -1,14 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 #include <random>
-#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "CorvaleKit/loading/CSV.h"
 #include "CorvaleKit/loading/CellGridBuilder.h"
 #include "CorvaleKit/loading/CellRow.h"
 #include "tests/support/Grids.h"
@@ -69,8 +68,9 @@ TEST(CellGrid, RowsAreAlikeThatLieAlikeWithTheSameTexts) {
     EXPECT_FALSE(CellRow::areAlike(farApart.row(0), 0, farApart.row(0), 0, 3));
 }
 
-TEST(CellGrid, CopiesTheCellsOfAPlainRowJoined) {
+TEST(CellGrid, GivesTheCellsOfAPlainRowWithTheirDelimiter) {
     CellGridBuilder builder;
+    builder.setDelimiter(',');
     for (const auto& [offset, length] : std::vector<std::pair<std::uint64_t, std::uint64_t>>{{2, 2}, {5, 0}, {6, 1}}) {
         builder.addCell(offset, length);
     }
@@ -79,18 +79,44 @@ TEST(CellGrid, CopiesTheCellsOfAPlainRowJoined) {
     builder.addCell(6, 1);
     builder.endRow();
     const CellGrid grid = builder.finish(Bytes(std::string_view("x,ab,,c")));
-    std::array<char, 5> target{};
-    const auto copied = [&](std::size_t row, std::size_t first, std::size_t count, std::size_t room) {
-        const auto length = grid.row(row).copyJoined(first, count, '|', std::span(target).first(room));
-        return length ? std::string(target.data(), *length) : "none";
-    };
-    EXPECT_EQ(copied(0, 0, 3, 5), "ab||c");
-    EXPECT_EQ(copied(0, 1, 2, 5), "|c");
-    EXPECT_EQ(copied(0, 0, 1, 5), "ab");
-    EXPECT_EQ(copied(0, 0, 3, 4), "none");
-    EXPECT_EQ(copied(0, 0, 4, 5), "none");
-    EXPECT_EQ(copied(0, 0, 0, 5), "none");
-    EXPECT_EQ(copied(1, 0, 1, 5), "none");
+    EXPECT_EQ(grid.delimiter(), ',');
+    const CellRow plain = grid.row(0);
+    EXPECT_EQ(plain.joinedBy(',', 0, 3), "ab,,c");
+    EXPECT_EQ(plain.joinedBy(',', 1, 2), ",c");
+    EXPECT_EQ(plain.joinedBy(',', 0, 1), "ab");
+    EXPECT_EQ(plain.joinedBy(';', 0, 3), std::nullopt);
+    EXPECT_EQ(plain.joinedBy(',', 0, 4), std::nullopt);
+    EXPECT_EQ(plain.joinedBy(',', 0, 0), std::nullopt);
+    EXPECT_EQ(grid.row(1).joinedBy(',', 0, 1), std::nullopt);
+    EXPECT_EQ(CellGrid::fromTexts({{"a"}}).delimiter(), std::nullopt);
+}
+
+std::vector<std::string> stretches(const CellRow& row, char delimiter, std::size_t first, std::size_t count) {
+    std::vector<std::string> texts;
+    const bool isKnown = row.forEachStretch(delimiter, first, count, [&texts](const CellRow::Stretch& stretch) {
+        texts.push_back(std::to_string(stretch.first) + "+" + std::to_string(stretch.count) + " " +
+                        std::string(stretch.firstText.substr(0, 9)) + " " + std::string(stretch.text.substr(0, 9)));
+    });
+    return isKnown ? texts : std::vector<std::string>{"nothing known"};
+}
+
+TEST(CellGrid, GivesStretchesOfCellsWithTheirDelimiter) {
+    const CellGrid grid = CSV::parse(Bytes(std::string_view("a,b,\"c,d\",e,,f\n\"x\"\"y\",z\n1,\"2\n")), ',');
+    using Texts = std::vector<std::string>;
+    EXPECT_EQ(stretches(grid.row(0), ',', 0, 6), (Texts{"0+2 a a,b", "2+1 c,d c,d", "3+3 e e,,f"}));
+    EXPECT_EQ(stretches(grid.row(0), ',', 1, 3), (Texts{"1+1 b b", "2+1 c,d c,d", "3+1 e e"}));
+    EXPECT_EQ(stretches(grid.row(1), ',', 0, 2), (Texts{"0+1 x\"y x\"y", "1+1 z z"}));
+    EXPECT_EQ(stretches(grid.row(2), ',', 0, 2), (Texts{"0+1 1 1", "1+1 2\n 2\n"}));
+    EXPECT_EQ(stretches(grid.row(0), ';', 0, 6), Texts{"nothing known"});
+    EXPECT_EQ(stretches(grid.row(1), ',', 0, 3), Texts{"nothing known"});
+    EXPECT_EQ(stretches(CellGrid::fromTexts({{"a", "b"}}).row(0), ',', 0, 2), Texts{"nothing known"});
+}
+
+TEST(CellGrid, GivesLongCellsAsStretchesOfTheirOwn) {
+    const std::string longest((std::size_t{1} << 24U) - 2, 'x');
+    const CellGrid grid = CSV::parse(Bytes("a,b," + longest + "," + longest + "xx,c,d\n"), ',');
+    EXPECT_EQ(stretches(grid.row(0), ',', 0, 6),
+              (std::vector<std::string>{"0+3 a a,b,xxxxx", "3+1 xxxxxxxxx xxxxxxxxx", "4+2 c c,d"}));
 }
 
 TEST(CellGrid, NothingIsSaidOfRowsThatNobodySpokeOf) {
