@@ -4,8 +4,20 @@
 
 #include "CorvaleKit/base/Require.h"
 #include "CorvaleKit/loading/CSV.h"
+#include "fuzz/GridPromises.h"
 #include "tests/support/Grids.h"
 #include "tests/support/SlowCSV.h"
+
+namespace {
+
+void requireParsed(std::string_view text, char delimiter) {
+    using namespace corvale;
+    const CellGrid grid = CSV::parse(Bytes(text), delimiter);
+    CORVALE_REQUIRE(Grids::texts(grid) == SlowCSV::parse(text, delimiter), "a text is parsed otherwise");
+    requireTrueStretches(grid);
+}
+
+}  // namespace
 
 // Any bytes are decoded, judged and parsed exactly as the slow reader does it.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -19,10 +31,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const char detected = CSV::detectDelimiter(text);
     CORVALE_REQUIRE(detected == SlowCSV::detectDelimiter(text), "another delimiter is detected");
     CORVALE_REQUIRE(Grids::texts(CSV::parse(Bytes(text))) == SlowCSV::parse(text, detected),
-                    "a text is parsed otherwise");
+                    "a text is parsed otherwise with the delimiter that is detected");
     for (const char delimiter : {',', '\t', ';'}) {
-        CORVALE_REQUIRE(Grids::texts(CSV::parse(Bytes(text), delimiter)) == SlowCSV::parse(text, delimiter),
-                        "a text is parsed otherwise with a given delimiter");
+        requireParsed(text, delimiter);
     }
     return 0;
 }

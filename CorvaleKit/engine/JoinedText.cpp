@@ -75,39 +75,34 @@ public:
     explicit DelimitedHash(char delimiter) : m_delimiter(delimiter) {}
 
     void append(const Stretch& stretch) {
-        m_bytes.append(m_delimiter, stretch.first - m_delimiters);
+        m_bytes.append(m_delimiter, stretch.first - m_last);
         m_bytes.append(stretch.text);
-        m_delimiters = stretch.first + stretch.count - 1;
+        m_last = stretch.first + stretch.count - 1;
         if (m_delimiter != JoinedText::separator) {
-            look(stretch);
+            m_hasSeparator = m_hasSeparator || stretch.text.find(JoinedText::separator) != std::string_view::npos;
+            if (stretch.count == 1 && stretch.text.find(m_delimiter) != std::string_view::npos) {
+                // Or rows with other texts would be the same bytes, and whoever wrote the files could make many such.
+                m_hashOfPlaces = absl::HashOf(m_hashOfPlaces, stretch.first, stretch.text.size());
+            }
         }
     }
-    void append(std::size_t position, std::string_view text) { append({position, 1, text, text}); }
+    void append(std::size_t position, std::string_view text) { append({position, 1, text}); }
 
     // Of as many texts as `width`.
     std::size_t finish(std::size_t width) {
-        m_bytes.append(m_delimiter, width - 1 - m_delimiters);
+        m_bytes.append(m_delimiter, width - 1 - m_last);
         const std::size_t hash = m_bytes.finish();
-        return m_cuts == 0 ? hash : absl::HashOf(hash, m_cuts);
+        return m_hashOfPlaces == 0 ? hash : absl::HashOf(hash, m_hashOfPlaces);
     }
 
     // Whether a text has one, unless it is the delimiter.
     bool hasSeparator() const { return m_hasSeparator; }
 
 private:
-    // Texts that have delimiters count with their lengths too, or rows with other texts would be the same bytes.
-    // Whoever wrote the files could make many of these.
-    void look(const Stretch& stretch) {
-        m_hasSeparator = m_hasSeparator || stretch.text.find(JoinedText::separator) != std::string_view::npos;
-        if (stretch.firstText.find(m_delimiter) != std::string_view::npos) {
-            m_cuts = absl::HashOf(m_cuts, stretch.first, stretch.firstText.size());
-        }
-    }
-
     char m_delimiter;
     bool m_hasSeparator = false;
-    std::size_t m_delimiters = 0;  // so far
-    std::size_t m_cuts = 0;
+    std::size_t m_last = 0;          // the position that the bytes reach
+    std::size_t m_hashOfPlaces = 0;  // of the texts that have delimiters themselves; 0 when none has
     PiecewiseHash m_bytes;
 };
 
@@ -162,6 +157,7 @@ void JoinedText::append(const ComparisonTexts::Row& row, Hash& hash) {
 
 std::size_t JoinedText::hash(std::string_view joined, std::size_t width) const {
     const auto separators = static_cast<std::size_t>(std::count(joined.begin(), joined.end(), separator));
+    // With more separators, a text has one itself, and where the texts begin does not count.
     if (width <= 1 || separators != width - 1) {
         return PiecewiseHash::of(joined);
     }

@@ -26,7 +26,7 @@ public:
     static bool isEqual(const ComparisonTexts::Row& a, const ComparisonTexts::Row& b);
 
 private:
-    // Cell by cell.
+    // Appends the texts one by one; of a thin row, those that it has.
     template <typename Hash>
     void append(const ComparisonTexts::Row& row, Hash& hash);
 

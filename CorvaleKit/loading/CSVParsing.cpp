@@ -114,7 +114,8 @@ private:
         m_position = end;
     }
 
-    // Leaves the position at the delimiter or line break that ends the cell, or at the end of the text.
+    // Leaves the position at the delimiter or line break that ends the cell, or at the end of the text. At least two
+    // bytes are between the cell and the next one: the delimiter, and the quote that the cell lost.
     void readQuotedCell() {
         m_isTidy = m_isTidy && isTidyUpTo(m_position);
         const std::size_t start = m_position + 1;

@@ -51,6 +51,7 @@ std::uint64_t CellGridBuilder::packedLong(std::uint64_t offset, std::uint64_t le
 }
 
 void CellGridBuilder::addRow(const std::vector<PlacedCell>& cells) {
+    CORVALE_REQUIRE(!m_grid.m_delimiter, "cells are placed among those of a text with delimiters");
     auto& target = m_grid.m_cells;
     const std::size_t width = cells.empty() ? 0 : std::size_t{cells.back().column} + 1;
     if (width > 2 * cells.size()) {

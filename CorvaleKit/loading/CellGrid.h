@@ -34,8 +34,8 @@ public:
     CellRow row(std::size_t index) const;
     // True when all rows are known to be tidy.
     bool isTidy() const { return m_tidyRows == rowCount(); }
-    // The byte between cells that lie one byte apart, which the right one of them does not have; none where no such
-    // byte is known.
+    // The byte between cells of a row that lie one byte apart, which neither of them has; none where no such byte is
+    // known.
     std::optional<char> delimiter() const { return m_delimiter; }
 
     // Of a PackedCell of this grid.

@@ -15,6 +15,10 @@ public:
     // Room for that many cells is set aside up front; a guess costs address space, not memory.
     void reserve(std::size_t cells, std::size_t rows);
 
+    // Says of all rows that cells which lie one byte apart have that byte between them, and not in them. Not for rows
+    // that addRow() appends.
+    void setDelimiter(char delimiter) { m_grid.m_delimiter = delimiter; }
+
     // Appends a cell at the right end of the current row.
     void addCell(std::uint64_t offset, std::uint64_t length) { m_grid.m_cells.push_back(packed(offset, length)); }
     // Says of the current row, once, that normalising white space would leave all its cells as they are.
@@ -22,8 +26,6 @@ public:
         m_grid.m_rowStarts.back() |= CellGrid::tidyFlag;
         ++m_grid.m_tidyRows;
     }
-    // The byte between cells of a row that lie one byte apart, which the right one does not have.
-    void setDelimiter(char delimiter) { m_grid.m_delimiter = delimiter; }
     // Says of the current row, when all its cells are added, that it is plain: they lie in order with one delimiter
     // between them, which no cell of the row has itself.
     void markPlain() {

@@ -38,13 +38,11 @@ public:
     // `count` cells from `first` on with one `delimiter` between them, where the source is known to have them so and
     // none of the cells has a delimiter; otherwise none.
     std::optional<std::string_view> joinedBy(char delimiter, std::size_t first, std::size_t count) const;
-    // Neighbouring cells, with one delimiter between them if there are several. Only the first can have a delimiter in
-    // itself.
+    // A cell, or several neighbours with one delimiter between them, none of which has a delimiter itself.
     struct Stretch {
         std::size_t first = 0;  // its column
         std::size_t count = 0;
-        std::string_view firstText;
-        std::string_view text;  // of all of them
+        std::string_view text;  // of all of them, delimiters included
     };
     // Calls visit(stretch) for `count` cells from `first` on, in order, in stretches as long as the source is known to
     // have them; false, without a call, when it is not known to have any.
@@ -122,7 +120,7 @@ bool CellRow::forEachStretch(char delimiter, std::size_t first, std::size_t coun
         const std::string_view cell = m_grid->text(cells[0]);
         const bool isAlone = together == 1;
         const auto length = PackedCell::end(cells[together - 1]) - PackedCell::offset(cells[0]);
-        visit(Stretch{column, together, cell, isAlone ? cell : std::string_view(cell.data(), length)});
+        visit(Stretch{column, together, isAlone ? cell : std::string_view(cell.data(), length)});
         column += together;
     }
     return true;

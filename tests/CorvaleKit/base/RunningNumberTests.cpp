@@ -34,7 +34,7 @@ TEST(RunningNumber, WritesNumbersThatJump) {
     EXPECT_EQ(written({most - 1, most, -most}), "9223372036854775806 9223372036854775807 -9223372036854775807 ");
 }
 
-TEST(RunningNumber, WritesAsStandardTextsOfAll) {
+TEST(RunningNumber, WritesEveryNumberAsTheStandardDoes) {
     RunningNumber number;
     for (std::int64_t value = 2; value < 12'000; ++value) {
         std::string text;

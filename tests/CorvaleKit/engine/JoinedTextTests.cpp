@@ -85,8 +85,12 @@ TEST(JoinedText, IsHashedWhereItLiesWhereverTheDelimiterAllows) {
 // Else a file could be made whose rows all meet at one place of a hash table.
 TEST(JoinedText, IsHashedApartFromRowsWithTheDelimiterElsewhere) {
     JoinedText text(',');
-    const std::vector<std::vector<std::string>> rows = {
-        {"a", "b", "c,d,e"}, {"a", "b,c", "d,e"}, {"a,b", "c,d", "e"}, {"a,b,c", "d", "e"}, {"a,b,c,d,e", "", ""}};
+    const std::vector<std::vector<std::string>> rows = {{"a", "b", "c,d,e,f"},
+                                                        {"a", "b,c", "d,e,f"},
+                                                        {"a,b", "c", "d,e,f"},
+                                                        {"a,b", "c,d,e", "f"},
+                                                        {"a,b,c", "d,e", "f"},
+                                                        {"a,b,c,d", "e", "f"}};
     std::set<std::size_t> hashes;
     for (const auto& row : rows) {
         hashes.insert(text.hash(Tables::texts({row}, row.size()).row(0)));
